@@ -1,0 +1,19 @@
+# Everyday commands. Each does all the set-up it needs; the work itself is in CMake presets and scripts.
+
+.PHONY: help demo test build bench clean
+.DEFAULT_GOAL := help
+
+help: ## show the commands
+	@sed -n 's/^\([a-z-]*\): .*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 12
+
+build: ## build out/linux/protcsv
+	@scripts/build linux
+
+demo: build ## write a sample database, export its logs to out/demo/ and show them
+	@scripts/demo
+
+test: build ## build and run every test
+	@scripts/test linux
+
+clean: ## remove everything that was built
+	@rm -rf out

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/csv_writer.h"
+#include "platform/error_display.h"
+#include "platform/help_display.h"
+#include "platform/xml_select.h"
+
+namespace prot {
+
+/// Creates the outside components. Each call creates a new one, or fails with the system's error.
+class Components {
+public:
+    virtual ~Components() = default;
+    virtual std::unique_ptr<CsvWriter> create_csv_writer() = 0;
+    virtual std::unique_ptr<XmlSelect> create_xml_select() = 0;
+    virtual std::unique_ptr<ErrorDisplay> create_error_display() = 0;
+    virtual std::unique_ptr<HelpDisplay> create_help_display() = 0;
+};
+
+}  // namespace prot

@@ -1,0 +1,67 @@
+#include "platform/row_set.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace prot {
+
+namespace {
+constexpr std::size_t arena_block = std::size_t{1} << 20;
+}
+
+Value Cell::value() const {
+    switch (type_) {
+        case Type::integer: return integer();
+        case Type::real: return real();
+        case Type::date: return date();
+        case Type::text: return std::string(text());
+        case Type::null: break;
+    }
+    return {};
+}
+
+void RowSet::add_row() {
+    if (rows_ % rows_per_block == 0) {
+        blocks_.push_back(std::make_unique<Cell[]>(rows_per_block * columns_));
+        memory_ += rows_per_block * columns_ * sizeof(Cell);
+    }
+    last_row_ = blocks_.back().get() + (rows_ % rows_per_block) * columns_;
+    ++rows_;
+}
+
+void RowSet::set(std::size_t column, std::string_view text) {
+    if (text != previous_[column]) previous_[column] = std::string_view(store(text), text.size());
+    cell(column) = Cell(previous_[column]);
+}
+
+void RowSet::set(std::size_t column, const Value& value) {
+    struct Setter {
+        RowSet& rows;
+        std::size_t column;
+        void operator()(std::monostate) const { rows.cell(column) = Cell(); }
+        void operator()(bool truth) const { rows.set(column, std::int64_t{truth ? -1 : 0}); }
+        void operator()(std::int64_t integer) const { rows.set(column, integer); }
+        void operator()(double real) const { rows.set(column, real); }
+        void operator()(Date date) const { rows.set(column, date); }
+        void operator()(const std::string& text) const { rows.set(column, std::string_view(text)); }
+    };
+    std::visit(Setter{*this, column}, value);
+}
+
+const char* RowSet::store(std::string_view text) {
+    if (text.empty()) return "";
+    if (text.size() > free_size_) {
+        const std::size_t size = std::max(text.size(), arena_block);
+        arena_.push_back(std::make_unique_for_overwrite<char[]>(size));
+        memory_ += size;
+        free_ = arena_.back().get();
+        free_size_ = size;
+    }
+    char* const place = free_;
+    std::memcpy(place, text.data(), text.size());
+    free_ += text.size();
+    free_size_ -= text.size();
+    return place;
+}
+
+}  // namespace prot

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/automation/value.h"
+
+namespace prot {
+
+/// One fetched value. Text points into the row set's arena and lives as long as the row set.
+class Cell {
+public:
+    enum class Type : std::uint8_t { null, integer, real, date, text };
+
+    Cell() = default;
+    explicit Cell(std::int64_t integer) : type_(Type::integer) { payload_.integer = integer; }
+    explicit Cell(double real) : type_(Type::real) { payload_.real = real; }
+    explicit Cell(Date date) : type_(Type::date) { payload_.real = date.serial; }
+    explicit Cell(std::string_view text)
+        : size_(static_cast<std::uint32_t>(text.size())), type_(Type::text) {
+        payload_.text = text.data();
+    }
+
+    Type type() const { return type_; }
+    bool is_null() const { return type_ == Type::null; }
+    std::int64_t integer() const { return payload_.integer; }                   ///< Type::integer only
+    double real() const { return payload_.real; }                               ///< Type::real only
+    Date date() const { return Date{payload_.real}; }                           ///< Type::date only
+    std::string_view text() const { return {payload_.text, size_}; }            ///< Type::text only
+
+    /// A copy that owns its text.
+    Value value() const;
+
+private:
+    union {
+        std::int64_t integer;
+        double real;
+        const char* text;
+    } payload_ = {0};
+    std::uint32_t size_ = 0;
+    Type type_ = Type::null;
+};
+
+/// The result of a query: indexed (column, row), both from 0, in the server's order. Compact: 16 bytes a cell in
+/// blocks of rows, all texts in one arena, equal neighbours of one column stored once. Move-only.
+class RowSet {
+public:
+    RowSet() = default;
+    explicit RowSet(std::size_t columns) : columns_(columns), previous_(columns) {}
+
+    bool empty() const { return rows_ == 0; }
+    std::size_t columns() const { return columns_; }
+    std::size_t rows() const { return rows_; }
+    const Cell& at(std::size_t column, std::size_t row) const {
+        return blocks_[row / rows_per_block][(row % rows_per_block) * columns_ + column];
+    }
+
+    /// Bytes held for cells and texts.
+    std::size_t memory() const { return memory_; }
+
+    /// Appends a row of Null; the calls below fill it.
+    void add_row();
+    void set(std::size_t column, std::int64_t integer) { cell(column) = Cell(integer); }
+    void set(std::size_t column, double real) { cell(column) = Cell(real); }
+    void set(std::size_t column, Date date) { cell(column) = Cell(date); }
+    /// Copies `text` (less than 4 GiB) into the arena.
+    void set(std::size_t column, std::string_view text);
+    void set(std::size_t column, const Value& value);
+
+private:
+    static constexpr std::size_t rows_per_block = 256;
+    Cell& cell(std::size_t column) { return last_row_[column]; }
+    const char* store(std::string_view text);
+
+    std::size_t columns_ = 0;
+    std::size_t rows_ = 0;
+    std::size_t memory_ = 0;
+    std::vector<std::unique_ptr<Cell[]>> blocks_;
+    Cell* last_row_ = nullptr;
+    std::vector<std::string_view> previous_;   // the last text stored for each column
+    std::vector<std::unique_ptr<char[]>> arena_;
+    char* free_ = nullptr;
+    std::size_t free_size_ = 0;
+};
+
+}  // namespace prot
