@@ -1,12 +1,12 @@
 #include "platform/row_set.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace prot {
 
 namespace {
 constexpr std::size_t arena_block = std::size_t{1} << 20;
+constexpr std::size_t large_text = arena_block / 16;   // from here on a text has a block of its own
 }
 
 Value Cell::value() const {
@@ -50,18 +50,26 @@ void RowSet::set(std::size_t column, const Value& value) {
 
 const char* RowSet::store(std::string_view text) {
     if (text.empty()) return "";
-    if (text.size() > free_size_) {
-        const std::size_t size = std::max(text.size(), arena_block);
-        arena_.push_back(std::make_unique_for_overwrite<char[]>(size));
-        memory_ += size;
-        free_ = arena_.back().get();
-        free_size_ = size;
+    char* place = nullptr;
+    if (text.size() > large_text) {
+        place = add_block(text.size());
+    } else {
+        if (text.size() > free_size_) {
+            free_ = add_block(arena_block);
+            free_size_ = arena_block;
+        }
+        place = free_;
+        free_ += text.size();
+        free_size_ -= text.size();
     }
-    char* const place = free_;
     std::memcpy(place, text.data(), text.size());
-    free_ += text.size();
-    free_size_ -= text.size();
     return place;
+}
+
+char* RowSet::add_block(std::size_t size) {
+    arena_.push_back(std::make_unique_for_overwrite<char[]>(size));
+    memory_ += size;
+    return arena_.back().get();
 }
 
 }  // namespace prot

@@ -75,6 +75,7 @@ private:
     static constexpr std::size_t rows_per_block = 256;
     Cell& cell(std::size_t column) { return last_row_[column]; }
     const char* store(std::string_view text);
+    char* add_block(std::size_t size);
 
     std::size_t columns_ = 0;
     std::size_t rows_ = 0;

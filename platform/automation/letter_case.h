@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// Letter case per code point, never per byte: Latin, Greek, Cyrillic and Armenian letters, one code point to one
+/// Letter case per code point, never per byte: letters of the Latin, Greek, Cyrillic and Armenian scripts, one code point to one
 /// code point (so the German sharp s has no capital). Source: Unicode Character Database, simple case mappings.
 namespace prot {
 

@@ -1,0 +1,88 @@
+#include "platform/automation/letter_case.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/automation/utf8.h"
+
+namespace prot {
+
+namespace {
+
+/// Capitals first, first + step, … last; each one's small letter stands `distance` above it.
+struct CaseRange {
+    char32_t first, last;
+    int step, distance;
+};
+
+// clang-format off
+constexpr CaseRange case_ranges[] = {
+    {0x0041, 0x005A, 1,   32},   // Basic Latin
+    {0x00C0, 0x00D6, 1,   32},   // Latin-1
+    {0x00D8, 0x00DE, 1,   32},
+    {0x0100, 0x012E, 2,    1},   // Latin Extended-A
+    {0x0132, 0x0136, 2,    1},
+    {0x0139, 0x0147, 2,    1},
+    {0x014A, 0x0176, 2,    1},
+    {0x0178, 0x0178, 1, -121},
+    {0x0179, 0x017D, 2,    1},
+    {0x01CD, 0x01DB, 2,    1},   // Latin Extended-B
+    {0x01DE, 0x01EE, 2,    1},
+    {0x01F8, 0x021E, 2,    1},
+    {0x0222, 0x0232, 2,    1},
+    {0x0386, 0x0386, 1,   38},   // Greek
+    {0x0388, 0x038A, 1,   37},
+    {0x038C, 0x038C, 1,   64},
+    {0x038E, 0x038F, 1,   63},
+    {0x0391, 0x03A1, 1,   32},
+    {0x03A3, 0x03AB, 1,   32},
+    {0x0400, 0x040F, 1,   80},   // Cyrillic
+    {0x0410, 0x042F, 1,   32},
+    {0x0460, 0x0480, 2,    1},
+    {0x048A, 0x04BE, 2,    1},
+    {0x04C1, 0x04CD, 2,    1},
+    {0x04D0, 0x052E, 2,    1},
+    {0x0531, 0x0556, 1,   48},   // Armenian
+    {0x1E00, 0x1E94, 2,    1},   // Latin Extended Additional
+    {0x1EA0, 0x1EFE, 2,    1},
+};
+// clang-format on
+
+constexpr bool holds(const CaseRange& range, char32_t c) {
+    return c >= range.first && c <= range.last && (c - range.first) % static_cast<char32_t>(range.step) == 0;
+}
+
+constexpr char32_t moved(char32_t c, int distance) {
+    return static_cast<char32_t>(static_cast<int>(c) + distance);
+}
+
+template <char32_t (*Fold)(char32_t)>
+std::string fold(std::string_view text) {
+    if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
+        std::string folded(text);
+        for (char& c : folded) c = static_cast<char>(Fold(static_cast<unsigned char>(c)));
+        return folded;
+    }
+    std::u32string code_points = decode_utf8(text);
+    for (char32_t& c : code_points) c = Fold(c);
+    return encode_utf8(code_points);
+}
+
+}  // namespace
+
+char32_t to_lower(char32_t c) {
+    const auto range = std::ranges::find_if(case_ranges, [c](const CaseRange& r) { return holds(r, c); });
+    return range == std::end(case_ranges) ? c : moved(c, range->distance);
+}
+
+char32_t to_upper(char32_t c) {
+    const auto range = std::ranges::find_if(
+        case_ranges, [c](const CaseRange& r) { return holds(r, moved(c, -r.distance)); });
+    return range == std::end(case_ranges) ? c : moved(c, -range->distance);
+}
+
+std::string to_lower(std::string_view text) { return fold<to_lower>(text); }
+
+std::string to_upper(std::string_view text) { return fold<to_upper>(text); }
+
+}  // namespace prot

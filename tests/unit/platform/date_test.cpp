@@ -1,0 +1,53 @@
+#include "platform/automation/date.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "platform/automation/error.h"
+
+namespace prot {
+namespace {
+
+TEST(Date, CountsDaysFromTheNullDate) {
+    EXPECT_EQ(to_date(CivilTime{1899, 12, 30}).serial, 0.0);
+    EXPECT_EQ(to_date(CivilTime{1900, 1, 1}).serial, 2.0);
+    EXPECT_EQ(to_date(CivilTime{2026, 11, 15, 12}).serial, 46341.5);
+    EXPECT_EQ(to_date(CivilTime{1899, 12, 29, 6}).serial, -1.25);
+}
+
+TEST(Date, TakesEverySecondOfADayApartAndBack) {
+    for (int second = 0; second < 86400; ++second) {
+        const CivilTime civil{2024, 2, 29, second / 3600, second / 60 % 60, second % 60};
+        ASSERT_EQ(to_civil(to_date(civil)), civil);
+    }
+}
+
+TEST(Date, TakesDaysOfAllCenturiesApartAndBack) {
+    for (double day = -657434; day <= 2958465; day += 17) ASSERT_EQ(to_date(to_civil(Date{day})).serial, day);
+}
+
+TEST(Date, MovesAcrossTheNullDateInSeconds) {
+    EXPECT_EQ(add_seconds(Date{0.0}, -1), to_date(CivilTime{1899, 12, 29, 23, 59, 59}));
+    EXPECT_EQ(add_seconds(to_date(CivilTime{1899, 12, 29, 23, 59, 59}), 1), Date{0.0});
+    EXPECT_EQ(add_seconds(to_date(CivilTime{2026, 1, 1}), -1), to_date(CivilTime{2025, 12, 31, 23, 59, 59}));
+}
+
+TEST(Date, KnowsWhichDaysExist) {
+    EXPECT_TRUE(is_valid({2000, 2, 29}));
+    EXPECT_FALSE(is_valid({1900, 2, 29}));
+    EXPECT_FALSE(is_valid({2026, 4, 31}));
+    EXPECT_FALSE(is_valid({2026, 13, 1}));
+    EXPECT_FALSE(is_valid({2026, 0, 1}));
+    EXPECT_FALSE(is_valid({99, 1, 1}));
+    EXPECT_FALSE(is_valid({2026, 1, 1, 24}));
+}
+
+TEST(Date, OverflowsOutsideItsYears) {
+    EXPECT_THROW(to_civil(Date{2958466.0}), AutomationError);
+    EXPECT_THROW(to_civil(Date{-657435.0}), AutomationError);
+    EXPECT_THROW(to_civil(Date{std::numeric_limits<double>::quiet_NaN()}), AutomationError);
+}
+
+}  // namespace
+}  // namespace prot

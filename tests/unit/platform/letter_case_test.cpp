@@ -1,0 +1,42 @@
+#include "platform/automation/letter_case.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/automation/utf8.h"
+
+namespace prot {
+namespace {
+
+TEST(LetterCase, FoldsPerCodePoint) {
+    EXPECT_EQ(to_lower("ÄNDERUNGSAKTION:Größe ÀŽŸЖΩ"), "änderungsaktion:größe àžÿжω");
+    EXPECT_EQ(to_upper("änderungsaktion àžÿжω"), "ÄNDERUNGSAKTION ÀŽŸЖΩ");
+    EXPECT_EQ(to_upper("straße"), "STRAßE") << "one code point stays one code point";
+    EXPECT_EQ(to_lower("AbZ[@{"), "abz[@{");
+    EXPECT_EQ(to_upper("÷×"), "÷×") << "signs between the letters have no case";
+}
+
+TEST(LetterCase, LeavesBytesThatAreNotUtf8) {
+    EXPECT_EQ(to_lower("A\xC4Z\xFF"), "a\xC4z\xFF");
+}
+
+TEST(LetterCase, UpperIsTheReverseOfLower) {
+    for (char32_t c = 0; c < 0x2000; ++c) {
+        if (to_lower(c) != c) {
+            EXPECT_EQ(to_upper(to_lower(c)), c) << static_cast<std::uint32_t>(c);
+        }
+    }
+}
+
+TEST(Utf8, EncodesWhatItDecoded) {
+    for (const char* text : {"", "aé€😀", "\xC3", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xC0\x80", "a\x80z"})
+        EXPECT_EQ(encode_utf8(decode_utf8(text)), text);
+}
+
+TEST(Utf8, KnowsValidText) {
+    EXPECT_TRUE(is_valid_utf8("aé€😀\xEF\xBF\xBF"));
+    for (const char* text : {"\xC3", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xC0\x80", "\x80", "\xE2\x82"})
+        EXPECT_FALSE(is_valid_utf8(text));
+}
+
+}  // namespace
+}  // namespace prot

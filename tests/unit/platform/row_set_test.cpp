@@ -1,0 +1,66 @@
+#include "platform/row_set.h"
+
+#include <gtest/gtest.h>
+
+namespace prot {
+namespace {
+
+TEST(RowSet, IsEmptyWithoutRows) {
+    EXPECT_TRUE(RowSet().empty());
+    EXPECT_TRUE(RowSet(3).empty());
+    EXPECT_EQ(RowSet(3).columns(), 3U);
+}
+
+TEST(RowSet, HoldsValuesByColumnAndRow) {
+    RowSet rows(3);
+    rows.add_row();
+    rows.set(0, std::int64_t{-7});
+    rows.set(1, std::string_view("Größe"));
+    rows.add_row();
+    rows.set(0, 1.5);
+    rows.set(2, Date{46000.25});
+    EXPECT_EQ(rows.at(0, 0).value(), Value(std::int64_t{-7}));
+    EXPECT_EQ(rows.at(1, 0).value(), Value(std::string("Größe")));
+    EXPECT_TRUE(rows.at(2, 0).is_null());
+    EXPECT_EQ(rows.at(0, 1).value(), Value(1.5));
+    EXPECT_TRUE(rows.at(1, 1).is_null());
+    EXPECT_EQ(rows.at(2, 1).value(), Value(Date{46000.25}));
+}
+
+TEST(RowSet, KeepsTextsOfAllSizesWhileItGrowsAndMoves) {
+    RowSet rows(2);
+    const auto text_of = [](std::size_t i) { return std::string(i * 997 % 300000, static_cast<char>('a' + i % 26)); };
+    for (std::size_t i = 0; i < 600; ++i) {
+        rows.add_row();
+        rows.set(0, std::string_view(text_of(i)));
+        rows.set(1, std::string_view("gleich"));
+    }
+    const RowSet moved = std::move(rows);
+    ASSERT_EQ(moved.rows(), 600U);
+    for (std::size_t i = 0; i < 600; ++i) ASSERT_EQ(moved.at(0, i).text(), text_of(i));
+    EXPECT_EQ(moved.at(1, 599).text(), "gleich");
+}
+
+TEST(RowSet, StoresEqualNeighboursOfAColumnOnce) {
+    RowSet rows(1);
+    for (int i = 0; i < 1000; ++i) {
+        rows.add_row();
+        rows.set(0, std::string_view("srvBuchhaltung"));
+    }
+    EXPECT_EQ(rows.at(0, 0).text().data(), rows.at(0, 999).text().data());
+}
+
+TEST(RowSet, HoldsLittleMoreThanLargeTextsNeed) {
+    RowSet rows(1);
+    const std::string large(600 * 1024, 'x');
+    std::size_t size = 0;
+    for (char c = 'a'; c < 'z'; ++c) {
+        rows.add_row();
+        rows.set(0, std::string_view(large + c));
+        size += large.size() + 1;
+    }
+    EXPECT_LT(rows.memory(), size + 2 * 1024 * 1024);
+}
+
+}  // namespace
+}  // namespace prot
