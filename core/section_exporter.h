@@ -9,17 +9,18 @@
 
 namespace prot {
 
-/// The exporter of one log section. The entry class sets the three members, calls gCSVAusgabe once and releases it.
+/// The exporter of one log section. The entry class sets the three members, calls gCSVAusgabe once and
+/// releases it.
 class SectionExporter {
 public:
     virtual ~SectionExporter() = default;
 
-    ProgressParent* poParent = nullptr;   ///< the host's progress object, or null
-    std::string psCommandline;            ///< parameter text; empty: interactive run
-    bool pbLoeschen = false;              ///< delete the selected log records instead of exporting them
+    ProgressParent* poParent = nullptr;  ///< the host's progress object, or null
+    std::string psCommandline;           ///< parameter text; empty: interactive run
+    bool pbLoeschen = false;             ///< delete the selected log records instead of exporting them
 
-    /// Exports or deletes. sUser: application user, empty for all. dtVon, dtBis: first and last day, 0 for open.
-    /// lAktion: event mask, 1 created, 2 changed, 4 deleted. vPara: spare, passed through.
+    /// Exports or deletes. sUser: application user, empty for all. dtVon, dtBis: first and last day, 0 for
+    /// open. lAktion: event mask, 1 created, 2 changed, 4 deleted. vPara: spare, passed through.
     virtual void gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon,
                              Date dtBis, std::int32_t lAktion, Value& vPara) = 0;
 };

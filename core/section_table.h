@@ -12,9 +12,9 @@ namespace prot {
 
 /// One log section that has an exporter.
 struct Section {
-    std::int32_t number;       ///< IDSysQuvoLogSections
-    std::string_view name;     ///< what it is called on the command line
-    std::string_view title;    ///< what it is called in front of a person
+    std::int32_t number;     ///< IDSysQuvoLogSections
+    std::string_view name;   ///< what it is called on the command line
+    std::string_view title;  ///< what it is called in front of a person
     std::unique_ptr<SectionExporter> (*create)(Environment& environment);
 };
 

@@ -5,13 +5,14 @@
 
 namespace prot {
 
-/// Writes one CSV file. Separator, quoting, encoding and folder are the writer's. Usable for one file after another.
+/// Writes one CSV file. Separator, quoting, encoding and folder are the writer's. Usable for one file after
+/// another.
 class CsvWriter {
 public:
     virtual ~CsvWriter() = default;
 
-    /// Starts a file. ask_user: the person may choose another name, which then stands in `file_name`. False only when
-    /// the person cancels. A file that cannot be written is an error that names the path.
+    /// Starts a file. ask_user: the person may choose another name, which then stands in `file_name`. False
+    /// only when the person cancels. A file that cannot be written is an error that names the path.
     virtual bool open(std::string& file_name, bool ask_user) = 0;
 
     /// Writes one line; one element per cell.

@@ -9,10 +9,10 @@
 
 namespace prot {
 
-/// The host's database, one connection for the length of a run. Statements are T-SQL text; temporary tables live as
-/// long as the connection. Every call fails with an AutomationError that holds the server's number and text, the
-/// statement being part of the description. Once the connection itself has failed, every further statement is
-/// answered with that error.
+/// The host's database, one connection for the length of a run. Statements are T-SQL text; temporary tables
+/// live as long as the connection. Every call fails with an AutomationError that holds the server's number
+/// and text, the statement being part of the description. Once the connection itself has failed, every
+/// further statement is answered with that error.
 class Database {
 public:
     virtual ~Database() = default;
@@ -32,8 +32,8 @@ public:
     /// The wildcard of LIKE for any run of characters.
     virtual std::string like_wildcard() = 0;
 
-    /// Raises the connection's error when the connection has failed; sends nothing. A run asks this before it calls
-    /// its result complete, because some lookups answer a failed statement with a default.
+    /// Raises the connection's error when the connection has failed; sends nothing. A run asks this before it
+    /// calls its result complete, because some lookups answer a failed statement with a default.
     virtual void require_connection() {}
 };
 

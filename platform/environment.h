@@ -10,8 +10,8 @@
 
 namespace prot {
 
-/// All that an exporter needs from outside, besides the database and the progress parent that each call brings.
-/// Refers to objects of the host, which outlive every exporter.
+/// All that an exporter needs from outside, besides the database and the progress parent that each call
+/// brings. Refers to objects of the host, which outlive every exporter.
 struct Environment {
     Components& components;
     MessageBoxes& message_boxes;

@@ -17,10 +17,10 @@ struct ListField {
         std::string text;
     };
 
-    std::string name;    ///< the control's name
-    std::string label;   ///< what the person reads before the field
+    std::string name;   ///< the control's name
+    std::string label;  ///< what the person reads before the field
     std::vector<Entry> entries;
-    std::optional<std::size_t> selected;   ///< index into entries
+    std::optional<std::size_t> selected;  ///< index into entries
     bool enabled = true;
 
     void add(std::int64_t key, std::string text) { entries.push_back({key, std::move(text)}); }
@@ -40,7 +40,7 @@ struct Form {
 };
 
 struct KeyStroke {
-    int code = 0;   ///< virtual key code; 112 is F1
+    int code = 0;  ///< virtual key code; 112 is F1
     bool shift = false, control = false, alt = false;
 };
 inline constexpr int key_f1 = 112;

@@ -6,16 +6,21 @@ namespace prot {
 
 namespace {
 constexpr std::size_t arena_block = std::size_t{1} << 20;
-constexpr std::size_t large_text = arena_block / 16;   // from here on a text has a block of its own
-}
+constexpr std::size_t large_text = arena_block / 16;  // from here on a text has a block of its own
+}  // namespace
 
 Value Cell::value() const {
     switch (type_) {
-        case Type::integer: return integer();
-        case Type::real: return real();
-        case Type::date: return date();
-        case Type::text: return std::string(text());
-        case Type::null: break;
+        case Type::integer:
+            return integer();
+        case Type::real:
+            return real();
+        case Type::date:
+            return date();
+        case Type::text:
+            return std::string(text());
+        case Type::null:
+            break;
     }
     return {};
 }

@@ -20,17 +20,16 @@ public:
     explicit Cell(std::int64_t integer) : type_(Type::integer) { payload_.integer = integer; }
     explicit Cell(double real) : type_(Type::real) { payload_.real = real; }
     explicit Cell(Date date) : type_(Type::date) { payload_.real = date.serial; }
-    explicit Cell(std::string_view text)
-        : size_(static_cast<std::uint32_t>(text.size())), type_(Type::text) {
+    explicit Cell(std::string_view text) : size_(static_cast<std::uint32_t>(text.size())), type_(Type::text) {
         payload_.text = text.data();
     }
 
     Type type() const { return type_; }
     bool is_null() const { return type_ == Type::null; }
-    std::int64_t integer() const { return payload_.integer; }                   ///< Type::integer only
-    double real() const { return payload_.real; }                               ///< Type::real only
-    Date date() const { return Date{payload_.real}; }                           ///< Type::date only
-    std::string_view text() const { return {payload_.text, size_}; }            ///< Type::text only
+    std::int64_t integer() const { return payload_.integer; }         ///< Type::integer only
+    double real() const { return payload_.real; }                     ///< Type::real only
+    Date date() const { return Date{payload_.real}; }                 ///< Type::date only
+    std::string_view text() const { return {payload_.text, size_}; }  ///< Type::text only
 
     /// A copy that owns its text.
     Value value() const;
@@ -45,8 +44,8 @@ private:
     Type type_ = Type::null;
 };
 
-/// The result of a query: indexed (column, row), both from 0, in the server's order. Compact: 16 bytes a cell in
-/// blocks of rows, all texts in one arena, equal neighbours of one column stored once. Move-only.
+/// The result of a query: indexed (column, row), both from 0, in the server's order. Compact: 16 bytes a cell
+/// in blocks of rows, all texts in one arena, equal neighbours of one column stored once. Move-only.
 class RowSet {
 public:
     RowSet() = default;
@@ -82,7 +81,7 @@ private:
     std::size_t memory_ = 0;
     std::vector<std::unique_ptr<Cell[]>> blocks_;
     Cell* last_row_ = nullptr;
-    std::vector<std::string_view> previous_;   // the last text stored for each column
+    std::vector<std::string_view> previous_;  // the last text stored for each column
     std::vector<std::unique_ptr<char[]>> arena_;
     char* free_ = nullptr;
     std::size_t free_size_ = 0;

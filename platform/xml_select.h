@@ -5,8 +5,10 @@
 
 namespace prot {
 
-/// Reads values out of one XML document by path (class srvZQXml.DOMSelectClass in the suite). The paths understood:
-///   //Cols                                the first element Cols; its count is the number of its children Col
+/// Reads values out of one XML document by path (class srvZQXml.DOMSelectClass in the suite). The paths
+/// understood:
+///   //Cols                                the first element Cols; its count is the number of its children
+///   Col
 ///   //Cols/Col[i]/attribute("Name")       the column's name; i from 0
 ///   //Cols/Col[i]/OldValue                its old value, likewise NewValue
 ///   //Cols/Col[@Name="X"]/OldValue        the old value of the first column of that exact name
@@ -21,8 +23,8 @@ public:
     /// The number of nodes at "//Cols"; 0 for any other path.
     virtual std::int32_t count(std::string_view path) = 0;
 
-    /// The text of the node at `path`: all text in it joined, untrimmed, CR LF as LF; empty when nothing is selected.
-    /// Valid until the next call of load or value.
+    /// The text of the node at `path`: all text in it joined, untrimmed, CR LF as LF; empty when nothing is
+    /// selected. Valid until the next call of load or value.
     virtual std::string_view value(std::string_view path) = 0;
 };
 

@@ -9,15 +9,15 @@ namespace prot {
 namespace {
 
 constexpr std::int64_t seconds_per_day = 86400;
-constexpr std::int64_t first_day = -657434;   // 1 January 100
-constexpr std::int64_t last_day = 2958465;    // 31 December 9999
+constexpr std::int64_t first_day = -657434;  // 1 January 100
+constexpr std::int64_t last_day = 2958465;   // 31 December 9999
 
 struct YearMonthDay {
     int year, month, day;
 };
 
-// Days since 30 December 1899 and back, in eras of 400 years that begin on 1 March; the civil-calendar arithmetic
-// follows from 97 leap days in 400 years.
+// Days since 30 December 1899 and back, in eras of 400 years that begin on 1 March; the civil-calendar
+// arithmetic follows from 97 leap days in 400 years.
 constexpr std::int64_t days_from_civil(std::int64_t year, int month, int day) {
     const std::int64_t shifted = month <= 2 ? year - 1 : year;
     const std::int64_t era = shifted / 400;
@@ -95,8 +95,12 @@ CivilTime to_civil(Date date) {
         time += seconds_per_day;
     }
     const YearMonthDay civil = civil_from_days(day);
-    return {civil.year, civil.month, civil.day, static_cast<int>(time / 3600),
-            static_cast<int>(time / 60 % 60), static_cast<int>(time % 60)};
+    return {civil.year,
+            civil.month,
+            civil.day,
+            static_cast<int>(time / 3600),
+            static_cast<int>(time / 60 % 60),
+            static_cast<int>(time % 60)};
 }
 
 Date add_seconds(Date date, std::int64_t seconds) { return from_seconds(to_seconds(date) + seconds); }

@@ -17,11 +17,11 @@ struct Date {
 /// A date taken apart: proleptic Gregorian calendar, local time without zone, whole seconds.
 struct CivilTime {
     int year = 1899;
-    int month = 12;   ///< 1 to 12
-    int day = 30;     ///< 1 to 31
-    int hour = 0;     ///< 0 to 23
-    int minute = 0;   ///< 0 to 59
-    int second = 0;   ///< 0 to 59
+    int month = 12;  ///< 1 to 12
+    int day = 30;    ///< 1 to 31
+    int hour = 0;    ///< 0 to 23
+    int minute = 0;  ///< 0 to 59
+    int second = 0;  ///< 0 to 59
     friend bool operator==(const CivilTime&, const CivilTime&) = default;
 };
 
@@ -31,7 +31,8 @@ bool is_valid(const CivilTime& civil);
 /// The date of `civil`, which must be valid.
 Date to_date(const CivilTime& civil);
 
-/// `date` rounded to the nearest second and taken apart. Outside the years 100 to 9999: automation error 6 (overflow).
+/// `date` rounded to the nearest second and taken apart. Outside the years 100 to 9999: automation error 6
+/// (overflow).
 CivilTime to_civil(Date date);
 
 /// `date` moved by whole seconds. Dates before 1899 keep their meaning (see Date).

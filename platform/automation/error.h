@@ -10,7 +10,8 @@ namespace prot {
 /// Line break of source chains, messages and message boxes.
 inline constexpr std::string_view line_break = "\r\n";
 
-/// Automation error numbers: 0x800A0000 plus the run-time error's number. Source: OLE Automation, FACILITY_CONTROL.
+/// Automation error numbers: 0x800A0000 plus the run-time error's number. Source: OLE Automation,
+/// FACILITY_CONTROL.
 enum class ErrorNumber : std::uint32_t {
     overflow = 0x800A0006,
     out_of_memory = 0x800A0007,
@@ -29,9 +30,9 @@ public:
     AutomationError(ErrorNumber number, std::string description)
         : AutomationError(static_cast<std::int32_t>(number), std::string(), std::move(description)) {}
 
-    std::int32_t number() const { return number_; }                   ///< HRESULT, negative for errors
-    const std::string& source() const { return source_; }             ///< CR LF separated, innermost first
-    const std::string& description() const { return description_; }   ///< for a person
+    std::int32_t number() const { return number_; }                  ///< HRESULT, negative for errors
+    const std::string& source() const { return source_; }            ///< CR LF separated, innermost first
+    const std::string& description() const { return description_; }  ///< for a person
     const char* what() const noexcept override { return description_.c_str(); }
 
     void set_source(std::string source) { source_ = std::move(source); }

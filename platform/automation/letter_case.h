@@ -3,8 +3,9 @@
 #include <string>
 #include <string_view>
 
-/// Letter case per code point, never per byte: letters of the Latin, Greek, Cyrillic and Armenian scripts, one code point to one
-/// code point (so the German sharp s has no capital). Source: Unicode Character Database, simple case mappings.
+/// Letter case per code point, never per byte: letters of the Latin, Greek, Cyrillic and Armenian scripts,
+/// one code point to one code point (so the German sharp s has no capital). Source: Unicode Character
+/// Database, simple case mappings.
 namespace prot {
 
 char32_t to_lower(char32_t code_point);

@@ -82,7 +82,8 @@ std::string_view trim_blanks(std::string_view text) {
     return text;
 }
 
-/// The number at the start of `text` in the form that from_chars reads: without blanks, D as E, no leading plus.
+/// The number at the start of `text` in the form that from_chars reads: without blanks, D as E, no leading
+/// plus.
 std::string leading_number(std::string_view text) {
     std::string number;
     bool point = false, exponent = false;
@@ -136,7 +137,7 @@ std::string to_text(Date date) {
 }
 
 std::string to_text(double number) {
-    if (number == 0.0) return "0";   // also for the negative zero
+    if (number == 0.0) return "0";  // also for the negative zero
     char digits[40];
     std::snprintf(digits, sizeof digits, "%.15G", number);
     std::string text(digits);

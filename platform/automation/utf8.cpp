@@ -8,7 +8,8 @@ namespace {
 
 constexpr char32_t escape_base = 0xDC00;
 
-/// One decoded code point and its length in bytes; length 0 when the bytes at the start of `text` are not UTF-8.
+/// One decoded code point and its length in bytes; length 0 when the bytes at the start of `text` are not
+/// UTF-8.
 struct Decoded {
     char32_t code_point;
     std::size_t length;

@@ -15,9 +15,7 @@ TEST(LetterCase, FoldsPerCodePoint) {
     EXPECT_EQ(to_upper("÷×"), "÷×") << "signs between the letters have no case";
 }
 
-TEST(LetterCase, LeavesBytesThatAreNotUtf8) {
-    EXPECT_EQ(to_lower("A\xC4Z\xFF"), "a\xC4z\xFF");
-}
+TEST(LetterCase, LeavesBytesThatAreNotUtf8) { EXPECT_EQ(to_lower("A\xC4Z\xFF"), "a\xC4z\xFF"); }
 
 TEST(LetterCase, UpperIsTheReverseOfLower) {
     for (char32_t c = 0; c < 0x2000; ++c) {

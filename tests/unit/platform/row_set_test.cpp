@@ -29,7 +29,9 @@ TEST(RowSet, HoldsValuesByColumnAndRow) {
 
 TEST(RowSet, KeepsTextsOfAllSizesWhileItGrowsAndMoves) {
     RowSet rows(2);
-    const auto text_of = [](std::size_t i) { return std::string(i * 997 % 300000, static_cast<char>('a' + i % 26)); };
+    const auto text_of = [](std::size_t i) {
+        return std::string(i * 997 % 300000, static_cast<char>('a' + i % 26));
+    };
     for (std::size_t i = 0; i < 600; ++i) {
         rows.add_row();
         rows.set(0, std::string_view(text_of(i)));

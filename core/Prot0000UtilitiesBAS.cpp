@@ -1,0 +1,117 @@
+#include "core/Prot0000UtilitiesBAS.h"
+
+#include "core/ZQErrorHandling.h"
+#include "platform/automation/letter_case.h"
+#include "platform/automation/utf8.h"
+
+namespace prot {
+
+namespace {
+
+constexpr std::string_view owner = "Prot0000UtilitiesBAS";
+constexpr std::string_view flag_autostart = "autostart";
+constexpr std::string_view key_framework = "auswertungsrahmen:";
+
+/// The keys of a scan, in the order in which their items come out. Those without a colon are deliberate: the
+/// scan finds "vonkonto" also in an item vonkonto:1000. "aend:" is also found inside "awraend:".
+constexpr std::string_view scanned_keys[] = {
+    "login:",   "pwd:",          "nowindow:",   "sektion:",    "mitarbeiter:",     "datvon:",
+    "datbis:",  "neu:",          "aend:",       "loe:",        "mandant:",         "mandantbis:",
+    "stdkanz:", "kontenrahmen:", "auswertung:", key_framework, "awraend:",         "wirtschaftsjahr:",
+    "vonkonto", "biskonto",      "vondevi",     "bisdevi",     "änderungsaktion:", "fehlermeldung:",
+};
+
+std::string_view trim(std::string_view text) {
+    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+std::vector<std::string> split(std::string_view text, char separator) {
+    std::vector<std::string> parts;
+    for (;;) {
+        const std::size_t end = text.find(separator);
+        parts.emplace_back(text.substr(0, end));
+        if (end == std::string_view::npos) return parts;
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::vector<std::string> scan(std::string_view sCommandline, bool bMitAutostart, Environment& environment) {
+    std::vector<std::string> parts(1);
+    const auto keep = [&](std::string_view key) {
+        if (std::string item = gbCommandOk(key, sCommandline, environment); !item.empty())
+            parts.push_back(std::move(item));
+    };
+    if (bMitAutostart) keep(flag_autostart);
+    for (const std::string_view key : scanned_keys) keep(key);
+    return parts;
+}
+
+/// Where the item that begins at `start` ends: before the last slash that precedes the next colon behind a
+/// slash.
+std::size_t item_end(std::u32string_view text, std::size_t start) {
+    std::size_t slash = std::u32string_view::npos;
+    for (std::size_t i = start; i < text.size(); ++i) {
+        if (text[i] == U'/') slash = i;
+        if (text[i] == U':' && slash != std::u32string_view::npos) return slash;
+    }
+    return text.size();
+}
+
+}  // namespace
+
+std::vector<std::string> gCommandlineSplit(std::string_view sCommandline, bool bMitAutostart,
+                                           Environment& environment) try {
+    if (to_lower(sCommandline).find(key_framework) != std::string::npos)
+        return scan(sCommandline, bMitAutostart, environment);
+    return split(sCommandline, '/');
+} catch (...) {
+    show_and_end(environment, owner, "gCommandlineSplit");
+    return {};
+}
+
+std::string gbCommandOk(std::string_view sKey, std::string_view sCommandline, Environment& environment) try {
+    // By code points: a letter and its small form may differ in bytes, but not in their place.
+    const std::u32string text = decode_utf8(sCommandline);
+    const std::u32string lower = decode_utf8(to_lower(sCommandline));
+    const std::size_t start = lower.find(decode_utf8(sKey));
+    if (start == std::u32string::npos) return {};
+    const std::u32string_view rest = std::u32string_view(text).substr(start, item_end(text, start) - start);
+    return std::string(trim(encode_utf8(rest)));
+} catch (...) {
+    show_and_end(environment, owner, "gbCommandOk");
+    return {};
+}
+
+std::string psCommand(std::string_view sItem, Environment& environment) try {
+    const std::string_view item = trim(sItem);
+    if (!item.starts_with('/')) return {};
+    const std::size_t colon = item.find(':');
+    if (colon == std::string_view::npos) return {};
+    return std::string(item.substr(1, colon - 1));
+} catch (...) {
+    show_and_end(environment, owner, "psCommand");
+    return {};
+}
+
+std::string psComWert(std::string_view sItem, Environment& environment) try {
+    const std::string_view item = trim(sItem);
+    if (!item.starts_with('/')) return {};
+    const std::size_t colon = item.find(':');
+    if (colon == std::string_view::npos) return {};
+    return std::string(item.substr(colon + 1));
+} catch (...) {
+    show_and_end(environment, owner, "psComWert");
+    return {};
+}
+
+bool pbCommandVorhanden(std::string_view sText, std::string_view sKey) try {
+    const std::string text = "/" + to_lower(trim(sText));
+    return text.find("/" + to_lower(sKey)) != std::string::npos;
+} catch (...) {
+    end_quietly();
+    return false;
+}
+
+}  // namespace prot

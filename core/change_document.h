@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/environment.h"
+#include "platform/xml_select.h"
+
+namespace prot {
+
+/// The change document of a log record: the changed columns with their old and new values, in document order.
+/// One object reads one document after another; the XML reader is made for the first that is not empty.
+class ChangeDocument {
+public:
+    explicit ChangeDocument(Environment& environment) : environment_(environment) {}
+
+    enum class Loaded { yes, empty, unreadable };
+
+    Loaded load(std::string_view dmData);
+
+    /// The number of changed columns of the loaded document.
+    std::int32_t columns() const { return columns_; }
+
+    /// Selects column `index`, from 0, and returns its name; valid until the next column is selected.
+    std::string_view select(std::int32_t index);
+
+    /// The values of the selected column; each is valid until the next value is read.
+    std::string_view old_value() { return value("OldValue"); }
+    std::string_view new_value() { return value("NewValue"); }
+
+private:
+    std::string_view value(std::string_view step);
+
+    Environment& environment_;
+    std::unique_ptr<XmlSelect> oXML_;
+    std::int32_t columns_ = 0;
+    std::string path_;  // "//Cols/Col[i]/" and the last step asked for
+    std::size_t prefix_size_ = 0;
+    std::string name_;
+};
+
+}  // namespace prot

@@ -1,0 +1,51 @@
+#include "core/log_row.h"
+
+#include <limits>
+
+#include "platform/automation/text_forms.h"
+
+namespace prot {
+
+std::int32_t number_of(const Cell& cell) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    if (cell.is_null()) return 0;
+    if (cell.type() == Cell::Type::integer && cell.integer() >= Limits::min() &&
+        cell.integer() <= Limits::max())
+        return static_cast<std::int32_t>(cell.integer());
+    return to_long(val(to_text(cell.value())));
+}
+
+void append_text(std::string& text, const Cell& cell) {
+    switch (cell.type()) {
+        case Cell::Type::null:
+            return;
+        case Cell::Type::text:
+            text += cell.text();
+            return;
+        case Cell::Type::date:
+            append_text(text, cell.date());
+            return;
+        default:
+            text += to_text(cell.value());
+    }
+}
+
+std::string_view LogRow::text(LogColumn column, std::string& scratch) const {
+    const Cell& cell = (*this)[column];
+    if (cell.type() == Cell::Type::text) return cell.text();
+    scratch.clear();
+    append_text(scratch, cell);
+    return scratch;
+}
+
+std::optional<Date> LogRow::moment() const {
+    const Cell& cell = (*this)[LogColumn::ddDatum];
+    if (cell.is_null()) return std::nullopt;
+    if (cell.type() == Cell::Type::date) return cell.date();
+    std::string text;
+    append_text(text, cell);
+    if (text.empty()) return std::nullopt;
+    return to_date(std::string_view(text));
+}
+
+}  // namespace prot

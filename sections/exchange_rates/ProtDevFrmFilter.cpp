@@ -1,0 +1,166 @@
+#include "sections/exchange_rates/ProtDevFrmFilter.h"
+
+#include "core/Prot0000UtilitiesBAS.h"
+#include "core/ZQErrorHandling.h"
+#include "core/help.h"
+#include "core/log_row.h"
+#include "platform/automation/text_forms.h"
+
+namespace prot {
+
+namespace {
+
+constexpr std::string_view owner = "ProtDevFrmFilter";
+constexpr std::string_view help_id = "HID_MIVRA_ALLGEMEIN_PROTOKOLLIERUNG_DEVISENKURSE";
+constexpr int filter_form_setup = 1000;
+
+enum RangeField : std::size_t { from_field, to_field };
+
+Form described_form() {
+    Form form;
+    form.fields.resize(2);
+    form.fields[from_field].name = "cboWaehrung(0)";
+    form.fields[from_field].label = "von ISO Währungscode";
+    form.fields[to_field].name = "cboWaehrung(1)";
+    form.fields[to_field].label = "bis ISO Währungscode";
+    return form;
+}
+
+std::string trimmed(std::string text) {
+    text.erase(0, text.find_first_not_of(' '));
+    text.erase(text.find_last_not_of(' ') + 1);
+    return text;
+}
+
+}  // namespace
+
+bool ProtDevFrmFilter::gbGetFilter(std::string& sWhere, std::string& sFilter, Database& oDBU,
+                                   std::string& sCommandline) try {
+    environment_.screen_pointer.set(Pointer::standard);
+    load(oDBU);
+    Range range;
+    const bool ready = mIsoWaehrungLesen() && accept(sCommandline, range);
+    if (ready) {
+        sWhere = " WHERE dcISOKennz BETWEEN '" + range.from + "' AND '" + range.to + "'";
+        filter_ = "Von ISO Währungscode: " + range.from + " bis ISO Währungscode: " + range.to;
+        sFilter = filter_;
+    }
+    Form_Unload();
+    return ready;
+} catch (...) {
+    show_and_end(environment_, owner, "gbGetFilter");
+    Form_Unload();
+    return false;
+}
+
+void ProtDevFrmFilter::load(Database& oDBU) {
+    form_ = described_form();
+    accepted_ = failed_ = false;
+    oDBU_ = &oDBU;
+    Form_Load();
+    form_.caption = "Protokollausgabe Devisenkurse";
+}
+
+/// Takes the range from the parameter text, or from the person.
+bool ProtDevFrmFilter::accept(std::string& sCommandline, Range& range) {
+    if (mbCommandlineOk(sCommandline, range)) return !failed_;
+    sCommandline.clear();
+    if (failed_) return false;
+    form_.shown = true;
+    environment_.form_display.show_modal(form_, *this);
+    range = selected_range();
+    return accepted_ && !failed_;
+}
+
+/// Fills both lists. The default range is all currencies, from the lowest to the highest code.
+bool ProtDevFrmFilter::mIsoWaehrungLesen() try {
+    const RowSet rows =
+        oDBU_ ? oDBU_->query_array("SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz")
+              : RowSet();
+    for (ListField& field : form_.fields) {
+        for (std::size_t row = 0; row < rows.rows(); ++row)
+            field.add(number_of(rows.at(0, row)), to_text(rows.at(1, row).value()));
+        if (!rows.empty()) continue;
+        field.add(0, "Fehlt!");
+        field.selected = 0;
+        field.enabled = false;
+    }
+    if (!rows.empty()) {
+        form_.fields[from_field].select_key(form_.fields[from_field].entries.front().key);
+        form_.fields[to_field].select_key(form_.fields[to_field].entries.back().key);
+    }
+    return true;
+} catch (...) {
+    show_and_end(environment_, owner, "mIsoWaehrungLesen");
+    return false;
+}
+
+bool ProtDevFrmFilter::mbCommandlineOk(const std::string& sCommandline, Range& range) try {
+    if (sCommandline.empty()) return false;
+    range = selected_range();
+    bool autostart = false;
+    std::string_view rest = sCommandline;
+    for (bool last = false; !last;) {
+        const std::size_t slash = rest.find('/');
+        const std::string_view part = rest.substr(0, slash);
+        last = slash == std::string_view::npos;
+        if (!last) rest.remove_prefix(slash + 1);
+
+        autostart = autostart || pbCommandVorhanden(part, "autostart");
+        if (!autostart) continue;  // parameters before "autostart" are ignored, deliberately
+        std::string* const bound = pbCommandVorhanden(part, "vondevi")   ? &range.from
+                                   : pbCommandVorhanden(part, "bisdevi") ? &range.to
+                                                                         : nullptr;
+        if (!bound) continue;
+        std::string value = trimmed(psComWert("/" + std::string(part), environment_));
+        if (!value.empty()) *bound = std::move(value);
+    }
+    return autostart;
+} catch (...) {
+    failed_ = true;
+    show_and_end(environment_, owner, "mbCommandlineOk");
+    return false;
+}
+
+ProtDevFrmFilter::Range ProtDevFrmFilter::selected_range() const {
+    return {form_.fields[from_field].selected_text(), form_.fields[to_field].selected_text()};
+}
+
+void ProtDevFrmFilter::Form_Load() try {
+    environment_.form_display.standard_setup(form_, filter_form_setup);
+    form_.key_preview = true;
+    form_.cancel_causes_validation = false;
+} catch (...) {
+    failed_ = true;
+    show_and_end(environment_, owner, "Form_Load");
+}
+
+void ProtDevFrmFilter::Form_KeyDown(const KeyStroke& key) try {
+    if (key.code == key_f1 && !key.shift && !key.control && !key.alt) gShowWikiHelpxxx(help_id, environment_);
+} catch (...) {
+    show_and_end(environment_, owner, "Form_KeyDown");
+}
+
+void ProtDevFrmFilter::Form_Unload() { oDBU_ = nullptr; }
+
+void ProtDevFrmFilter::cmdOK_Click() try {
+    const Range range = selected_range();
+    if (range.to < range.from) {  // by bytes, which is the order of code points
+        environment_.message_boxes.show(
+            "Der Wert im Feld 'bis ISO Währungscode' darf nicht kleiner sein als der Wert im Feld 'von ISO "
+            "Währungscode' !",
+            BoxStyle::exclamation, "Unzulässige Aktion");
+        form_.focus = to_field;
+        return;
+    }
+    accepted_ = true;
+    form_.shown = false;
+} catch (...) {
+    failed_ = true;
+    form_.shown = false;
+    show_and_end(environment_, owner, "cmdOK_Click");
+}
+
+void ProtDevFrmFilter::cmdCancel_Click() { form_.shown = false; }
+
+}  // namespace prot

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "core/export_frame.h"
+
+namespace prot::exchange_rates {
+
+/// The cells before the common ones.
+enum RateCell : std::size_t { rate_iso_code, rate_currency_name, rate_valid_from };
+
+inline constexpr std::array<std::string_view, 3> rate_captions = {"ISO Währungscode", "Bezeichnung",
+                                                                  "Gültig ab"};
+inline constexpr std::size_t rate_line_cells = 12;
+
+/// The lines of exchange rates: currency and validity of the rate as they are now, captions, values as
+/// logged.
+class RateLines : public SectionLines {
+public:
+    explicit RateLines(Run& run) : run_(run) {}
+
+    bool describe_record(const LogRow& row, CsvLine& line) override;
+    std::string_view caption(std::string_view field, std::string_view table, const LogRow& row) override;
+    void translate_values(std::string_view field, std::string_view table, const LogRow& row,
+                          CsvLine& line) override;
+
+private:
+    struct Currency {
+        std::string iso_code, name;
+    };
+
+    const Currency& mGetWaehrInfos(std::int32_t lId);
+    const std::string& mGetKursGueltigAb(std::int32_t lId);
+
+    Run& run_;
+    std::unordered_map<std::int32_t, Currency> currencies_;  // each asked once in a run
+    std::unordered_map<std::int32_t, std::string> valid_from_;
+};
+
+/// The caption of a changed field of a rate; empty for fields that are never exported and for those without
+/// caption.
+std::string_view msDBGetFieldDescription(std::string_view sFeld, std::string_view sTabelle, Run& run);
+
+/// What a reader understands by the logged value of a field; empty when the logged value stays. A record
+/// without date keeps its logged values.
+std::string msTranslateID(std::string_view sWert, std::string_view sFeld, const LogRow& row, Run& run);
+
+}  // namespace prot::exchange_rates

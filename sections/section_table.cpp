@@ -1,0 +1,19 @@
+#include "sections/section_table.h"
+
+#include "sections/exchange_rates/CProtDevCsv.h"
+
+namespace prot {
+
+namespace {
+
+// clang-format off
+constexpr Section sections[] = {
+    {15, "exchange-rates", "Devisenkurse", create_exchange_rate_exporter},
+};
+// clang-format on
+
+}  // namespace
+
+SectionTable section_table() { return sections; }
+
+}  // namespace prot

@@ -1,0 +1,104 @@
+#include "core/Prot0000UtilitiesBAS.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/unit/support/fakes.h"
+
+namespace prot {
+namespace {
+
+using Parts = std::vector<std::string>;
+
+class ParameterText : public testing::Test {
+protected:
+    test::FakeHost host;
+    Environment& environment = host.environment;
+
+    Parts split(std::string_view text, bool autostart = false) {
+        return gCommandlineSplit(text, autostart, environment);
+    }
+};
+
+TEST_F(ParameterText, AnItemHasAKeyAndAValue) {
+    EXPECT_EQ(psCommand("/Sektion:15", environment), "Sektion");
+    EXPECT_EQ(psComWert("/Sektion:15", environment), "15");
+    EXPECT_TRUE(pbCommandVorhanden("Sektion:15", "sektion:"));
+}
+
+TEST_F(ParameterText, AnItemWithoutAColonIsFoundOnlyAsAFlag) {
+    EXPECT_EQ(psCommand("/autostart", environment), "");
+    EXPECT_EQ(psComWert("/autostart", environment), "");
+    EXPECT_TRUE(pbCommandVorhanden("autostart", "autostart"));
+}
+
+TEST_F(ParameterText, AnItemMayHaveAnEmptyValue) {
+    EXPECT_EQ(psCommand("/datvon:", environment), "datvon");
+    EXPECT_EQ(psComWert("/datvon:", environment), "");
+}
+
+TEST_F(ParameterText, WithoutFrameworkEverySlashSeparates) {
+    EXPECT_EQ(split("/sektion:15/mitarbeiter:A/B/autostart"),
+              (Parts{"", "sektion:15", "mitarbeiter:A", "B", "autostart"}));
+    EXPECT_EQ(split("ohne"), Parts{"ohne"});
+    EXPECT_EQ(split(""), Parts{""});
+    EXPECT_EQ(split("a//b/"), (Parts{"a", "", "b", ""}));
+}
+
+TEST_F(ParameterText, TheKeywordScanGivesItemsInTableOrderAndDropsUnknownKeys) {
+    EXPECT_EQ(split("/neu:1/unbekannt:5/Auswertungsrahmen:Bilanz/login:Max/SEKTION:10/autostart"),
+              (Parts{"", "login:Max", "SEKTION:10/autostart", "neu:1", "Auswertungsrahmen:Bilanz"}));
+}
+
+TEST_F(ParameterText, TheKeywordScanVisitsAutostartOnlyWhenAsked) {
+    EXPECT_EQ(split("/sektion:10/auswertungsrahmen:X/autostart", true),
+              (Parts{"", "autostart", "sektion:10", "auswertungsrahmen:X/autostart"}));
+    EXPECT_EQ(split("/autostart/auswertungsrahmen:X", true), (Parts{"", "autostart", "auswertungsrahmen:X"}));
+}
+
+TEST_F(ParameterText, AScannedValueMayHoldSlashesUntilTheNextKey) {
+    EXPECT_EQ(gbCommandOk("auswertungsrahmen:", "/auswertungsrahmen:A/B/login:x", environment),
+              "auswertungsrahmen:A/B");
+    EXPECT_EQ(gbCommandOk("auswertungsrahmen:", "/auswertungsrahmen: A/B ", environment),
+              "auswertungsrahmen: A/B");
+}
+
+TEST_F(ParameterText, AFlagWithoutColonStaysGluedToTheValueBeforeIt) {
+    EXPECT_EQ(gbCommandOk("login:", "/login:Max/autostart", environment), "login:Max/autostart");
+}
+
+TEST_F(ParameterText, TheScanFindsAendAlsoInsideAwraend) {
+    EXPECT_EQ(gbCommandOk("aend:", "/awraend:kto/auswertungsrahmen:X", environment), "aend:kto");
+}
+
+TEST_F(ParameterText, TheScanFindsKeysWithoutColonAtTheStartOfAnItem) {
+    EXPECT_EQ(gbCommandOk("vonkonto", "/vonkonto:1000/biskonto:2000", environment), "vonkonto:1000");
+}
+
+TEST_F(ParameterText, TheScanDoesNotTakeMitarbeiterbisForMitarbeiter) {
+    EXPECT_EQ(gbCommandOk("mitarbeiter:", "/mitarbeiterbis:Z", environment), "");
+}
+
+TEST_F(ParameterText, ScannedItemsKeepTheirLetterCaseAndUmlauts) {
+    EXPECT_EQ(gbCommandOk("änderungsaktion:", "/Größe:Ä/ÄNDERUNGSAKTION:Üb", environment),
+              "ÄNDERUNGSAKTION:Üb");
+}
+
+TEST_F(ParameterText, AFlagIsTestedAtTheStartOfItemsOnly) {
+    EXPECT_TRUE(pbCommandVorhanden("  AutoStart", "autostart"));
+    EXPECT_TRUE(pbCommandVorhanden("/sektion:15/AUTOSTART", "autostart"));
+    EXPECT_FALSE(pbCommandVorhanden("keinautostart", "autostart"));
+    EXPECT_FALSE(pbCommandVorhanden("", "autostart"));
+}
+
+TEST_F(ParameterText, AMalformedItemHasNeitherKeyNorValue) {
+    EXPECT_EQ(psCommand("sektion:15", environment), "");
+    EXPECT_EQ(psComWert("sektion:15", environment), "");
+    EXPECT_EQ(psCommand("", environment), "");
+    EXPECT_EQ(psCommand("/:15", environment), "");
+    EXPECT_EQ(psComWert("/:15", environment), "15");
+    EXPECT_EQ(psComWert("  /a:b:c  ", environment), "b:c") << "the first colon separates";
+    EXPECT_TRUE(host.errors.empty());
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include "core/ProtQRBCsvBas.h"
+#include "tests/unit/support/fakes.h"
+
+namespace prot {
+namespace {
+
+using test::FakeDatabase;
+using test::FakeHost;
+using test::server_error;
+
+const Date moment = to_date(CivilTime{2026, 3, 5, 14, 0, 0});
+
+class ValueByDate : public testing::Test {
+protected:
+    FakeHost host;
+    FakeDatabase oDBU;
+    prot::Run run{host.environment, oDBU};
+
+    const std::string later_change =
+        "SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'TBANK' AND dlPrimaryKey1 = 7 AND ddDatum >= "
+        "<05.03.2026 13:59:59> AND dmData LIKE '%Name=\"dcBLZ\"><OldValue>%' ORDER BY ddDatum ASC";
+    const std::string live = "SELECT [dcBLZ] FROM [TBANK] WHERE [idBank] = 7";
+    const std::string deletion =
+        "SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'TBANK' AND dlPrimaryKey1 = 7 AND dlEvent = 2  "
+        "AND "
+        "dmData LIKE '%Name=\"dcBLZ\"><OldValue>%' ORDER BY ddDatum ASC";
+
+    std::string value(Date at = moment, std::string_view key = "7") {
+        return PROT_gsGetValueByDate("TBANK", "dcBLZ", "idBank", key, at, run);
+    }
+};
+
+TEST_F(ValueByDate, AnUndefinedKeyNeedsNoQuery) {
+    EXPECT_EQ(value(moment, "_UNDEFINIERT_"), "_UNDEFINIERT_");
+    EXPECT_TRUE(oDBU.statements.empty());
+}
+
+TEST_F(ValueByDate, IsTheOldValueOfTheFirstChangeFromOneSecondBeforeTheMoment) {
+    oDBU.answers[later_change] = {{std::string("doc")}};
+    host.documents["doc"] = {{"dcName", "x", "y"}, {"dcBLZ", "10020030", "10020099"}};
+    EXPECT_EQ(value(), "10020030");
+    EXPECT_EQ(oDBU.statements, std::vector<std::string>{"value: " + later_change});
+}
+
+TEST_F(ValueByDate, KeepsTheTextNull) {
+    oDBU.answers[later_change] = {{std::string("doc")}};
+    host.documents["doc"] = {{"dcBLZ", "NULL", ""}};
+    EXPECT_EQ(value(), "NULL");
+}
+
+TEST_F(ValueByDate, TakesAnEmptyOldValueOfACreation) {
+    oDBU.answers[later_change] = {{std::string("doc")}};
+    host.documents["doc"] = {{"dcBLZ", "", "10020099"}};
+    EXPECT_EQ(value(), "");
+}
+
+TEST_F(ValueByDate, IsUndefinedWhenTheChangeDoesNotLoad) {
+    oDBU.answers[later_change] = {{std::string("broken")}};
+    EXPECT_EQ(value(), "_UNDEFINIERT_");
+}
+
+TEST_F(ValueByDate, IsTheLiveValueOfARowThatNeverChanged) {
+    oDBU.answers[live] = {{std::int64_t{10020030}}};
+    EXPECT_EQ(value(), "10020030");
+    EXPECT_EQ(oDBU.statements, (std::vector<std::string>{"value: " + later_change, "array: " + live}));
+    EXPECT_EQ(host.xml_readers_created, 0);
+}
+
+TEST_F(ValueByDate, ReadsAnEmptyDocumentAsNoChange) {
+    oDBU.answers[later_change] = {{std::string()}};
+    oDBU.answers[live] = {{Value()}};
+    EXPECT_EQ(value(), "") << "a null live value is the empty text";
+    EXPECT_EQ(host.xml_readers_created, 0);
+}
+
+TEST_F(ValueByDate, IsTheDeletionsOldValueOfARowDeletedSince) {
+    oDBU.answers[deletion] = {{std::string("doc")}};
+    host.documents["doc"] = {{"dcBLZ", "10020030", ""}};
+    EXPECT_EQ(value(), "10020030");
+    EXPECT_EQ(oDBU.statements,
+              (std::vector<std::string>{"value: " + later_change, "array: " + live, "value: " + deletion}));
+}
+
+TEST_F(ValueByDate, IsUndefinedForADeletedRowWithoutDeletionRecord) { EXPECT_EQ(value(), "_UNDEFINIERT_"); }
+
+TEST_F(ValueByDate, IsUndefinedWhenAQueryFails) {
+    oDBU.failures.emplace(live, server_error("Tabelle fehlt"));
+    EXPECT_EQ(value(), "_UNDEFINIERT_");
+}
+
+TEST_F(ValueByDate, IsUndefinedWhenTheXmlReaderIsMissing) {
+    oDBU.answers[later_change] = {{std::string("doc")}};
+    host.xml_failure = AutomationError(429, "COM", "fehlt");
+    EXPECT_EQ(value(), "_UNDEFINIERT_");
+}
+
+TEST_F(ValueByDate, AsksOnceForEqualLookups) {
+    oDBU.answers[later_change] = {{std::string("doc")}};
+    host.documents["doc"] = {{"dcBLZ", "1", "2"}};
+    EXPECT_EQ(value(), "1");
+    EXPECT_EQ(value(), "1");
+    EXPECT_EQ(oDBU.statements.size(), 1U);
+    value(add_seconds(moment, 1));
+    EXPECT_GT(oDBU.statements.size(), 1U) << "an earlier change says nothing about a later moment";
+}
+
+TEST_F(ValueByDate, AnAnswerWithoutLaterChangeHoldsForEveryLaterMoment) {
+    oDBU.answers[live] = {{std::string("live")}};
+    value();
+    oDBU.statements.clear();
+    EXPECT_EQ(value(add_seconds(moment, 86400)), "live");
+    EXPECT_TRUE(oDBU.statements.empty());
+    value(add_seconds(moment, -1));
+    EXPECT_FALSE(oDBU.statements.empty()) << "but not for an earlier one";
+}
+
+TEST_F(ValueByDate, AFailureIsNoAnswer) {
+    oDBU.failures.emplace(live, server_error("Zeitüberschreitung"));
+    value();
+    oDBU.failures.clear();
+    oDBU.answers[live] = {{std::string("live")}};
+    EXPECT_EQ(value(), "live");
+}
+
+class FieldDescription : public ValueByDate {
+protected:
+    const std::string query =
+        "SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON "
+        "tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName = 'TBANK' "
+        "AND   "
+        "tSysQuvoColumns.dcColumnName = 'dcBLZ'";
+    std::string_view caption() { return PROT_gsGetFieldDescription("TBANK", "dcBLZ", run); }
+};
+
+TEST_F(FieldDescription, IsTheCaptionAndIsAskedOnce) {
+    oDBU.answers[query] = {{std::string("Bankleitzahl")}};
+    EXPECT_EQ(caption(), "Bankleitzahl");
+    EXPECT_EQ(caption(), "Bankleitzahl");
+    EXPECT_EQ(oDBU.statements, std::vector<std::string>{"value: " + query});
+}
+
+TEST_F(FieldDescription, IsUndefinedForAnUnknownColumn) {
+    EXPECT_EQ(caption(), "_UNDEFINIERT_");
+    EXPECT_EQ(caption(), "_UNDEFINIERT_");
+    EXPECT_EQ(oDBU.statements.size(), 1U);
+}
+
+TEST_F(FieldDescription, IsUndefinedWhenTheQueryFails) {
+    oDBU.failures.emplace(query, server_error("Tabelle fehlt"));
+    EXPECT_EQ(caption(), "_UNDEFINIERT_");
+}
+
+class UserInfo : public ValueByDate {
+protected:
+    std::pair<std::string, std::string> info(std::string user, std::string database_user) {
+        PROT_gGetUserInfo(user, database_user, run);
+        return {user, database_user};
+    }
+};
+
+TEST_F(UserInfo, TranslatesBothUserColumns) {
+    const struct {
+        const char *user, *database_user, *shown_user, *shown_database_user, *why;
+    } rows[] = {
+        {"Müller", "sa", "Müller", "Standardbenutzer", "a login hides the database login"},
+        {"_UNBEKANNT_7", "sa", "ohne Anmeldung an SRV-SQL01", "sa", "no login"},
+        {"_UNBEKANNT_", "sa", "ohne Anmeldung an SRV-SQL01", "sa", "nothing behind the prefix"},
+        {"_UNBEKANNT_7", "QUVOsqldbserver", "ohne Anmeldung an SRV-SQL01", "Standardbenutzer",
+         "the server's own login, without letter case"},
+        {"x_UNBEKANNT_", "sa", "x_UNBEKANNT_", "Standardbenutzer", "not at the start"},
+        {"_unbekannt_7", "sa", "_unbekannt_7", "Standardbenutzer", "letter case counts"},
+        {"", "", "", "Standardbenutzer", "no user at all"},
+    };
+    for (const auto& row : rows) {
+        const auto shown = info(row.user, row.database_user);
+        EXPECT_EQ(shown.first, row.shown_user) << row.why;
+        EXPECT_EQ(shown.second, row.shown_database_user) << row.why;
+    }
+    EXPECT_EQ(host.connection_codes, std::vector<int>{1206}) << "asked once in a run";
+}
+
+TEST_F(UserInfo, RaisesAnErrorWithItsName) {
+    host.connection_information_failure = server_error("Dienst fehlt");
+    try {
+        info("_UNBEKANNT_7", "sa");
+        FAIL();
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.source(), "000100000000|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.PROT_gGetUserInfo");
+    }
+}
+
+TEST(XmlValue, ReadsTheTextNullAsEmpty) {
+    const test::FakeXmlSelect::Documents documents = {{"doc", {{"a", "NULL", "null"}}}};
+    test::FakeXmlSelect oXML(documents);
+    oXML.load("doc");
+    EXPECT_EQ(gsXMLGetValue(oXML, "//Cols/Col[0]/OldValue"), "");
+    EXPECT_EQ(gsXMLGetValue(oXML, "//Cols/Col[0]/NewValue"), "null");
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,193 @@
+#include "sections/exchange_rates/ProtDevFrmFilter.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/unit/support/fakes.h"
+
+namespace prot {
+namespace {
+
+using test::FakeDatabase;
+using test::FakeHost;
+using test::server_error;
+using test::ShownBox;
+
+constexpr const char* currencies = "SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz";
+
+class RateFilter : public testing::Test {
+protected:
+    FakeHost host;
+    FakeDatabase oDBU;
+    std::string where = "alt", filter = "alt", commandline;
+
+    RateFilter() {
+        oDBU.answers[currencies] = {{std::int64_t{4}, std::string("AUD")},
+                                    {std::int64_t{2}, std::string("EUR")},
+                                    {std::int64_t{9}, std::string("USD")}};
+    }
+    bool ask(std::string parameters = {}) {
+        commandline = std::move(parameters);
+        ProtDevFrmFilter form(host.environment);
+        return form.gbGetFilter(where, filter, oDBU, commandline);
+    }
+    static void choose(Form& form, std::size_t from, std::size_t to) {
+        form.fields[0].selected = from;
+        form.fields[1].selected = to;
+    }
+};
+
+TEST_F(RateFilter, OffersAllCurrenciesFromTheLowestToTheHighestCode) {
+    host.person = [](Form& form, FormEvents& events) {
+        EXPECT_EQ(form.caption, "Protokollausgabe Devisenkurse");
+        ASSERT_EQ(form.fields.size(), 2U);
+        for (const ListField& field : form.fields) {
+            ASSERT_EQ(field.entries.size(), 3U);
+            EXPECT_EQ(field.entries[0].key, 4);
+            EXPECT_EQ(field.entries[1].text, "EUR");
+            EXPECT_TRUE(field.enabled);
+        }
+        EXPECT_EQ(form.fields[0].selected_text(), "AUD");
+        EXPECT_EQ(form.fields[1].selected_text(), "USD");
+        EXPECT_TRUE(form.key_preview);
+        EXPECT_FALSE(form.cancel_causes_validation);
+        events.cmdOK_Click();
+    };
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'AUD' AND 'USD'");
+    EXPECT_EQ(filter, "Von ISO Währungscode: AUD bis ISO Währungscode: USD");
+    EXPECT_EQ(host.setups, std::vector<int>{1000});
+    EXPECT_EQ(oDBU.statements, std::vector<std::string>{std::string("array: ") + currencies});
+    EXPECT_EQ(host.pointers, std::vector<Pointer>{Pointer::standard});
+}
+
+TEST_F(RateFilter, TakesWhatThePersonChose) {
+    host.person = [](Form& form, FormEvents& events) {
+        choose(form, 1, 2);
+        events.cmdOK_Click();
+    };
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'EUR' AND 'USD'");
+}
+
+TEST_F(RateFilter, IsFalseWhenThePersonCancels) {
+    host.person = [](Form&, FormEvents& events) { events.cmdCancel_Click(); };
+    EXPECT_FALSE(ask());
+    EXPECT_EQ(where, "alt");
+}
+
+TEST_F(RateFilter, RefusesARangeThatRunsBackwardsAndStaysOpen) {
+    host.person = [](Form& form, FormEvents& events) {
+        choose(form, 2, 1);
+        events.cmdOK_Click();
+        EXPECT_TRUE(form.shown);
+        EXPECT_EQ(form.focus, 1U);
+        choose(form, 1, 2);
+        events.cmdOK_Click();
+        EXPECT_FALSE(form.shown);
+    };
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(host.boxes,
+              (std::vector<ShownBox>{
+                  {"Der Wert im Feld 'bis ISO Währungscode' darf nicht kleiner sein als der Wert im Feld "
+                   "'von ISO Währungscode' !",
+                   BoxStyle::exclamation, "Unzulässige Aktion"}}));
+}
+
+TEST_F(RateFilter, ComparesTheRangeWithLetterCase) {
+    oDBU.answers[currencies] = {{std::int64_t{1}, std::string("aud")}, {std::int64_t{2}, std::string("EUR")}};
+    host.person = [](Form& form, FormEvents& events) {
+        events.cmdOK_Click();
+        EXPECT_TRUE(form.shown) << "EUR is smaller than aud";
+        events.cmdCancel_Click();
+    };
+    EXPECT_FALSE(ask());
+}
+
+TEST_F(RateFilter, AcceptsEqualCodes) {
+    host.person = [](Form& form, FormEvents& events) {
+        choose(form, 1, 1);
+        events.cmdOK_Click();
+    };
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'EUR' AND 'EUR'");
+}
+
+TEST_F(RateFilter, BatchWithoutRangeKeysTakesAllCurrenciesAndShowsNoForm) {
+    EXPECT_TRUE(ask("/sektion:15/autostart"));
+    EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'AUD' AND 'USD'");
+    EXPECT_EQ(commandline, "/sektion:15/autostart");
+    EXPECT_EQ(host.forms_shown, 0);
+}
+
+TEST_F(RateFilter, ReadsTheBatchRange) {
+    const struct {
+        const char* text;
+        const char* condition;
+        const char* why;
+    } rows[] = {
+        {"/autostart/vondevi:EUR/bisdevi:GBP", "'EUR' AND 'GBP'", "both bounds"},
+        {"/vondevi:EUR/autostart/bisdevi:GBP", "'AUD' AND 'GBP'", "keys before autostart are ignored"},
+        {"/AutoStart/VonDevi: chf ", "'chf' AND 'USD'",
+         "keys without letter case, values trimmed, case kept"},
+        {"/autostart/vondevi:/bisdevi: ", "'AUD' AND 'USD'", "empty values leave the default"},
+        {"/autostart/vondevi:USD/bisdevi:AUD", "'USD' AND 'AUD'", "the order is not checked"},
+        {"/autostart/vondevi:EUR/vondevi:GBP", "'GBP' AND 'USD'", "the last one holds"},
+        {"/autostart:1/vondevisen:EUR", "'EUR' AND 'USD'", "a key is the start of an item"},
+        {"autostart/vondevi:EUR", "'EUR' AND 'USD'", "the first item needs no slash"},
+        {"/autostart/auswertungsrahmen:A/vondevi:EUR", "'EUR' AND 'USD'", "always split at every slash"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_TRUE(ask(row.text)) << row.why;
+        EXPECT_EQ(where, std::string(" WHERE dcISOKennz BETWEEN ") + row.condition) << row.why;
+    }
+    EXPECT_EQ(host.forms_shown, 0);
+}
+
+TEST_F(RateFilter, ATextWithoutAutostartIsClearedAndTheFormShown) {
+    EXPECT_TRUE(ask("/sektion:15/vondevi:EUR"));
+    EXPECT_EQ(commandline, "");
+    EXPECT_EQ(host.forms_shown, 1);
+    EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'AUD' AND 'USD'");
+}
+
+TEST_F(RateFilter, WithoutCurrenciesBothFieldsSayFehltAndAreOff) {
+    oDBU.answers.clear();
+    host.person = [](Form& form, FormEvents& events) {
+        for (const ListField& field : form.fields) {
+            ASSERT_EQ(field.entries.size(), 1U);
+            EXPECT_EQ(field.selected_text(), "Fehlt!");
+            EXPECT_FALSE(field.enabled);
+        }
+        events.cmdOK_Click();
+    };
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'Fehlt!' AND 'Fehlt!'");
+    EXPECT_TRUE(ask("/autostart"));
+    EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'Fehlt!' AND 'Fehlt!'") << "in batch mode too";
+}
+
+TEST_F(RateFilter, ShowsHelpOnF1Alone) {
+    host.person = [](Form&, FormEvents& events) {
+        events.Form_KeyDown({.code = key_f1, .shift = true});
+        events.Form_KeyDown({.code = key_f1, .control = true});
+        events.Form_KeyDown({.code = key_f1, .alt = true});
+        events.Form_KeyDown({.code = 113});
+        events.Form_KeyDown({.code = key_f1});
+        events.cmdOK_Click();
+    };
+    ask();
+    EXPECT_EQ(host.help_topics, std::vector<std::string>{
+                                    "mivra_allgemein.xml#HID_MIVRA_ALLGEMEIN_PROTOKOLLIERUNG_DEVISENKURSE"});
+}
+
+TEST_F(RateFilter, ShowsAnErrorAndIsFalse) {
+    oDBU.failures.emplace(currencies, server_error("Tabelle fehlt"));
+    EXPECT_FALSE(ask("/autostart"));
+    ASSERT_EQ(host.errors.size(), 1U);
+    EXPECT_EQ(host.errors[0].source,
+              "000100000000|srvprotqrbcsv|Testserver\r\nProtDevFrmFilter.mIsoWaehrungLesen");
+    EXPECT_EQ(host.forms_shown, 0);
+}
+
+}  // namespace
+}  // namespace prot
