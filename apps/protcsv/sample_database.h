@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace prot {
+
+/// Options of a sample database.
+struct SampleOptions {
+    std::uint64_t seed = 1;
+    std::optional<std::int64_t>
+        rows;  ///< rows of the whole log; without it, the small log that people look at
+};
+
+/// The largest SampleOptions::rows.
+inline constexpr std::int64_t most_sample_rows = 30'000'000;
+
+/// Writes a new SQLite file with master data and a change log in which every kind of change, author and value
+/// occurs. `path` is UTF-8 and must not hold a database yet. The same options give the same content, on every
+/// system and on every day. Memory does not grow with the rows. Errors: AutomationError with one German line;
+/// what was written until then stays and is the caller's to remove.
+void write_sample_database(const std::string& path, const SampleOptions& options);
+
+}  // namespace prot

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace prot::sample {
+
+/// A SQLite file that is being written. Every failure is an AutomationError, number 0x80040000 + SQLite's
+/// extended result code, with the path in its one German line.
+class SampleFile {
+public:
+    /// Creates the file when it does not exist.
+    explicit SampleFile(const std::string& path);
+
+    /// Runs statements that return nothing of interest, separated by semicolons.
+    void execute(const std::string& sql);
+
+    std::int64_t last_key() const;  ///< key of the row that was inserted last
+
+    /// Closes the file; a failure that shows only now is raised.
+    void close();
+
+private:
+    friend class Insert;
+    [[noreturn]] void fail() const;
+
+    struct Closer {
+        void operator()(sqlite3* connection) const noexcept;
+    };
+    std::string path_;
+    std::unique_ptr<sqlite3, Closer> connection_;
+};
+
+/// A prepared INSERT. Must not outlive its file.
+class Insert {
+public:
+    Insert(SampleFile& file, std::string_view sql);
+
+    /// Inserts one row; values in the order of the statement's parameters. Texts are UTF-8, an empty optional
+    /// is NULL.
+    template <class... Values>
+    void row(const Values&... values) {
+        int index = 0;
+        (bind(++index, values), ...);
+        step();
+    }
+
+private:
+    void bind(int index, std::nullopt_t);
+    void bind(int index, std::string_view text);
+    void bind(int index, double number);
+    void bind_integer(int index, std::int64_t number);
+    template <std::integral Number>
+    void bind(int index, Number number) {
+        bind_integer(index, number);
+    }
+    template <class T>
+    void bind(int index, const std::optional<T>& value) {
+        if (value) {
+            bind(index, *value);
+        } else {
+            bind(index, std::nullopt);
+        }
+    }
+    void step();
+
+    struct Finalizer {
+        void operator()(sqlite3_stmt* statement) const noexcept;
+    };
+    SampleFile& file_;
+    std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
+};
+
+}  // namespace prot::sample

@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <string>
+#include <vector>
+
+/// Whole runs of the program. Each folder beside this file is a case:
+///   purpose.txt      why the case exists
+///   command.txt      the arguments, as a shell reads them; $DB is the database, $OUT an empty folder
+///   input.sql        makes the database; without it the case runs on the sample database
+///   answers.txt      standard input, when the command reads it
+///   expected.csv     the file whose path the program printed; absent when it must print none
+///   expected.sql     every statement sent, one a line; absent when the case does not look at them
+///   expected.txt     exit status, then standard error
+/// PROT_UPDATE_GOLDEN=1 rewrites the expected files; the difference is reviewed before it is committed.
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path cases_folder = fs::path(PROT_SOURCE_DIR) / "tests" / "golden";
+
+std::string read(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+void write(const fs::path& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
+
+std::vector<std::string> case_names() {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(cases_folder))
+        if (fs::exists(entry.path() / "command.txt")) names.push_back(entry.path().filename().string());
+    std::ranges::sort(names);
+    return names;
+}
+
+int run_shell(const std::string& command) {
+    const int status = std::system(command.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+void make_database(const fs::path& path, const fs::path& script) {
+    sqlite3* database = nullptr;
+    ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(database, read(script).c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+        << sqlite3_errmsg(database);
+    sqlite3_close(database);
+}
+
+/// The statements of a statement log, one a line.
+std::string statements_of(const std::string& log) {
+    static const std::regex pattern("\"op\":\"(\\w+)\".*?\"sql\":\"((?:[^\"\\\\]|\\\\.)*)\"");
+    std::string statements;
+    std::istringstream lines(log);
+    for (std::string line; std::getline(lines, line);) {
+        std::smatch match;
+        if (std::regex_search(line, match, pattern)) statements += match[1].str() + ": " + match[2].str() + "\n";
+    }
+    return statements;
+}
+
+class Golden : public testing::TestWithParam<std::string> {
+protected:
+    const fs::path folder = cases_folder / GetParam();
+    const fs::path work = fs::temp_directory_path() / ("golden-" + GetParam() + "-" + std::to_string(getpid()));
+
+    void SetUp() override { fs::create_directories(work / "out"); }
+    void TearDown() override { fs::remove_all(work); }
+
+    void compare(const std::string& actual, const char* file) const {
+        if (std::getenv("PROT_UPDATE_GOLDEN")) write(folder / file, actual);
+        EXPECT_EQ(read(folder / file), actual) << "in " << folder / file;
+    }
+    std::string quoted(const fs::path& path) const { return "'" + path.string() + "'"; }
+    std::string without_work_folder(std::string text) const {
+        for (std::size_t at; (at = text.find(work.string())) != std::string::npos;)
+            text.replace(at, work.string().size(), "$WORK");
+        return text;
+    }
+};
+
+TEST_P(Golden, Case) {
+    const fs::path database = work / "log.db";
+    if (fs::exists(folder / "input.sql"))
+        make_database(database, folder / "input.sql");
+    else
+        ASSERT_EQ(run_shell(std::string(PROT_PROGRAM) + " sample " + quoted(database) + " >/dev/null"), 0);
+
+    std::string arguments = read(folder / "command.txt");
+    arguments.erase(arguments.find_last_not_of('\n') + 1);
+    const fs::path answers = fs::exists(folder / "answers.txt") ? folder / "answers.txt" : fs::path("/dev/null");
+    const int status = run_shell("cd " + quoted(work) + " && DB=log.db OUT=out && " + PROT_PROGRAM + " " + arguments +
+                                 " --sql-log sql.json <" + quoted(answers) + " >stdout 2>stderr");
+
+    compare("exit " + std::to_string(status) + "\n" + without_work_folder(read(work / "stderr")), "expected.txt");
+    const bool updating = std::getenv("PROT_UPDATE_GOLDEN") != nullptr;
+    std::string printed = read(work / "stdout");
+    const bool wrote_file = !printed.empty();
+    if (wrote_file) {
+        ASSERT_EQ(printed.find('\n'), printed.size() - 1) << "exactly one path";
+        printed.pop_back();
+        compare(read(work / printed), "expected.csv");
+    } else {
+        EXPECT_FALSE(!updating && fs::exists(folder / "expected.csv")) << "no file was written";
+    }
+    if (fs::exists(folder / "expected.sql")) compare(statements_of(read(work / "sql.json")), "expected.sql");
+    for (const auto& entry : fs::recursive_directory_iterator(work / "out"))
+        EXPECT_EQ(entry.path().extension(), ".csv") << "left behind: " << entry.path();
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, Golden, testing::ValuesIn(case_names()),
+                         [](const auto& info) { return info.param; });
+
+}  // namespace

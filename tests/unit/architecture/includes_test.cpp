@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <span>
+#include <string>
+#include <vector>
+
+/// Includes point downwards only; this is what keeps one core behind two faces.
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder and the folders whose headers it may include, longest folder first.
+struct Layer {
+    std::string_view folder;
+    std::vector<std::string_view> may_include;
+    bool third_party;   // libraries and system headers
+};
+
+const std::vector<Layer> layers = {
+    {"platform/automation/", {"platform/automation/"}, false},
+    {"platform/portable/", {"platform/portable/", "platform/"}, true},
+    {"platform/windows/", {"platform/windows/", "platform/"}, true},
+    {"platform/", {"platform/"}, false},
+    {"core/", {"core/", "platform/"}, false},
+    {"sections/exchange_rates/", {"sections/exchange_rates/", "core/", "platform/"}, false},
+    {"sections/", {"sections/", "core/", "platform/"}, false},
+    {"apps/", {"apps/", "sections/", "core/", "platform/"}, true},
+};
+
+constexpr auto standard_headers = std::to_array<std::string_view>(
+    {"algorithm",   "array",     "charconv",      "chrono",       "cmath",       "cstddef",    "cstdint",
+     "cstdio",      "cstdlib",   "cstring",       "deque",        "exception",   "filesystem", "functional",
+     "initializer_list", "iterator", "limits",    "list",         "map",         "memory",     "new",
+     "numeric",     "optional",  "set",           "span",         "sstream",     "stdexcept",  "string",
+     "string_view", "system_error", "tuple",      "type_traits",  "unordered_map", "unordered_set", "utility",
+     "variant",     "vector"});
+
+struct Include {
+    std::string file, header;
+    bool angled;
+};
+
+std::vector<Include> includes_below(const fs::path& root, const char* top) {
+    static const std::regex pattern("^\\s*#\\s*include\\s*([<\"])([^>\"]+)[>\"]");
+    std::vector<Include> includes;
+    for (const auto& entry : fs::recursive_directory_iterator(root / top)) {
+        const std::string extension = entry.path().extension().string();
+        if (extension != ".h" && extension != ".cpp") continue;
+        std::ifstream file(entry.path());
+        for (std::string line; std::getline(file, line);) {
+            std::smatch match;
+            if (std::regex_search(line, match, pattern))
+                includes.push_back({fs::relative(entry.path(), root).generic_string(), match[2], match[1] == "<"});
+        }
+    }
+    return includes;
+}
+
+const Layer& layer_of(const std::string& file) {
+    return *std::ranges::find_if(layers, [&](const Layer& layer) { return file.starts_with(layer.folder); });
+}
+
+/// Implementations are no part of platform/, although their folders lie in it.
+bool is_implementation(const std::string& header) {
+    return header.starts_with("platform/portable/") || header.starts_with("platform/windows/");
+}
+
+bool allowed(const Include& include) {
+    const Layer& layer = layer_of(include.file);
+    if (include.angled)
+        return layer.third_party || std::ranges::find(standard_headers, include.header) != standard_headers.end();
+    const bool app = layer.folder == "apps/";
+    if (is_implementation(include.header) && !app && !include.header.starts_with(layer.folder)) return false;
+    if (layer.folder != "sections/" && layer.folder != "apps/" && include.header.starts_with("sections/") &&
+        !include.header.starts_with(layer.folder))
+        return false;
+    return std::ranges::any_of(layer.may_include,
+                               [&](std::string_view folder) { return include.header.starts_with(folder); });
+}
+
+TEST(Architecture, IncludesPointDownwards) {
+    std::size_t checked = 0;
+    for (const char* top : {"platform", "core", "sections", "apps"}) {
+        for (const Include& include : includes_below(PROT_SOURCE_DIR, top)) {
+            ++checked;
+            EXPECT_TRUE(allowed(include)) << include.file << " must not include " << include.header;
+        }
+    }
+    EXPECT_GT(checked, 100U);
+}
+
+TEST(Architecture, TheCheckKnowsWhatIsForbidden) {
+    const Include rows[] = {
+        {"core/run.h", "sections/exchange_rates/CProtDevCsv.h", false},
+        {"core/run.h", "platform/portable/sqlite_database.h", false},
+        {"core/run.h", "sqlite3.h", true},
+        {"platform/database.h", "core/run.h", false},
+        {"platform/database.h", "platform/portable/terminal.h", false},
+        {"platform/portable/terminal.h", "core/run.h", false},
+        {"platform/portable/terminal.h", "platform/windows/form.h", false},
+        {"sections/exchange_rates/rate_lines.h", "sections/open_items/lines.h", false},
+        {"sections/exchange_rates/rate_lines.h", "sections/section_table.h", false},
+        {"sections/exchange_rates/rate_lines.h", "apps/protcsv/options.h", false},
+        {"sections/section_table.cpp", "windows.h", true},
+    };
+    for (const Include& include : rows) EXPECT_FALSE(allowed(include)) << include.file << " " << include.header;
+}
+
+TEST(Architecture, FilesStayReadable) {
+    for (const char* top : {"platform", "core", "sections", "apps"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(fs::path(PROT_SOURCE_DIR) / top)) {
+            if (!entry.is_regular_file()) continue;
+            std::ifstream file(entry.path());
+            const auto lines = std::count(std::istreambuf_iterator<char>(file), {}, '\n');
+            EXPECT_LE(lines, 400) << entry.path() << " asks to be two files";
+        }
+    }
+}
+
+}  // namespace
