@@ -1,5 +1,6 @@
 #include "platform/row_set.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace prot {
@@ -26,12 +27,27 @@ Value Cell::value() const {
 }
 
 void RowSet::add_row() {
-    if (rows_ % rows_per_block == 0) {
-        blocks_.push_back(std::make_unique<Cell[]>(rows_per_block * columns_));
-        memory_ += rows_per_block * columns_ * sizeof(Cell);
-    }
+    if (rows_ == 0)
+        add_cells(first_rows);
+    else if (rows_ == first_rows)
+        widen_first_block();
+    else if (rows_ % rows_per_block == 0)
+        add_cells(rows_per_block);
     last_row_ = blocks_.back().get() + (rows_ % rows_per_block) * columns_;
     ++rows_;
+}
+
+void RowSet::add_cells(std::size_t rows) {
+    blocks_.push_back(std::make_unique<Cell[]>(rows * columns_));
+    memory_ += rows * columns_ * sizeof(Cell);
+}
+
+void RowSet::widen_first_block() {
+    const auto narrow = std::move(blocks_.front());
+    blocks_.clear();
+    memory_ -= first_rows * columns_ * sizeof(Cell);
+    add_cells(rows_per_block);
+    std::copy_n(narrow.get(), first_rows * columns_, blocks_.front().get());
 }
 
 void RowSet::set(std::size_t column, std::string_view text) {

@@ -72,6 +72,10 @@ public:
 
 private:
     static constexpr std::size_t rows_per_block = 256;
+    static constexpr std::size_t first_rows =
+        2;  // most results are a lookup's single row: the first block starts small
+    void add_cells(std::size_t rows);
+    void widen_first_block();
     Cell& cell(std::size_t column) { return last_row_[column]; }
     const char* store(std::string_view text);
     char* add_block(std::size_t size);

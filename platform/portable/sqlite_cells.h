@@ -1,0 +1,40 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "platform/automation/date.h"
+#include "platform/row_set.h"
+
+namespace prot {
+
+/// The date that `text` writes in the form YYYY-MM-DD, YYYY-MM-DD HH:MM:SS or YYYY-MM-DD HH:MM:SS.fraction
+/// (also with T between date and time); nothing for any other text. The fraction counts, as it does in the
+/// server's dates.
+std::optional<Date> read_iso_date(std::string_view text);
+
+/// Whether a column of this declared type holds dates: DATETIME, DATE or TIMESTAMP, letter case ignored, also
+/// with a size in parentheses. Null: the column has no declared type.
+bool is_date_type(const char* declared_type);
+
+/// Reads the current row of a statement.
+class SqliteCells {
+public:
+    /// To be made when the first row is there: only then SQLite has settled what the columns are.
+    explicit SqliteCells(sqlite3_stmt* statement);
+
+    std::size_t columns() const { return is_date_.size(); }
+
+    /// By storage class: integer, real, text, a blob's bytes as text; a text in a date column as its date
+    /// when it is one. The text is valid until the next row.
+    Cell read(std::size_t column) const;
+
+private:
+    sqlite3_stmt* statement_;
+    std::vector<char> is_date_;  // per column
+};
+
+}  // namespace prot

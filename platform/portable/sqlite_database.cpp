@@ -1,0 +1,133 @@
+#include "platform/portable/sqlite_database.h"
+
+#include <cstdio>
+#include <filesystem>
+
+#include "platform/portable/sqlite_cells.h"
+#include "platform/portable/sqlite_connection.h"
+#include "platform/portable/sqlite_statements.h"
+#include "platform/portable/sqlite_temporary_table.h"
+#include "platform/portable/tsql_dialect.h"
+#include "platform/portable/tsql_refusal.h"
+
+namespace prot {
+
+namespace {
+
+void set_cell(RowSet& rows, std::size_t column, const Cell& cell) {
+    switch (cell.type()) {
+        case Cell::Type::integer:
+            return rows.set(column, cell.integer());
+        case Cell::Type::real:
+            return rows.set(column, cell.real());
+        case Cell::Type::date:
+            return rows.set(column, cell.date());
+        case Cell::Type::text:
+            return rows.set(column, cell.text());
+        case Cell::Type::null:
+            return;
+    }
+}
+
+TsqlStatement single_query(std::string_view sql) {
+    std::vector<TsqlStatement> statements = translate_tsql(sql);
+    for (const TsqlStatement& statement : statements)
+        if (statements.size() > 1 || statement.kind != TsqlStatement::Kind::query) {
+            const auto offset = static_cast<std::size_t>(statement.source.data() - sql.data());
+            refuse_statement(sql, offset, statement.source.size(),
+                             "eine Abfrage ist genau ein SELECT ohne INTO");
+        }
+    return std::move(statements.front());
+}
+
+class SqliteDatabase : public Database {
+public:
+    SqliteDatabase(const std::string& path, SqliteAccess access) : connection_(path, access) {}
+
+    Value query_value(std::string_view sql) override {
+        connection_.require();
+        const TsqlStatement query = single_query(sql);
+        SqliteRun run = start(query);
+        return run.next_row() ? SqliteCells(run.statement()).read(0).value() : Value();
+    }
+
+    RowSet query_array(std::string_view sql) override {
+        connection_.require();
+        const TsqlStatement query = single_query(sql);
+        SqliteRun run = start(query);
+        if (!run.next_row()) return {};
+        const SqliteCells cells(run.statement());
+        RowSet rows(cells.columns());
+        do {
+            rows.add_row();
+            for (std::size_t column = 0; column < cells.columns(); ++column)
+                set_cell(rows, column, cells.read(column));
+        } while (run.next_row());
+        return rows;
+    }
+
+    void execute(std::string_view sql) override {
+        connection_.require();
+        for (const TsqlStatement& statement : translate_tsql(sql)) {
+            if (statement.kind == TsqlStatement::Kind::fill_temporary_table)
+                fill_temporary_table(connection_, statement);
+            else
+                start(statement).finish();
+        }
+    }
+
+    std::string date_literal(Date date) override {
+        const CivilTime civil = to_civil(date);
+        char text[32];
+        std::snprintf(text, sizeof text, "'%04d-%02d-%02d %02d:%02d:%02d'", civil.year, civil.month,
+                      civil.day, civil.hour, civil.minute, civil.second);
+        return text;
+    }
+
+    std::string like_wildcard() override { return "%"; }
+
+    void require_connection() override { connection_.require(); }
+
+private:
+    SqliteRun start(const TsqlStatement& statement) {
+        sqlite3_stmt* const prepared = statements_.find_or_prepare(statement.text, statement.source);
+        return {connection_, prepared, statement.parameters, statement.source};
+    }
+
+    SqliteConnection connection_;
+    SqliteStatements statements_{connection_};
+};
+
+class SqliteConnectionInformation : public ConnectionInformation {
+public:
+    explicit SqliteConnectionInformation(const std::string& path) : path_(path) {}
+
+    std::array<std::string, 10> fields(int code) override {
+        std::array<std::string, 10> result;
+        if (code == server_name) result.back() = file_name();
+        return result;
+    }
+
+private:
+    static constexpr int server_name = 1206;
+
+    std::string file_name() const {
+        const std::filesystem::path path(std::u8string(path_.begin(), path_.end()));
+        const std::u8string name = path.filename().u8string();
+        return {name.begin(), name.end()};
+    }
+
+    std::string path_;
+};
+
+}  // namespace
+
+std::unique_ptr<Database> open_sqlite_database(const std::string& path, SqliteAccess access) {
+    return std::make_unique<SqliteDatabase>(path, access);
+}
+
+std::unique_ptr<ConnectionInformation> sqlite_connection_information(const std::string& path) {
+    return std::make_unique<SqliteConnectionInformation>(path);
+}
+
+}  // namespace prot

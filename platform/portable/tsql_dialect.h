@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace prot {
+
+/// The value of a literal that stands as a parameter (?) in a translated statement.
+using TsqlParameter = std::variant<std::int64_t, double, std::string>;
+
+/// One T-SQL statement in SQLite's dialect.
+struct TsqlStatement {
+    enum class Kind : std::uint8_t {
+        query,                 ///< SELECT
+        fill_temporary_table,  ///< SELECT … INTO #t: `text` is the SELECT without INTO, `temporary_table` is
+                               ///< #t
+        removal,  ///< DELETE
+        drop      ///< DROP TABLE of a temporary table
+    };
+
+    Kind kind = Kind::query;
+    std::string text;
+    std::vector<TsqlParameter> parameters;  ///< in the order of the question marks
+    std::string temporary_table;            ///< the name with its #
+    std::string_view source;                ///< the statement as written; points into the translated text
+};
+
+/// Translates a batch of T-SQL statements, with or without semicolons between them, for SQLite. A pure
+/// function; nothing is returned unless all of the batch is understood, everything else is refused (see
+/// refuse_statement).
+///
+/// Understood:
+/// - SELECT [ALL|DISTINCT] [TOP n] … [INTO #t] [FROM …] [WHERE …] [GROUP BY columns [HAVING …]] [ORDER BY …],
+/// with
+///   UNION [ALL], EXCEPT, INTERSECT; comma joins, INNER, LEFT and CROSS JOIN, parenthesised joins, derived
+///   tables;
+/// - DELETE [FROM] T [WHERE …]; DROP TABLE [IF EXISTS] #t;
+/// - conditions of comparisons, AND, OR, NOT, BETWEEN, IN, LIKE, IS NULL, EXISTS; COUNT, MIN, MAX, SUM.
+///
+/// What differs between the two dialects and is rewritten:
+/// - TOP n becomes LIMIT n at the end of its SELECT;
+/// - any parentheses around a subquery stand for its whole row set, as on the server; SQLite would read
+///   IN ((SELECT …)) as a single value. A list such as IN ((SELECT …), 3) keeps its single values;
+/// - #t is looked for among the connection's temporary tables only;
+/// - every name is quoted, so that no name is a keyword or a constant of SQLite's.
+///
+/// Refused because SQLite would run it with another meaning: arithmetic (+ joins texts and adds days on the
+/// server), all other functions, an empty IN (), LIKE patterns with [ ] sets or from a column, INTERSECT
+/// behind UNION without parentheses.
+///
+/// Numbers and texts in WHERE become parameters, so that statements of one shape have one text; beyond
+/// `most_parameters` they stay in the text, since a longer list is no shape that comes again.
+inline constexpr std::size_t most_parameters = 250;
+
+std::vector<TsqlStatement> translate_tsql(std::string_view text);
+
+}  // namespace prot
