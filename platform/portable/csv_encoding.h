@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace prot {
+
+enum class CsvEncoding { utf8_bom, utf8, windows_1252 };
+
+/// The bytes of CSV lines. Cells come as UTF-8. A line ends in CR LF; a cell is quoted only when it holds the
+/// separator, a double quote, CR or LF, quotes inside doubled (RFC 4180).
+class CsvLineEncoder {
+public:
+    /// separator: one byte of the encoding, not a quote, CR or LF. raw_cells: formula guards are left out.
+    CsvLineEncoder(char separator, CsvEncoding encoding, bool raw_cells);
+
+    /// Appends one line to `out`.
+    void append_line(std::span<const std::string> cells, std::string& out);
+
+    /// Whether windows-1252 could not hold a character of a line so far, so that it became a question mark.
+    bool replaced_characters() const { return replaced_characters_; }
+
+private:
+    void append_with_care(std::string_view cell, std::uint8_t cares, std::string& out);
+    std::uint8_t cares_of(std::string_view cell) const;
+    bool encode(std::string_view& cell);
+
+    std::array<std::uint8_t, 256> cares_{};  // what the writing has to care for when a cell holds the byte
+    char separator_;
+    bool windows_1252_;
+    bool guards_;
+    bool replaced_characters_ = false;
+    std::string encoded_;
+};
+
+/// What a file of this encoding begins with; empty for most.
+std::string_view byte_order_mark(CsvEncoding encoding);
+
+/// Whether a spreadsheet may take `cell` for a formula and run it: it begins with = + - @ TAB or CR and is
+/// not a number (optional sign, digits, at most one point or comma, at least one digit).
+bool looks_like_formula(std::string_view cell);
+
+/// Appends `text` as valid UTF-8: each byte that is not part of a valid character (RFC 3629) becomes U+FFFD.
+void append_valid_utf8(std::string_view text, std::string& out);
+
+/// Appends `text`, which is UTF-8, in windows-1252. What that cannot hold, invalid bytes included, becomes
+/// "?"; then the result is true.
+bool append_windows_1252(std::string_view text, std::string& out);
+
+}  // namespace prot
