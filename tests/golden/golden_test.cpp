@@ -19,7 +19,7 @@
 ///   answers.txt      standard input, when the command reads it
 ///   expected.csv     the file whose path the program printed; absent when it must print none
 ///   expected.sql     every statement sent, one a line; absent when the case does not look at them
-///   expected.txt     exit status, then standard error
+///   expected.txt     exit status, standard error, and what the log holds afterwards
 /// PROT_UPDATE_GOLDEN=1 rewrites the expected files; the difference is reviewed before it is committed.
 namespace {
 
@@ -57,6 +57,21 @@ void make_database(const fs::path& path, const fs::path& script) {
     sqlite3_close(database);
 }
 
+/// How many rows a table has; "none" when there is no such table.
+std::string rows_in(const fs::path& path, const std::string& table) {
+    sqlite3* database = nullptr;
+    sqlite3_stmt* statement = nullptr;
+    std::string rows = "none";
+    if (sqlite3_open(path.c_str(), &database) == SQLITE_OK &&
+        sqlite3_prepare_v2(database, ("SELECT COUNT(*) FROM " + table).c_str(), -1, &statement, nullptr) ==
+            SQLITE_OK &&
+        sqlite3_step(statement) == SQLITE_ROW)
+        rows = std::to_string(sqlite3_column_int64(statement, 0));
+    sqlite3_finalize(statement);
+    sqlite3_close(database);
+    return rows;
+}
+
 /// The statements of a statement log, one a line.
 std::string statements_of(const std::string& log) {
     static const std::regex pattern("\"op\":\"(\\w+)\".*?\"sql\":\"((?:[^\"\\\\]|\\\\.)*)\"");
@@ -64,7 +79,8 @@ std::string statements_of(const std::string& log) {
     std::istringstream lines(log);
     for (std::string line; std::getline(lines, line);) {
         std::smatch match;
-        if (std::regex_search(line, match, pattern)) statements += match[1].str() + ": " + match[2].str() + "\n";
+        if (std::regex_search(line, match, pattern))
+            statements += match[1].str() + ": " + match[2].str() + "\n";
     }
     return statements;
 }
@@ -72,7 +88,8 @@ std::string statements_of(const std::string& log) {
 class Golden : public testing::TestWithParam<std::string> {
 protected:
     const fs::path folder = cases_folder / GetParam();
-    const fs::path work = fs::temp_directory_path() / ("golden-" + GetParam() + "-" + std::to_string(getpid()));
+    const fs::path work =
+        fs::temp_directory_path() / ("golden-" + GetParam() + "-" + std::to_string(getpid()));
 
     void SetUp() override { fs::create_directories(work / "out"); }
     void TearDown() override { fs::remove_all(work); }
@@ -98,11 +115,15 @@ TEST_P(Golden, Case) {
 
     std::string arguments = read(folder / "command.txt");
     arguments.erase(arguments.find_last_not_of('\n') + 1);
-    const fs::path answers = fs::exists(folder / "answers.txt") ? folder / "answers.txt" : fs::path("/dev/null");
-    const int status = run_shell("cd " + quoted(work) + " && DB=log.db OUT=out && " + PROT_PROGRAM + " " + arguments +
-                                 " --sql-log sql.json <" + quoted(answers) + " >stdout 2>stderr");
+    const fs::path answers =
+        fs::exists(folder / "answers.txt") ? folder / "answers.txt" : fs::path("/dev/null");
+    const int status = run_shell("cd " + quoted(work) + " && DB=log.db OUT=out && " + PROT_PROGRAM + " " +
+                                 arguments + " --sql-log sql.json <" + quoted(answers) + " >stdout 2>stderr");
 
-    compare("exit " + std::to_string(status) + "\n" + without_work_folder(read(work / "stderr")), "expected.txt");
+    compare("exit " + std::to_string(status) + "\n" + without_work_folder(read(work / "stderr")) +
+                "log records " + rows_in(database, "tProtokoll") + ", memo records " +
+                rows_in(database, "tProtokollMemo") + "\n",
+            "expected.txt");
     const bool updating = std::getenv("PROT_UPDATE_GOLDEN") != nullptr;
     std::string printed = read(work / "stdout");
     const bool wrote_file = !printed.empty();
@@ -119,6 +140,6 @@ TEST_P(Golden, Case) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, Golden, testing::ValuesIn(case_names()),
-                         [](const auto& info) { return info.param; });
+                         [](const auto& golden) { return golden.param; });
 
 }  // namespace

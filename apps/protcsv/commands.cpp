@@ -1,0 +1,85 @@
+#include "apps/protcsv/commands.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <ostream>
+
+#include <unistd.h>
+
+#include "apps/protcsv/interruption.h"
+#include "apps/protcsv/sample_database.h"
+#include "platform/automation/error.h"
+
+namespace prot {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The file under construction; removed unless it is kept.
+class UnfinishedFile {
+public:
+    explicit UnfinishedFile(std::string path) : path_(std::move(path)) { set_unfinished_file(path_); }
+    UnfinishedFile(const UnfinishedFile&) = delete;
+    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+    ~UnfinishedFile() {
+        std::error_code ignored;
+        fs::remove(path_, ignored);
+        set_unfinished_file({});
+    }
+
+    const std::string& path() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+[[noreturn]] void fail(const std::string& description) {
+    throw AutomationError(ErrorNumber::file, description);
+}
+
+void require_free_place(const fs::path& path, bool overwrite) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(path, ignored);
+    if (!fs::exists(status)) return;
+    if (!fs::is_regular_file(status)) fail("„" + path.string() + "“ ist keine gewöhnliche Datei.");
+    if (!overwrite) fail("Die Datei „" + path.string() + "“ gibt es schon; --overwrite ersetzt sie.");
+}
+
+}  // namespace
+
+int print(const Console& console, std::string_view text) {
+    console.out << text << std::flush;
+    if (console.out) return exit_done;
+    complain(console, "Die Standardausgabe lässt sich nicht beschreiben.");
+    return exit_error;
+}
+
+void complain(const Console& console, std::string_view text) {
+    console.err << "protcsv: " << text << std::endl;
+}
+
+int print_sections(const Console& console, SectionTable sections) {
+    std::size_t width = 0;
+    for (const Section& section : sections) width = std::max(width, section.name.size());
+    std::string text;
+    for (const Section& section : sections) {
+        const std::string number = std::to_string(section.number);
+        text += std::string(number.size() < 2 ? 2 - number.size() : 0, ' ') + number + "  ";
+        text += std::string(section.name) + std::string(width - section.name.size() + 2, ' ');
+        text += std::string(section.title) + '\n';
+    }
+    return print(console, text);
+}
+
+int write_sample(const Options& options, const Console& console) {
+    require_free_place(options.sample_file, options.overwrite);
+    const UnfinishedFile unfinished(options.sample_file + ".unfertig-" + std::to_string(getpid()));
+    write_sample_database(unfinished.path(), options.sample);
+    std::error_code error;
+    fs::rename(unfinished.path(), options.sample_file, error);
+    if (error) fail("Die Datei „" + options.sample_file + "“ lässt sich nicht anlegen.");
+    return print(console, options.sample_file + '\n');
+}
+
+}  // namespace prot

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string_view>
+
+#include "apps/protcsv/console.h"
+#include "apps/protcsv/options.h"
+#include "core/section_table.h"
+
+/// What the commands do. Each returns the exit status; AutomationError and UsageError, which a person reads
+/// as one line, reach the caller.
+namespace prot {
+
+inline constexpr int exit_done = 0;
+inline constexpr int exit_error = 1;
+inline constexpr int exit_usage = 2;
+inline constexpr int exit_cancelled = 3;
+
+/// Writes `text` to standard output; an error when it does not arrive.
+int print(const Console& console, std::string_view text);
+
+/// Writes one line of the program's own to standard error.
+void complain(const Console& console, std::string_view text);
+
+int print_sections(const Console& console, SectionTable sections);
+
+/// Writes the sample database beside its place and moves it there; an existing file is replaced only when
+/// asked for.
+int write_sample(const Options& options, const Console& console);
+
+/// export, delete and run: opens the database and runs the section's exporter. An error of the run itself is
+/// shown as a problem report. On success standard output gets the path of the finished file.
+int run_log(const Options& options, const Console& console, SectionTable sections);
+
+}  // namespace prot

@@ -1,0 +1,60 @@
+#include "apps/protcsv/host.h"
+
+#include <chrono>
+#include <ctime>
+
+#include "apps/protcsv/interruption.h"
+#include "platform/portable/pugi_xml_select.h"
+#include "platform/portable/sqlite_database.h"
+#include "platform/portable/terminal_error_display.h"
+#include "platform/portable/terminal_help_display.h"
+
+namespace prot {
+
+CivilTime Host::SystemClock::now() {
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+    std::tm local{};
+    localtime_r(&seconds, &local);
+    // A leap second counts as the last ordinary one.
+    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+            local.tm_hour,        local.tm_min,     local.tm_sec > 59 ? 59 : local.tm_sec};
+}
+
+Host::Host(const Options& options, Terminal& terminal)
+    : csv_(options.csv),
+      terminal_(terminal),
+      message_boxes_(terminal, options.yes),
+      forms_(terminal),
+      connection_information_(sqlite_connection_information(options.database)) {}
+
+Environment Host::environment() {
+    return {*this, message_boxes_, forms_, pointer_, *connection_information_, clock_, notices_};
+}
+
+std::unique_ptr<CsvWriter> Host::create_csv_writer() { return std::make_unique<CsvFileWriter>(csv_, *this); }
+
+std::unique_ptr<XmlSelect> Host::create_xml_select() { return create_pugi_xml_select(); }
+
+std::unique_ptr<ErrorDisplay> Host::create_error_display() {
+    return std::make_unique<TerminalErrorDisplay>(terminal_);
+}
+
+std::unique_ptr<HelpDisplay> Host::create_help_display() {
+    return std::make_unique<TerminalHelpDisplay>(terminal_);
+}
+
+std::optional<std::string> Host::ask_file_name(const std::string& suggestion) {
+    return terminal_.ask("Dateiname", suggestion);
+}
+
+void Host::unfinished_file(const std::string& path) { set_unfinished_file(path); }
+
+void Host::file_finished(const std::string& path) { finished_file_ = path; }
+
+void Host::characters_replaced(const std::string& path) {
+    terminal_.complain("Was die Kodierung nicht kennt, steht als ? in der Datei „" + path + "“.");
+}
+
+void Host::show_file(const std::string& /*path*/) {}
+
+}  // namespace prot

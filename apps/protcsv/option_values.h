@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "core/section_table.h"
+#include "platform/automation/date.h"
+#include "platform/portable/csv_file_writer.h"
+
+/// The values of options as a person writes them. Each function raises UsageError with the value and what is
+/// accepted.
+namespace prot {
+
+/// A day, YYYY-MM-DD or DD.MM.YYYY.
+Date parse_date(std::string_view text);
+
+/// The event mask: a comma list of created, changed, deleted; all; none; or the mask as a decimal number of
+/// 31 bits, which is taken as it is. Blanks and letter case do not matter.
+std::int32_t parse_events(std::string_view text);
+
+/// The section of that number or name (any letter case).
+const Section& find_section(std::string_view text, SectionTable sections);
+
+/// One ASCII character, or the word tab. Not a quote, CR, LF or NUL.
+char parse_separator(std::string_view text);
+
+/// utf-8-bom, utf-8 or windows-1252.
+CsvEncoding parse_encoding(std::string_view text);
+
+/// A decimal number from `least` to `most`.
+std::uint64_t parse_number(std::string_view text, std::uint64_t least, std::uint64_t most);
+
+}  // namespace prot

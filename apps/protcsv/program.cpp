@@ -1,0 +1,65 @@
+#include "apps/protcsv/program.h"
+
+#include <iostream>
+#include <vector>
+
+#include <unistd.h>
+
+#include "apps/protcsv/commands.h"
+#include "apps/protcsv/interruption.h"
+#include "apps/protcsv/options.h"
+#include "apps/protcsv/usage_error.h"
+#include "platform/automation/error.h"
+#include "sections/section_table.h"
+
+namespace prot {
+
+namespace {
+
+int dispatch(const Options& options, const Console& console, SectionTable sections) {
+    switch (options.command) {
+        case Command::show_text:
+            return print(console, options.text);
+        case Command::sections:
+            return print_sections(console, sections);
+        case Command::sample:
+            return write_sample(options, console);
+        case Command::export_log:
+        case Command::delete_log:
+        case Command::run:
+            return run_log(options, console, sections);
+    }
+    return exit_usage;
+}
+
+}  // namespace
+
+int run_program(std::span<const std::string> arguments, const Console& console, SectionTable sections) {
+    if (arguments.empty()) {
+        console.err << short_help() << std::flush;
+        return exit_usage;
+    }
+    try {
+        return dispatch(parse_options(arguments, sections), console, sections);
+    } catch (const UsageError& error) {
+        complain(console, error.what());
+        return exit_usage;
+    } catch (const AutomationError& error) {
+        complain(console, error.description());
+        return exit_error;
+    } catch (const std::exception& error) {
+        complain(console, std::string("Unerwarteter Fehler: ") + error.what());
+        return exit_error;
+    }
+}
+
+int run_program(int argument_count, char** arguments) {
+    handle_interruptions();
+    const Console console{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) != 0,
+                          isatty(STDERR_FILENO) != 0};
+    const std::vector<std::string> texts(arguments + (argument_count > 0 ? 1 : 0),
+                                         arguments + argument_count);
+    return run_program(texts, console, section_table());
+}
+
+}  // namespace prot

@@ -1,0 +1,143 @@
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <istream>
+#include <new>
+#include <optional>
+#include <sstream>
+
+#include "apps/protcsv/commands.h"
+#include "apps/protcsv/host.h"
+#include "apps/protcsv/progress_bar.h"
+#include "apps/protcsv/run_parameters.h"
+#include "apps/protcsv/statement_log.h"
+#include "apps/protcsv/usage_error.h"
+#include "core/ProtCsvClass.h"
+#include "platform/automation/error.h"
+#include "platform/portable/sqlite_database.h"
+#include "platform/portable/terminal_error_display.h"
+
+namespace prot {
+
+namespace {
+
+constexpr std::string_view standard_input = "-";
+constexpr std::string_view refusal =
+    "Diese Eingabe braucht ein Terminal oder --answers DATEI; unbeaufsichtigt geht es mit --params "
+    "\"/…/autostart\".";
+constexpr std::string_view own_source = "protcsv";
+
+constexpr std::array<int, 4> exit_statuses = {exit_done, exit_cancelled, exit_error, exit_usage};
+int exit_status(Outcome outcome) { return exit_statuses[static_cast<std::size_t>(outcome)]; }
+
+std::optional<std::string> read_answers(const Options& options, const Console& console) {
+    if (!options.answers) return std::nullopt;
+    std::ostringstream text;
+    if (*options.answers == standard_input) {
+        text << console.in.rdbuf();
+        return text.str();
+    }
+    std::ifstream file(*options.answers, std::ios::binary);
+    const bool has_text = file.peek() != std::ifstream::traits_type::eof();
+    if (has_text) text << file.rdbuf();
+    if (text.fail() || (!has_text && !file.eof()))
+        throw AutomationError(ErrorNumber::file,
+                              "Die Datei „" + *options.answers + "“ lässt sich nicht lesen.");
+    return text.str();
+}
+
+TerminalSettings terminal_settings(const Options& options, const Console& console) {
+    TerminalSettings settings;
+    settings.program = "protcsv";
+    settings.output = &console.err;
+    if (console.in_is_terminal && options.answers != standard_input) settings.keyboard = &console.in;
+    settings.answers = read_answers(options, console);
+    settings.refusal = refusal;
+    return settings;
+}
+
+/// The log is about to be created anew, which must not cost the database.
+void require_two_files(const Options& options) {
+    std::error_code ignored;
+    if (std::filesystem::equivalent(options.database, options.statement_log, ignored))
+        throw UsageError("--sql-log: „" + options.statement_log + "“ ist die Datenbank selbst");
+}
+
+/// One run of an exporter, from the opened database to the exit status.
+class LogRun {
+public:
+    LogRun(const Options& options, const Console& console, SectionTable sections)
+        : options_(options),
+          console_(console),
+          sections_(sections),
+          terminal_(terminal_settings(options, console)),
+          host_(options, terminal_),
+          environment_(host_.environment()) {}
+
+    int run() {
+        const LogRequest request = options_.command == Command::run
+                                       ? read_run_parameters(options_.parameters, sections_, environment_)
+                                       : options_.request;
+        if (!options_.statement_log.empty()) require_two_files(options_);
+        const auto access =
+            options_.command == Command::delete_log ? SqliteAccess::read_write : SqliteAccess::read_only;
+        const std::unique_ptr<Database> database = open_sqlite_database(options_.database, access);
+        if (options_.statement_log.empty()) {
+            run_section(request, *database);
+        } else {
+            StatementLog log(*database, options_.statement_log);
+            run_section(request, log);
+            log.close();
+        }
+        return finish();
+    }
+
+private:
+    /// An error that leaves the exporter is shown like those that it shows itself.
+    void run_section(const LogRequest& request, Database& database) {
+        ProgressBar progress(terminal_);
+        ProtCsvClass entry(environment_, sections_);
+        if (console_.err_is_terminal && !options_.quiet) entry.poParent = &progress;
+        entry.psCommandline = options_.parameters;
+        entry.pbLoeschen = options_.command == Command::delete_log;
+        Value spare;
+        try {
+            entry.gCSVAusgabe(database, request.section, request.user, request.from, request.to,
+                              request.events, spare);
+        } catch (const AutomationError& error) {
+            report(error);
+        } catch (const std::bad_alloc&) {
+            report({ErrorNumber::out_of_memory, "Der Arbeitsspeicher reicht nicht aus."});
+        } catch (const std::exception& error) {
+            report({ErrorNumber::internal, error.what()});
+        }
+    }
+
+    void report(const AutomationError& error) {
+        const std::string source = error.source().empty() ? std::string(own_source) : error.source();
+        TerminalErrorDisplay(terminal_).ZQ_gShowError(error.number(), source, error.description());
+    }
+
+    int finish() {
+        if (host_.message_boxes().left_unanswered())
+            terminal_.complain("Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.");
+        if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
+        if (!options_.quiet) terminal_.write(host_.notices().text());
+        return host_.finished_file().empty() ? exit_done : print(console_, host_.finished_file() + '\n');
+    }
+
+    const Options& options_;
+    const Console& console_;
+    SectionTable sections_;
+    Terminal terminal_;
+    Host host_;
+    Environment environment_;
+};
+
+}  // namespace
+
+int run_log(const Options& options, const Console& console, SectionTable sections) {
+    return LogRun(options, console, sections).run();
+}
+
+}  // namespace prot

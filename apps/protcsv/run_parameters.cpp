@@ -1,0 +1,91 @@
+#include "apps/protcsv/run_parameters.h"
+
+#include <optional>
+#include <string>
+
+#include "apps/protcsv/option_values.h"
+#include "apps/protcsv/usage_error.h"
+#include "core/Prot0000UtilitiesBAS.h"
+#include "platform/automation/letter_case.h"
+
+namespace prot {
+
+namespace {
+
+struct EventKey {
+    std::string_view key;
+    std::int32_t bit;
+};
+constexpr EventKey event_keys[] = {{"neu", 1}, {"aend", 2}, {"loe", 4}};
+
+std::string trimmed(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+bool parse_flag(std::string_view text) {
+    const std::string word = to_lower(text);
+    if (word == "1" || word == "ja") return true;
+    if (word == "0" || word == "nein") return false;
+    throw UsageError("„" + std::string(text) + "“ ist weder 1 oder ja noch 0 oder nein");
+}
+
+class Reader {
+public:
+    Reader(std::string_view parameters, Environment& environment)
+        : parameters_(parameters), environment_(environment) {}
+
+    /// Hands the value of `key`, when it is given, to `use`; says whether it was given.
+    template <typename Use>
+    bool read(std::string_view key, Use use) {
+        const std::string text = value(std::string(key) + ':');
+        if (text.empty()) return false;
+        try {
+            use(text);
+        } catch (const UsageError& error) {
+            throw UsageError("--params: " + std::string(key) + ": " + error.what());
+        }
+        return true;
+    }
+
+private:
+    std::string value(const std::string& key) {
+        for (std::string_view rest = parameters_;;) {
+            const std::size_t slash = rest.find('/');
+            const std::string_view item = rest.substr(0, slash);
+            if (pbCommandVorhanden(item, key))
+                return trimmed(psComWert("/" + std::string(item), environment_));
+            if (slash == std::string_view::npos) return {};
+            rest.remove_prefix(slash + 1);
+        }
+    }
+
+    std::string_view parameters_;
+    Environment& environment_;
+};
+
+}  // namespace
+
+LogRequest read_run_parameters(std::string_view parameters, SectionTable sections, Environment& environment) {
+    Reader reader(parameters, environment);
+    LogRequest request;
+    const auto read_section = [&](const std::string& text) {
+        request.section = find_section(text, sections).number;
+    };
+    if (!reader.read("sektion", read_section))
+        throw UsageError("--params: sektion fehlt, etwa /sektion:15/autostart");
+    reader.read("mitarbeiter", [&](const std::string& text) { request.user = text; });
+    reader.read("datvon", [&](const std::string& text) { request.from = parse_date(text); });
+    reader.read("datbis", [&](const std::string& text) { request.to = parse_date(text); });
+
+    bool any_event_key = false;
+    std::int32_t events = 0;
+    for (const EventKey& event : event_keys)
+        any_event_key |= reader.read(
+            event.key, [&](const std::string& text) { events |= parse_flag(text) ? event.bit : 0; });
+    if (any_event_key) request.events = events;
+    return request;
+}
+
+}  // namespace prot

@@ -1,0 +1,43 @@
+#include "platform/portable/terminal_message_boxes.h"
+
+#include "platform/automation/letter_case.h"
+
+namespace prot {
+
+namespace {
+
+constexpr std::string_view problem_report_title = "Problembericht";
+
+bool is_yes(std::string_view answer) { return answer == "ja" || answer == "j"; }
+bool is_no(std::string_view answer) { return answer.empty() || answer == "nein" || answer == "n"; }
+
+}  // namespace
+
+BoxAnswer TerminalMessageBoxes::show(std::string_view text, BoxStyle style, std::string_view title) {
+    terminal_.write("[" + std::string(title) + "] " + std::string(text) + '\n');
+    if (title == problem_report_title) terminal_.note(Outcome::failed);
+    if (style != BoxStyle::question_yes_no) return BoxAnswer::ok;
+    const BoxAnswer answer = ask();
+    if (answer == BoxAnswer::no) terminal_.note(Outcome::cancelled);
+    return answer;
+}
+
+BoxAnswer TerminalMessageBoxes::ask() {
+    if (answer_yes_) {
+        terminal_.write("Ja\n");
+        return BoxAnswer::yes;
+    }
+    if (!terminal_.has_keyboard()) {
+        left_unanswered_ = true;
+        terminal_.write("Nein\n");
+        return BoxAnswer::no;
+    }
+    for (;;) {
+        const std::string answer =
+            to_lower(std::string_view(terminal_.ask_person("Ja/Nein [Nein]: ").value_or("")));
+        if (is_yes(answer)) return BoxAnswer::yes;
+        if (is_no(answer)) return BoxAnswer::no;
+    }
+}
+
+}  // namespace prot

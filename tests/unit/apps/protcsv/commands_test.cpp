@@ -1,0 +1,55 @@
+#include "apps/protcsv/commands.h"
+
+#include "tests/unit/apps/protcsv/program_fixture.h"
+
+namespace prot::test {
+namespace {
+
+TEST(Commands, ListSectionsInColumns) {
+    constexpr Section sections[] = {{9, "customers", "Kunden", nullptr},
+                                    {15, "rates", "Devisenkurse", nullptr}};
+    std::istringstream in;
+    std::ostringstream out, err;
+    EXPECT_EQ(print_sections({in, out, err}, sections), exit_done);
+    EXPECT_EQ(out.str(), " 9  customers  Kunden\n15  rates      Devisenkurse\n");
+}
+
+TEST(Commands, SayThatStandardOutputDoesNotTakeTheText) {
+    std::istringstream in;
+    std::ostringstream out, err;
+    out.setstate(std::ios::badbit);
+    EXPECT_EQ(print({in, out, err}, "x\n"), exit_error);
+    EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
+}
+
+TEST_F(ProgramTest, WritesASampleDatabaseAndPrintsItsPath) {
+    EXPECT_EQ(run({"sample", path("s.db")}), 0);
+    EXPECT_EQ(output, path("s.db") + "\n");
+    EXPECT_EQ(errors, "");
+    EXPECT_EQ(read("s.db").substr(0, 15), "SQLite format 3");
+    EXPECT_EQ(files(), 1u);
+}
+
+TEST_F(ProgramTest, ReplacesAnExistingFileByASampleOnlyWhenAsked) {
+    write("s.db", "wichtig");
+    EXPECT_EQ(run({"sample", path("s.db")}), 1);
+    EXPECT_EQ(errors, "protcsv: Die Datei „" + path("s.db") + "“ gibt es schon; --overwrite ersetzt sie.\n");
+    EXPECT_EQ(read("s.db"), "wichtig");
+    EXPECT_EQ(run({"sample", path("s.db"), "--overwrite"}), 0);
+    EXPECT_EQ(read("s.db").substr(0, 15), "SQLite format 3");
+}
+
+TEST_F(ProgramTest, NeverReplacesAFolderByASample) {
+    EXPECT_EQ(run({"sample", path(""), "--overwrite"}), 1);
+    EXPECT_EQ(errors, "protcsv: „" + path("") + "“ ist keine gewöhnliche Datei.\n");
+}
+
+TEST_F(ProgramTest, LeavesNothingWhenASampleCannotBeWritten) {
+    EXPECT_EQ(run({"sample", path("fehlt/s.db")}), 1);
+    EXPECT_EQ(errors.find("protcsv: "), 0u);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(files(), 0u);
+}
+
+}  // namespace
+}  // namespace prot::test

@@ -1,0 +1,61 @@
+#include "apps/protcsv/interruption.h"
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+namespace prot {
+namespace {
+
+class InterruptionTest : public testing::TestWithParam<int> {
+protected:
+    InterruptionTest() { std::ofstream(path) << "halb"; }
+    ~InterruptionTest() override { std::filesystem::remove(path); }
+
+    const std::string path =
+        std::filesystem::temp_directory_path() /
+        ("interruption_test_" + std::to_string(getpid()) + "_" + std::to_string(GetParam()));
+};
+
+TEST_P(InterruptionTest, RemovesTheUnfinishedFileAndExitsWithTheSignalsStatus) {
+    EXPECT_EXIT(
+        {
+            handle_interruptions();
+            set_unfinished_file(path);
+            std::raise(GetParam());
+        },
+        testing::ExitedWithCode(128 + GetParam()), "");
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_P(InterruptionTest, LeavesAFinishedFile) {
+    EXPECT_EXIT(
+        {
+            handle_interruptions();
+            set_unfinished_file(path);
+            set_unfinished_file({});
+            std::raise(GetParam());
+        },
+        testing::ExitedWithCode(128 + GetParam()), "");
+    EXPECT_TRUE(std::filesystem::exists(path));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, InterruptionTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
+
+TEST(Interruption, KeepsAHangUpIgnoredThatTheCallerIgnores) {
+    EXPECT_EXIT(
+        {
+            std::signal(SIGHUP, SIG_IGN);
+            handle_interruptions();
+            std::raise(SIGHUP);
+            _exit(7);
+        },
+        testing::ExitedWithCode(7), "");
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,44 @@
+#include "apps/protcsv/notices_report.h"
+
+#include <gtest/gtest.h>
+
+namespace prot {
+namespace {
+
+TEST(NoticesReport, SaysNothingWhenNothingWasLeftOut) { EXPECT_EQ(NoticesReport().text(), ""); }
+
+TEST(NoticesReport, CountsFieldsTheMostFrequentFirst) {
+    NoticesReport report;
+    report.field_without_caption("TDEVISENKURS", "dzBar");
+    for (int i = 0; i < 2; ++i) report.field_without_caption("TDEVISENKURS", "dzFoo");
+    EXPECT_EQ(report.text(),
+              "3 Felder ohne Beschriftung blieben weg: TDEVISENKURS.dzFoo (2), TDEVISENKURS.dzBar (1)\n");
+}
+
+TEST(NoticesReport, ListsTheRecordsWhoseDocumentDoesNotLoad) {
+    NoticesReport report;
+    report.unreadable_document(17);
+    report.unreadable_document(23);
+    EXPECT_EQ(report.text(), "2 Protokollsätze mit unlesbarem Änderungsdokument: 17, 23\n");
+}
+
+TEST(NoticesReport, SpeaksOfOneInTheSingular) {
+    NoticesReport report;
+    report.field_without_caption("T", "a");
+    report.unreadable_document(1);
+    EXPECT_EQ(report.text(),
+              "1 Feld ohne Beschriftung blieb weg: T.a (1)\n"
+              "1 Protokollsatz mit unlesbarem Änderungsdokument: 1\n");
+}
+
+TEST(NoticesReport, ListsTwentyAndCountsTheRest) {
+    NoticesReport report;
+    for (int id = 1; id <= 25; ++id) report.unreadable_document(id);
+    EXPECT_EQ(report.text(),
+              "25 Protokollsätze mit unlesbarem Änderungsdokument: 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, "
+              "13, 14, 15, "
+              "16, 17, 18, 19, 20 und 5 weitere\n");
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,218 @@
+#include <nlohmann/json.hpp>
+
+#include "tests/unit/apps/protcsv/program_fixture.h"
+
+namespace prot::test {
+namespace {
+
+const std::string refusal_line =
+    "protcsv: Diese Eingabe braucht ein Terminal oder --answers DATEI; unbeaufsichtigt geht es mit --params "
+    "\"/…/autostart\".\n";
+
+class RunLog : public ProgramTest {
+protected:
+    /// Exports a scripted section as a batch into this test's folder.
+    int export_batch(const std::string& section, std::vector<std::string> more = {}) {
+        more.insert(more.end(), {"--params", "/autostart", "--out", path("")});
+        return run_section("export", section, more);
+    }
+};
+
+TEST_F(RunLog, HandsTheFiltersOnAndPrintsThePathOfTheFinishedFile) {
+    EXPECT_EQ(
+        export_batch("file", {"--user", "Weiß", "--from", "2026-01-01", "--to", "02.01.2026", "--events",
+                              "created,deleted", "--encoding", "utf-8", "--separator", ","}),
+        0);
+    EXPECT_EQ(output, path("Prot.csv") + "\n");
+    EXPECT_EQ(errors, "");
+    EXPECT_EQ(read("Prot.csv"), "1,Weiß,01.01.2026,02.01.2026,5,/autostart,exportieren\r\n");
+}
+
+TEST_F(RunLog, ReadsAnUnattendedRunFromItsParameterText) {
+    const std::string parameters = "/sektion:1/mitarbeiter:AB/datvon:2026-01-01/neu:1/autostart";
+    EXPECT_EQ(
+        run({"run", "--db", database(), "--params", parameters, "--out", path(""), "--encoding", "utf-8"}),
+        0);
+    EXPECT_EQ(read("Prot.csv"), "1;AB;01.01.2026;00:00:00;1;" + parameters + ";exportieren\r\n");
+}
+
+TEST_F(RunLog, RefusesAnUnattendedRunWithAnUnreadableKey) {
+    EXPECT_EQ(run({"run", "--db", database(), "--params", "/sektion:1/datbis:bald"}), 2);
+    EXPECT_EQ(errors,
+              "protcsv: --params: datbis: „bald“ ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ\n");
+}
+
+TEST_F(RunLog, ShowsAnErrorAsAProblemReport) {
+    EXPECT_EQ(export_batch("error"), 1);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(errors,
+              "Problembericht\n"
+              "Fehler-Nr: -2147221503 (0x80040001)\n"
+              "Fehlerquelle: 000100000000|srvprotqrbcsv|Quelle\n"
+              "    Modul.Prozedur\n"
+              "    ProtCsvClass.gCSVFile\n"
+              "Beschreibung: Es ging nicht.\n");
+}
+
+TEST_F(RunLog, ShowsAForeignErrorAsAProblemReportToo) {
+    EXPECT_EQ(export_batch("memory"), 1);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(errors.find("Problembericht\nFehler-Nr: "), 0u);
+}
+
+TEST_F(RunLog, LeavesNoHalfFileAfterAnError) {
+    EXPECT_EQ(export_batch("half"), 1);
+    EXPECT_EQ(files(), 1u) << "only the database";
+}
+
+TEST_F(RunLog, FailsWhenAProblemReportWasShownAlthoughTheCoreReturned) {
+    EXPECT_EQ(export_batch("report"), 1);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(errors,
+              "Problembericht\nFehler-Nr: -1 (0xFFFFFFFF)\nFehlerquelle: Quelle\nBeschreibung: Hinweis\n");
+}
+
+TEST_F(RunLog, ShowsMessageBoxesOnStandardError) {
+    EXPECT_EQ(export_batch("box"), 0);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(errors, "[Protokollierung] Keine Daten vorhanden!\n");
+}
+
+TEST_F(RunLog, RefusesToAskWhenNobodyCanAnswer) {
+    for (const char* section : {"form", "file"}) {
+        EXPECT_EQ(run_section("export", section, {"--out", path("o")}), 2) << section;
+        EXPECT_EQ(output, "");
+        EXPECT_EQ(errors, refusal_line);
+        EXPECT_FALSE(std::filesystem::exists(path("o/Prot.csv")));
+    }
+}
+
+TEST_F(RunLog, AsksAFormAndTheFileNameFromAnAnswersFile) {
+    write("antworten", "usd\r\nMeine.csv\r\n");
+    EXPECT_EQ(run_section("export", "form",
+                          {"--out", path(""), "--answers", path("antworten"), "--encoding", "utf-8"}),
+              0);
+    EXPECT_EQ(errors, "Auswahl\nWährung [EUR]: usd\nDateiname [Prot.csv]: Meine.csv\n");
+    EXPECT_EQ(output, path("Meine.csv") + "\n");
+    EXPECT_EQ(read("Meine.csv"), "USD\r\n");
+}
+
+TEST_F(RunLog, ReadsAnswersFromStandardInput) {
+    input = "\n";
+    in_is_terminal = true;
+    EXPECT_EQ(run_section("export", "form", {"--out", path(""), "--answers", "-"}), 0);
+    EXPECT_EQ(errors, "Auswahl\nWährung [EUR]: \nDateiname [Prot.csv]: \n");
+}
+
+TEST_F(RunLog, IsCancelledWhenTheAnswersRunOut) {
+    input = "EUR";
+    EXPECT_EQ(run_section("export", "form", {"--out", path("o"), "--answers", "-"}), 3);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(errors,
+              "Auswahl\nWährung [EUR]: EUR\n"
+              "protcsv: Auf die Frage „Dateiname“ gab es keine Antwort; der Lauf ist abgebrochen.\n");
+    EXPECT_FALSE(std::filesystem::exists(path("o/Prot.csv")));
+}
+
+TEST_F(RunLog, IsCancelledAtTheEndOfATerminalsInput) {
+    in_is_terminal = true;
+    EXPECT_EQ(run_section("export", "form"), 3);
+    EXPECT_EQ(errors,
+              "Auswahl\n(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, Strg-D bricht ab)\nWährung "
+              "[EUR]: \n");
+}
+
+TEST_F(RunLog, TakesAnEmptyAnswersFileForOneEmptyAnswer) {
+    write("antworten", "");
+    EXPECT_EQ(run_section("export", "form", {"--answers", path("antworten")}), 3);
+    EXPECT_EQ(errors,
+              "Auswahl\nWährung [EUR]: \n"
+              "protcsv: Auf die Frage „Dateiname“ gab es keine Antwort; der Lauf ist abgebrochen.\n");
+}
+
+TEST_F(RunLog, NamesAnAnswersFileThatCannotBeRead) {
+    for (const std::string& file : {path("fehlt"), path("")}) {
+        EXPECT_EQ(run_section("export", "form", {"--answers", file}), 1);
+        EXPECT_EQ(errors, "protcsv: Die Datei „" + file + "“ lässt sich nicht lesen.\n");
+    }
+}
+
+TEST_F(RunLog, DeletesNothingWithoutAnAnswer) {
+    const std::string before = (database(), read("x.db"));
+    EXPECT_EQ(run_section("delete", "delete", {"--answers", "-"}), 3);
+    EXPECT_EQ(errors,
+              "[Löschen Stammdatenprotokoll] Löschen?\nNein\n"
+              "protcsv: Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.\n");
+    EXPECT_EQ(read("x.db"), before);
+}
+
+TEST_F(RunLog, DeletesWithYes) {
+    const std::string before = (database(), read("x.db"));
+    EXPECT_EQ(run_section("delete", "delete", {"--yes", "--out", path("o")}), 0);
+    EXPECT_EQ(errors, "[Löschen Stammdatenprotokoll] Löschen?\nJa\n");
+    EXPECT_NE(read("x.db"), before);
+}
+
+TEST_F(RunLog, AsksThePersonBeforeItDeletes) {
+    in_is_terminal = true;
+    input = "nein\n";
+    EXPECT_EQ(run_section("delete", "delete"), 3);
+    EXPECT_EQ(errors, "[Löschen Stammdatenprotokoll] Löschen?\nJa/Nein [Nein]: ");
+    input = "ja\n";
+    EXPECT_EQ(run_section("delete", "delete"), 0);
+}
+
+TEST_F(RunLog, TellsWhatWasLeftOutUnlessQuiet) {
+    EXPECT_EQ(export_batch("notices"), 0);
+    EXPECT_EQ(errors,
+              "1 Feld ohne Beschriftung blieb weg: T.f (1)\n"
+              "1 Protokollsatz mit unlesbarem Änderungsdokument: 5\n");
+    EXPECT_EQ(export_batch("notices", {"--quiet"}), 0);
+    EXPECT_EQ(errors, "");
+}
+
+TEST_F(RunLog, DrawsAProgressBarOnlyOnATerminalThatIsNotQuiet) {
+    err_is_terminal = true;
+    EXPECT_EQ(export_batch("file"), 0);
+    EXPECT_EQ(errors.find("\r[....."), 0u);
+    EXPECT_TRUE(errors.ends_with(" \r")) << "wiped at the end";
+    EXPECT_EQ(export_batch("file", {"--quiet"}), 0);
+    EXPECT_EQ(errors, "");
+}
+
+TEST_F(RunLog, WritesTheStatementsDown) {
+    EXPECT_EQ(export_batch("statements", {"--sql-log", path("log")}), 0);
+    std::istringstream lines(read("log"));
+    std::vector<std::string> statements;
+    for (std::string line; std::getline(lines, line);) {
+        const nlohmann::json object = nlohmann::json::parse(line);
+        statements.push_back(object["op"].get<std::string>() + ": " + object["sql"].get<std::string>());
+    }
+    EXPECT_EQ(statements, (std::vector<std::string>{
+                              "array: SELECT idDevisenWaehr FROM tDevisenWaehr WHERE 1 = 2",
+                              "value: SELECT COUNT(*) FROM tDevisenWaehr WHERE 1 = 2",
+                          }));
+}
+
+TEST_F(RunLog, NeverWritesTheStatementsOverTheDatabase) {
+    const std::string before = (database(), read("x.db"));
+    EXPECT_EQ(export_batch("statements", {"--sql-log", path("x.db")}), 2);
+    EXPECT_EQ(errors, "protcsv: --sql-log: „" + path("x.db") + "“ ist die Datenbank selbst\n");
+    EXPECT_EQ(read("x.db"), before);
+}
+
+TEST_F(RunLog, NamesAStatementLogThatCannotBeCreated) {
+    EXPECT_EQ(export_batch("file", {"--sql-log", path("fehlt/log")}), 1);
+    EXPECT_EQ(errors,
+              "protcsv: Die Datei „" + path("fehlt/log") + "“ lässt sich nicht zum Schreiben öffnen.\n");
+    EXPECT_EQ(output, "");
+}
+
+TEST_F(RunLog, SaysOnceThatTheEncodingCannotHoldSomeCharacters) {
+    EXPECT_EQ(export_batch("file", {"--user", "Ω", "--encoding", "windows-1252"}), 0);
+    EXPECT_EQ(errors, "protcsv: Was die Kodierung nicht kennt, steht als ? in der Datei „" +
+                          path("Prot.csv") + "“.\n");
+}
+
+}  // namespace
+}  // namespace prot::test

@@ -1,0 +1,134 @@
+
+#include <new>
+
+#include "platform/automation/error.h"
+#include "platform/automation/text_forms.h"
+#include "tests/unit/apps/protcsv/program_fixture.h"
+
+namespace prot::test {
+
+namespace {
+
+struct Call {
+    Environment& environment;
+    Database& database;
+    SectionExporter& exporter;
+    std::vector<std::string> arguments;
+};
+
+class ScriptedExporter : public SectionExporter {
+public:
+    using Script = void (*)(Call& call);
+    ScriptedExporter(Environment& environment, Script script) : environment_(environment), script_(script) {}
+
+    void gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon, Date dtBis,
+                     std::int32_t lAktion, Value&) override {
+        Call call{environment_,
+                  oDBU,
+                  *this,
+                  {std::to_string(lSection), sUser, to_text(dtVon), to_text(dtBis), std::to_string(lAktion),
+                   psCommandline, pbLoeschen ? "löschen" : "exportieren"}};
+        script_(call);
+    }
+
+private:
+    Environment& environment_;
+    Script script_;
+};
+
+/// Writes its arguments as the only line of a file.
+void write_file(Call& call) {
+    const auto writer = call.environment.components.create_csv_writer();
+    std::string name = "Prot.csv";
+    if (!writer->open(name, call.exporter.psCommandline.empty())) return;
+    writer->write_line(call.arguments);
+    if (call.exporter.poParent != nullptr) call.exporter.poParent->gSetFortschritt(0, 1);
+    writer->close();
+}
+
+void raise_error(Call&) { throw AutomationError(-2147221503, "Quelle\r\nModul.Prozedur", "Es ging nicht."); }
+
+void raise_foreign_error(Call&) { throw std::bad_alloc(); }
+
+/// Fails when the file is half written.
+void fail_while_writing(Call& call) {
+    const auto writer = call.environment.components.create_csv_writer();
+    std::string name = "Prot.csv";
+    writer->open(name, false);
+    writer->write_line(call.arguments);
+    raise_error(call);
+}
+
+/// Shows a problem report and goes on.
+void show_error(Call& call) {
+    call.environment.components.create_error_display()->ZQ_gShowError(-1, "Quelle", "Hinweis");
+    write_file(call);
+}
+
+void show_box(Call& call) {
+    call.environment.message_boxes.show("Keine Daten vorhanden!", BoxStyle::information, "Protokollierung");
+}
+
+void ask_to_delete(Call& call) {
+    const BoxAnswer answer = call.environment.message_boxes.show("Löschen?", BoxStyle::question_yes_no,
+                                                                 "Löschen Stammdatenprotokoll");
+    if (answer == BoxAnswer::yes) call.database.execute("DELETE tProtokoll");
+}
+
+void leave_something_out(Call& call) {
+    call.environment.notices.field_without_caption("T", "f");
+    call.environment.notices.unreadable_document(5);
+    write_file(call);
+}
+
+void send_statements(Call& call) {
+    call.database.query_array("SELECT idDevisenWaehr FROM tDevisenWaehr WHERE 1 = 2");
+    call.database.query_value("SELECT COUNT(*) FROM tDevisenWaehr WHERE 1 = 2");
+}
+
+/// A form of one field; its choice is written as the file.
+class OneField : public FormEvents {
+public:
+    Form form{"Auswahl", {{"cbo", "Währung", {{1, "EUR"}, {2, "USD"}}, 0, true}}};
+    bool accepted = false;
+    void Form_Load() override {}
+    void Form_KeyDown(const KeyStroke&) override {}
+    void Form_Unload() override {}
+    void cmdOK_Click() override {
+        accepted = true;
+        form.shown = false;
+    }
+    void cmdCancel_Click() override { form.shown = false; }
+};
+
+void ask_form(Call& call) {
+    OneField dialog;
+    call.environment.form_display.show_modal(dialog.form, dialog);
+    if (!dialog.accepted) return;
+    call.arguments = {dialog.form.fields[0].selected_text()};
+    write_file(call);
+}
+
+template <ScriptedExporter::Script script>
+std::unique_ptr<SectionExporter> create(Environment& environment) {
+    return std::make_unique<ScriptedExporter>(environment, script);
+}
+
+constexpr Section sections[] = {
+    {1, "file", "Datei", create<write_file>},
+    {2, "error", "Fehler", create<raise_error>},
+    {3, "half", "Halb", create<fail_while_writing>},
+    {4, "report", "Bericht", create<show_error>},
+    {5, "box", "Meldung", create<show_box>},
+    {6, "delete", "Löschen", create<ask_to_delete>},
+    {7, "notices", "Hinweise", create<leave_something_out>},
+    {8, "statements", "Anweisungen", create<send_statements>},
+    {9, "form", "Formular", create<ask_form>},
+    {10, "memory", "Speicher", create<raise_foreign_error>},
+};
+
+}  // namespace
+
+SectionTable scripted_sections() { return sections; }
+
+}  // namespace prot::test

@@ -1,0 +1,98 @@
+#include "apps/protcsv/statement_log.h"
+
+#include <filesystem>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "tests/unit/support/fakes.h"
+
+#include <unistd.h>
+
+namespace prot {
+namespace {
+
+class StatementLogTest : public testing::Test {
+protected:
+    ~StatementLogTest() override { std::filesystem::remove(path); }
+
+    /// The lines, each without its duration, which is checked to be a number.
+    std::vector<std::string> lines() const {
+        std::vector<std::string> result;
+        std::ifstream file(path);
+        for (std::string line; std::getline(file, line);) {
+            nlohmann::ordered_json object = nlohmann::ordered_json::parse(line);
+            EXPECT_TRUE(object["ms"].is_number()) << line;
+            object.erase("ms");
+            result.push_back(object.dump());
+        }
+        return result;
+    }
+
+    const std::string path = std::filesystem::temp_directory_path() /
+                             ("statement_log_test_" + std::to_string(getpid()) + "_" +
+                              testing::UnitTest::GetInstance()->current_test_info()->name());
+    test::FakeDatabase database;
+};
+
+TEST_F(StatementLogTest, WritesEveryStatementInOrderAsItWasGiven) {
+    database.answers["SELECT a"] = {{std::int64_t{1}}, {std::int64_t{2}}};
+    database.answers["SELECT v"] = {{std::string("wert")}};
+    StatementLog log(database, path);
+    EXPECT_EQ(log.query_array("SELECT a").rows(), 2u);
+    EXPECT_EQ(log.query_value("SELECT v"), Value("wert"));
+    log.execute("DELETE \"ü\"\n");
+    EXPECT_EQ(log.like_wildcard(), "%");
+    EXPECT_EQ(log.date_literal(Date{1}), database.date_literal(Date{1}));
+    log.close();
+    EXPECT_EQ(lines(), (std::vector<std::string>{
+                           R"({"op":"array","sql":"SELECT a","rows":2})",
+                           R"({"op":"value","sql":"SELECT v"})",
+                           R"({"op":"execute","sql":"DELETE \"ü\"\n"})",
+                       }));
+}
+
+TEST_F(StatementLogTest, WritesAFailureBeforeItRisesAndKeepsItUnchanged) {
+    database.failures.emplace("SELECT x", test::server_error("kaputt"));
+    StatementLog log(database, path);
+    try {
+        log.query_array("SELECT x");
+        FAIL() << "the failure did not rise";
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.source(), "Testserver");
+    }
+    EXPECT_EQ(lines(), std::vector<std::string>{R"({"op":"array","sql":"SELECT x","error":"kaputt"})"});
+}
+
+TEST_F(StatementLogTest, ReplacesBytesThatAreNotUtf8) {
+    StatementLog log(database, path);
+    log.execute("\xFF");
+    EXPECT_EQ(lines(), std::vector<std::string>{"{\"op\":\"execute\",\"sql\":\"\uFFFD\"}"});
+}
+
+TEST_F(StatementLogTest, AsksForTheConnectionBehindIt) {
+    StatementLog log(database, path);
+    log.require_connection();
+    database.connection_failure = test::server_error("weg");
+    EXPECT_THROW(log.require_connection(), AutomationError);
+    EXPECT_EQ(lines(), std::vector<std::string>{});
+}
+
+TEST_F(StatementLogTest, NamesTheFileThatCannotBeCreated) {
+    try {
+        StatementLog log(database, "/nicht/da/log");
+        FAIL() << "the file cannot have been created";
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.description(), "Die Datei „/nicht/da/log“ lässt sich nicht zum Schreiben öffnen.");
+    }
+}
+
+TEST_F(StatementLogTest, SaysWhenALineCouldNotBeWritten) {
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP();
+    StatementLog log(database, "/dev/full");
+    log.execute("DELETE x");
+    EXPECT_THROW(log.close(), AutomationError);
+}
+
+}  // namespace
+}  // namespace prot
