@@ -38,12 +38,15 @@ private:
     throw AutomationError(ErrorNumber::file, description);
 }
 
+/// A sample replaces an empty file and an earlier sample, in which nobody's work is lost; anything else when
+/// asked.
 void require_free_place(const fs::path& path, bool overwrite) {
     std::error_code ignored;
     const fs::file_status status = fs::status(path, ignored);
     if (!fs::exists(status)) return;
     if (!fs::is_regular_file(status)) fail("„" + path.string() + "“ ist keine gewöhnliche Datei.");
-    if (!overwrite) fail("Die Datei „" + path.string() + "“ gibt es schon; --overwrite ersetzt sie.");
+    if (!overwrite && fs::file_size(path, ignored) > 0 && !is_sample_database(path.string()))
+        fail("Die Datei „" + path.string() + "“ gibt es schon; --overwrite ersetzt sie.");
 }
 
 }  // namespace

@@ -111,7 +111,7 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, SectionTable) {
          o.sample.rows = static_cast<std::int64_t>(parse_number(value, 1, most_sample_rows));
      }},
-    {"--overwrite", "", sampling, 0, "Ablauf", "ersetzt eine vorhandene Datei",
+    {"--overwrite", "", sampling, 0, "Ablauf", "ersetzt auch eine Datei, die keine Beispieldatenbank ist",
      [](Options& o, const std::string&, SectionTable) { o.overwrite = true; }},
 };
 // clang-format on

@@ -1,5 +1,7 @@
 #include "apps/protcsv/sample_database.h"
 
+#include <array>
+#include <fstream>
 #include <memory>
 #include <vector>
 
@@ -61,6 +63,11 @@ void write_log(SampleFile& file, std::vector<Part>& parts, std::uint64_t seed, s
     log.finish();
 }
 
+/// SQLite's application id of sample databases: "PrSa". It stands at byte 68 of the file, the highest byte
+/// first. Source: SQLite, Database File Format.
+constexpr std::uint32_t sample_mark = 0x50725361;
+constexpr std::streamoff sample_mark_place = 68;
+
 void check_rows(std::int64_t rows) {
     if (rows >= 0 && rows <= most_sample_rows) return;
     throw AutomationError(ErrorNumber::overflow,
@@ -76,7 +83,9 @@ void write_sample_database(const std::string& path, const SampleOptions& options
     SampleFile file(path);
     // A file that is not complete is worth nothing, so nothing is spent on getting back to an earlier state.
     file.execute(
-        "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE; BEGIN;");
+        "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE; BEGIN;"
+        "PRAGMA application_id = " +
+        std::to_string(sample_mark) + ";");
     sample::create_log_tables(file);
     std::vector<Part> parts = create_parts(options.seed, rows);
     write_log(file, parts, options.seed, rows);
@@ -87,6 +96,16 @@ void write_sample_database(const std::string& path, const SampleOptions& options
     sample::create_log_indexes(file);
     file.execute("COMMIT;");
     file.close();
+}
+
+bool is_sample_database(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::array<unsigned char, 4> bytes{};
+    file.seekg(sample_mark_place);
+    file.read(reinterpret_cast<char*>(bytes.data()), bytes.size());
+    std::uint32_t mark = 0;
+    for (const unsigned char byte : bytes) mark = mark << 8 | byte;
+    return file && mark == sample_mark;
 }
 
 }  // namespace prot

@@ -9,8 +9,8 @@ namespace prot {
 /// Options of a sample database.
 struct SampleOptions {
     std::uint64_t seed = 1;
-    std::optional<std::int64_t>
-        rows;  ///< rows of the whole log; without it, the small log that people look at
+    /// Rows of the whole log; without it, the small log that people look at.
+    std::optional<std::int64_t> rows;
 };
 
 /// The largest SampleOptions::rows.
@@ -21,5 +21,8 @@ inline constexpr std::int64_t most_sample_rows = 30'000'000;
 /// system and on every day. Memory does not grow with the rows. Errors: AutomationError with one German line;
 /// what was written until then stays and is the caller's to remove.
 void write_sample_database(const std::string& path, const SampleOptions& options);
+
+/// Whether the file at `path` is a sample database: it bears the mark that write_sample_database leaves.
+bool is_sample_database(const std::string& path);
 
 }  // namespace prot

@@ -39,6 +39,16 @@ TEST_F(ProgramTest, ReplacesAnExistingFileByASampleOnlyWhenAsked) {
     EXPECT_EQ(read("s.db").substr(0, 15), "SQLite format 3");
 }
 
+TEST_F(ProgramTest, ReplacesAnEmptyFileAndAnEarlierSampleUnasked) {
+    write("s.db", "");
+    EXPECT_EQ(run({"sample", path("s.db")}), 0);
+    const std::string first = read("s.db");
+    EXPECT_EQ(run({"sample", path("s.db"), "--seed", "2"}), 0);
+    EXPECT_NE(read("s.db"), first);
+    write("kurz.db", "SQLite format 3");
+    EXPECT_EQ(run({"sample", path("kurz.db")}), 1) << "too short to bear the mark";
+}
+
 TEST_F(ProgramTest, NeverReplacesAFolderByASample) {
     EXPECT_EQ(run({"sample", path(""), "--overwrite"}), 1);
     EXPECT_EQ(errors, "protcsv: „" + path("") + "“ ist keine gewöhnliche Datei.\n");
