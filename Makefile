@@ -1,6 +1,6 @@
 # Everyday commands. Each does all the set-up it needs; the work itself is in CMake presets and scripts.
 
-.PHONY: help demo test build bench clean
+.PHONY: help demo test build bench fuzz clean
 .DEFAULT_GOAL := help
 
 help: ## show the commands
@@ -14,6 +14,12 @@ demo: build ## write a sample database, export its logs to out/demo/ and show th
 
 test: build ## build and run every test
 	@scripts/test linux
+
+bench: build ## measure protcsv against script peers and the raw floor
+	@scripts/bench
+
+fuzz: ## run each fuzzer for SECONDS=30 seconds
+	@scripts/fuzz run $(SECONDS)
 
 clean: ## remove everything that was built
 	@rm -rf out

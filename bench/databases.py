@@ -1,0 +1,90 @@
+"""The sample databases, and what there is to know about them before a run."""
+
+import hashlib
+import json
+import pathlib
+import re
+import sqlite3
+import statistics
+import subprocess
+import tempfile
+from collections import defaultdict
+from dataclasses import dataclass
+
+SEED = "1"
+PROBE_ROWS = 3_000
+
+
+def file_hash(path):
+    with open(path, "rb") as file:
+        return hashlib.file_digest(file, "sha256").hexdigest()
+
+
+def write_sample(program, path, rows):
+    subprocess.run([program, "sample", str(path), "--rows", str(rows), "--seed", SEED, "--overwrite"],
+                   check=True, stdout=subprocess.DEVNULL)
+
+
+def sample(program, folder, rows):
+    """The database of `rows` log rows, made unless one of the same content is there already.
+
+    Whether the program still writes what it wrote then is seen from a small database, made anew each time.
+    """
+    with tempfile.TemporaryDirectory() as temporary:
+        probe = pathlib.Path(temporary) / "probe.db"
+        write_sample(program, probe, PROBE_ROWS)
+        mark = file_hash(probe)
+    database, mark_file = folder / f"log-{rows}.db", folder / f"log-{rows}.mark"
+    if not (database.exists() and mark_file.exists() and mark_file.read_text() == mark):
+        mark_file.unlink(missing_ok=True)
+        print(f"Writing a database of {rows} log rows", flush=True)
+        write_sample(program, database, rows)
+        mark_file.write_text(mark)
+    return database
+
+
+@dataclass
+class StatementKind:
+    shape: str      # the statement, its values replaced by ?
+    times: list     # milliseconds, one a statement
+
+    def median(self):
+        return statistics.median(self.times)
+
+
+def statements(program, database, folder):
+    """The statements of one export: the main query as sent, and all statements by kind, the dearest kind first."""
+    log = folder / "statements.jsonl"
+    finished = subprocess.run(
+        [program, "export", "--db", str(database), "--section", "15", "--params", "/autostart", "--out", str(folder),
+         "--sql-log", str(log), "--quiet"], check=True, stdout=subprocess.PIPE, encoding="utf-8")
+    pathlib.Path(finished.stdout.strip()).unlink()
+    times = defaultdict(list)
+    main_query = None
+    with open(log, encoding="utf-8") as lines:
+        for line in lines:
+            sent = json.loads(line)
+            times[re.sub(r"'[^']*'|\b\d+\b", "?", sent["sql"])].append(sent["ms"])
+            if sent["sql"].endswith(" ORDER BY ddDatum"):
+                main_query = sent["sql"]
+    kinds = [StatementKind(shape, each) for shape, each in times.items()]
+    return main_query, sorted(kinds, key=lambda kind: -sum(kind.times))
+
+
+@dataclass
+class Rows:
+    """The rows of the main query. size: bytes of all cells, a text its bytes and a number 8."""
+    columns: list
+    count: int
+    size: int
+
+
+def fetched_rows(database, query):
+    connection = sqlite3.connect(database.absolute().as_uri() + "?mode=ro", uri=True)
+    columns = [column[0] for column in connection.execute(f"SELECT * FROM ({query}) LIMIT 0").description]
+    sizes = " + ".join(
+        f"CASE typeof({column}) WHEN 'null' THEN 0 WHEN 'text' THEN length(CAST({column} AS BLOB)) ELSE 8 END"
+        for column in columns)
+    count, size = connection.execute(f"SELECT count(*), sum({sizes}) FROM ({query})").fetchone()
+    connection.close()
+    return Rows(columns, count, size)
