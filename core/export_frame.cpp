@@ -18,6 +18,18 @@ constexpr std::array<std::string_view, 9> common_captions = {
     "Arbeitsstation",     "Applikation", "Datenbankbenutzer",
 };
 
+/// The look-ups of one file, from construction to destruction.
+class Lookups {
+public:
+    explicit Lookups(Database& oDBU) : oDBU_(oDBU) { oDBU_.begin_lookups(); }
+    ~Lookups() { oDBU_.end_lookups(); }
+    Lookups(const Lookups&) = delete;
+    Lookups& operator=(const Lookups&) = delete;
+
+private:
+    Database& oDBU_;
+};
+
 }  // namespace
 
 std::string_view caption_or_empty(std::string_view field, std::string_view table, Run& run) {
@@ -74,6 +86,7 @@ void ExportFrame::write_head(CsvWriter& writer, std::string_view filter_text,
 }
 
 void ExportFrame::write_records(CsvWriter& writer, const RowSet& rows, SectionLines& section) {
+    const Lookups lookups(run_.oDBU);
     ChangeDocument document(run_.environment);
     const auto count = static_cast<std::int32_t>(rows.rows());
     for (std::int32_t i = 0; i < count; ++i) {

@@ -32,6 +32,11 @@ public:
     /// The wildcard of LIKE for any run of characters.
     virtual std::string like_wildcard() = 0;
 
+    /// A run of look-ups begins, without a person between them: until end_lookups they may see one state of
+    /// the database, and a server may save the work of locking it for each. Never nested.
+    virtual void begin_lookups() {}
+    virtual void end_lookups() noexcept {}
+
     /// Raises the connection's error when the connection has failed; sends nothing. A run asks this before it
     /// calls its result complete, because some lookups answer a failed statement with a default.
     virtual void require_connection() {}

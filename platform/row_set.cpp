@@ -6,8 +6,17 @@
 namespace prot {
 
 namespace {
-constexpr std::size_t arena_block = std::size_t{1} << 20;
-constexpr std::size_t large_text = arena_block / 16;  // from here on a text has a block of its own
+constexpr std::size_t largest_block = std::size_t{1} << 20;
+constexpr std::size_t large_text = largest_block / 16;  // from here on a text has a block of its own
+constexpr std::size_t longest_recent = 64;
+
+/// A slot by length and both ends: cheap, and different for most names.
+std::size_t slot_of(std::string_view text, std::size_t slots) {
+    if (text.empty()) return 0;
+    const auto byte = [text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+    return (text.size() * 7U + byte(0) + byte(text.size() / 2) * 3U + byte(text.size() - 1) * 5U) % slots;
+}
+
 }  // namespace
 
 Value Cell::value() const {
@@ -48,11 +57,24 @@ void RowSet::widen_first_block() {
     memory_ -= first_rows * columns_ * sizeof(Cell);
     add_cells(rows_per_block);
     std::copy_n(narrow.get(), first_rows * columns_, blocks_.front().get());
+    recent_.resize(columns_ * recent_slots);
 }
 
-void RowSet::set(std::size_t column, std::string_view text) {
-    if (text != previous_[column]) previous_[column] = std::string_view(store(text), text.size());
-    cell(column) = Cell(previous_[column]);
+void RowSet::set(std::size_t column, std::string_view text) { cell(column) = Cell(stored(column, text)); }
+
+std::string_view RowSet::stored(std::size_t column, std::string_view text) {
+    // Names of tables, users and workstations recur; documents do not.
+    if (text.size() > longest_recent || recent_.empty()) return {store(text), text.size()};
+    std::string_view& recent = recent_[column * recent_slots + slot_of(text, recent_slots)];
+    if (recent != text) recent = {store(text), text.size()};
+    return recent;
+}
+
+void RowSet::set(std::size_t column, const Cell& value) {
+    if (value.type() == Cell::Type::text)
+        set(column, value.text());
+    else
+        cell(column) = value;
 }
 
 void RowSet::set(std::size_t column, const Value& value) {
@@ -76,8 +98,9 @@ const char* RowSet::store(std::string_view text) {
         place = add_block(text.size());
     } else {
         if (text.size() > free_size_) {
-            free_ = add_block(arena_block);
-            free_size_ = arena_block;
+            free_size_ = std::max(text.size(), next_block_);
+            free_ = add_block(free_size_);
+            next_block_ = std::min(next_block_ * 2, largest_block);
         }
         place = free_;
         free_ += text.size();

@@ -45,11 +45,12 @@ private:
 };
 
 /// The result of a query: indexed (column, row), both from 0, in the server's order. Compact: 16 bytes a cell
-/// in blocks of rows, all texts in one arena, equal neighbours of one column stored once. Move-only.
+/// in blocks of rows, all texts in one arena, short texts that recur in a column mostly stored once. A result
+/// of a row or two, as lookups have, takes little. Move-only.
 class RowSet {
 public:
     RowSet() = default;
-    explicit RowSet(std::size_t columns) : columns_(columns), previous_(columns) {}
+    explicit RowSet(std::size_t columns) : columns_(columns) {}
 
     bool empty() const { return rows_ == 0; }
     std::size_t columns() const { return columns_; }
@@ -68,12 +69,14 @@ public:
     void set(std::size_t column, Date date) { cell(column) = Cell(date); }
     /// Copies `text` (less than 4 GiB) into the arena.
     void set(std::size_t column, std::string_view text);
+    void set(std::size_t column, const Cell& value);
     void set(std::size_t column, const Value& value);
 
 private:
     static constexpr std::size_t rows_per_block = 256;
-    static constexpr std::size_t first_rows =
-        2;  // most results are a lookup's single row: the first block starts small
+    static constexpr std::size_t first_rows = 2;  // the first block starts with so many
+    static constexpr std::size_t recent_slots = 64;
+    std::string_view stored(std::size_t column, std::string_view text);
     void add_cells(std::size_t rows);
     void widen_first_block();
     Cell& cell(std::size_t column) { return last_row_[column]; }
@@ -85,10 +88,11 @@ private:
     std::size_t memory_ = 0;
     std::vector<std::unique_ptr<Cell[]>> blocks_;
     Cell* last_row_ = nullptr;
-    std::vector<std::string_view> previous_;  // the last text stored for each column
+    std::vector<std::string_view> recent_;  // recent_slots short texts for each column, by a hash
     std::vector<std::unique_ptr<char[]>> arena_;
     char* free_ = nullptr;
     std::size_t free_size_ = 0;
+    std::size_t next_block_ = 1024;  // arena blocks grow up to a bound
 };
 
 }  // namespace prot

@@ -21,6 +21,8 @@ public:
     void execute(std::string_view sql) override;
     std::string date_literal(Date date) override { return database_.date_literal(date); }
     std::string like_wildcard() override { return database_.like_wildcard(); }
+    void begin_lookups() override { database_.begin_lookups(); }
+    void end_lookups() noexcept override { database_.end_lookups(); }
     void require_connection() override { database_.require_connection(); }
 
     /// Raises AutomationError (file) when a line could not be written.

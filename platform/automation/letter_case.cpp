@@ -85,4 +85,14 @@ std::string to_lower(std::string_view text) { return fold<to_lower>(text); }
 
 std::string to_upper(std::string_view text) { return fold<to_upper>(text); }
 
+bool upper_equals(std::string_view text, std::string_view other) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = static_cast<unsigned char>(text[i]);
+        if (byte >= 0x80) return to_upper(text) == other;
+        const bool small = byte >= 'a' && byte <= 'z';
+        if (i >= other.size() || static_cast<char>(small ? byte - 'a' + 'A' : byte) != other[i]) return false;
+    }
+    return text.size() == other.size();
+}
+
 }  // namespace prot

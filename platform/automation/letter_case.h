@@ -15,4 +15,8 @@ char32_t to_upper(char32_t code_point);
 std::string to_lower(std::string_view text);
 std::string to_upper(std::string_view text);
 
+/// Whether to_upper(text) is `other`; ends at the first difference and copies nothing while the texts are
+/// ASCII.
+bool upper_equals(std::string_view text, std::string_view other);
+
 }  // namespace prot

@@ -106,23 +106,25 @@ SqliteCells::SqliteCells(sqlite3_stmt* statement)
 }
 
 Cell SqliteCells::read(std::size_t column) const {
-    const int index = static_cast<int>(column);
-    switch (sqlite3_column_type(statement_, index)) {
+    // The value is asked once for the column, not once for each property. Reading it so is sound because one
+    // thread alone uses the connection.
+    sqlite3_value* const value = sqlite3_column_value(statement_, static_cast<int>(column));
+    switch (sqlite3_value_type(value)) {
         case SQLITE_INTEGER:
-            return Cell(std::int64_t{sqlite3_column_int64(statement_, index)});
+            return Cell(std::int64_t{sqlite3_value_int64(value)});
         case SQLITE_FLOAT:
-            return Cell(sqlite3_column_double(statement_, index));
+            return Cell(sqlite3_value_double(value));
         case SQLITE_TEXT:
             break;
         case SQLITE_BLOB: {
-            const void* const data = sqlite3_column_blob(statement_, index);
-            return Cell(bytes(data, sqlite3_column_bytes(statement_, index)));
+            const void* const data = sqlite3_value_blob(value);
+            return Cell(bytes(data, sqlite3_value_bytes(value)));
         }
         default:
             return {};
     }
-    const void* const data = sqlite3_column_text(statement_, index);
-    const std::string_view text = bytes(data, sqlite3_column_bytes(statement_, index));
+    const void* const data = sqlite3_value_text(value);
+    const std::string_view text = bytes(data, sqlite3_value_bytes(value));
     if (is_date_[column] != 0)
         if (const auto date = read_iso_date(text)) return Cell(*date);
     return Cell(text);

@@ -14,21 +14,6 @@ namespace prot {
 
 namespace {
 
-void set_cell(RowSet& rows, std::size_t column, const Cell& cell) {
-    switch (cell.type()) {
-        case Cell::Type::integer:
-            return rows.set(column, cell.integer());
-        case Cell::Type::real:
-            return rows.set(column, cell.real());
-        case Cell::Type::date:
-            return rows.set(column, cell.date());
-        case Cell::Type::text:
-            return rows.set(column, cell.text());
-        case Cell::Type::null:
-            return;
-    }
-}
-
 TsqlStatement single_query(std::string_view sql) {
     std::vector<TsqlStatement> statements = translate_tsql(sql);
     for (const TsqlStatement& statement : statements)
@@ -61,7 +46,7 @@ public:
         do {
             rows.add_row();
             for (std::size_t column = 0; column < cells.columns(); ++column)
-                set_cell(rows, column, cells.read(column));
+                rows.set(column, cells.read(column));
         } while (run.next_row());
         return rows;
     }
@@ -86,9 +71,19 @@ public:
 
     std::string like_wildcard() override { return "%"; }
 
+    // A read transaction: the file is locked once, and all look-ups see one state of it. Writers wait
+    // meanwhile, as they do while a query runs. Without it the look-ups are as right, only slower, so that an
+    // error here is none.
+    void begin_lookups() override { control("BEGIN"); }
+    void end_lookups() noexcept override { control("COMMIT"); }
+
     void require_connection() override { connection_.require(); }
 
 private:
+    void control(const char* statement) noexcept {
+        sqlite3_exec(connection_.handle(), statement, nullptr, nullptr, nullptr);
+    }
+
     SqliteRun start(const TsqlStatement& statement) {
         sqlite3_stmt* const prepared = statements_.find_or_prepare(statement.text, statement.source);
         return {connection_, prepared, statement.parameters, statement.source};

@@ -43,26 +43,24 @@ void RateLines::translate_values(std::string_view field, std::string_view, const
 }
 
 const RateLines::Currency& RateLines::mGetWaehrInfos(std::int32_t lId) try {
-    const auto known = currencies_.find(lId);
-    if (known != currencies_.end()) return known->second;
+    if (const Currency* const known = currencies_.find(lId)) return *known;
     const RowSet rows = run_.oDBU.query_array(
         "SELECT dcISOKennz, dcBezeichnung FROM tDevisenWaehr"
         " WHERE idDevisenWaehr = " +
         std::to_string(lId));
     Currency currency{std::string(no_longer_there), {}};
     if (!rows.empty()) currency = {to_text(rows.at(0, 0).value()), to_text(rows.at(1, 0).value())};
-    return currencies_.emplace(lId, std::move(currency)).first->second;
+    return currencies_.remember(lId, std::move(currency));
 } catch (...) {
     leave(owner, "mGetWaehrInfos");
 }
 
 const std::string& RateLines::mGetKursGueltigAb(std::int32_t lId) try {
-    const auto known = valid_from_.find(lId);
-    if (known != valid_from_.end()) return known->second;
+    if (const std::string* const known = valid_from_.find(lId)) return *known;
     const RowSet rows = run_.oDBU.query_array("SELECT ddGueltigAb FROM TDEVISENKURS WHERE idDevisenKurs = " +
                                               std::to_string(lId));
     std::string text(rows.empty() ? std::string(no_longer_there) : to_text(rows.at(0, 0).value()));
-    return valid_from_.emplace(lId, std::move(text)).first->second;
+    return valid_from_.remember(lId, std::move(text));
 } catch (...) {
     // Both lookups report under one name; those who search the problem reports count on it.
     leave(owner, "mGetWaehrInfos");
@@ -78,7 +76,7 @@ std::string_view msDBGetFieldDescription(std::string_view sFeld, std::string_vie
 std::string msTranslateID(std::string_view sWert, std::string_view sFeld, const LogRow& row, Run& run) try {
     // A name in capitals never equals this one, so values are always written as logged. Deliberate: readers
     // compare the files with those of earlier years.
-    if (to_upper(sFeld) != "idDevisenKurs") return {};
+    if (!upper_equals(sFeld, "idDevisenKurs")) return {};
     const std::optional<Date> moment = row.moment();
     const double number = val(sWert);
     if (!moment || number < -2147483648.0 || number > 2147483647.0) return {};

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 #include "core/export_frame.h"
+#include "core/id_memory.h"
 
 namespace prot::exchange_rates {
 
@@ -37,8 +37,8 @@ private:
     const std::string& mGetKursGueltigAb(std::int32_t lId);
 
     Run& run_;
-    std::unordered_map<std::int32_t, Currency> currencies_;  // each asked once in a run
-    std::unordered_map<std::int32_t, std::string> valid_from_;
+    IdMemory<Currency> currencies_;  // each asked once in a run
+    IdMemory<std::string> valid_from_;
 };
 
 /// The caption of a changed field of a rate; empty for fields that are never exported and for those without

@@ -49,5 +49,22 @@ TEST(Date, OverflowsOutsideItsYears) {
     EXPECT_THROW(to_civil(Date{std::numeric_limits<double>::quiet_NaN()}), AutomationError);
 }
 
+TEST(Date, OverflowsWhenTheLastHalfSecondRoundsToTheYear10000) {
+    const double second = 1.0 / 86400;
+    EXPECT_EQ(to_civil(Date{2958466.0 - 0.6 * second}), (CivilTime{9999, 12, 31, 23, 59, 59}));
+    EXPECT_THROW(to_civil(Date{2958466.0 - 0.4 * second}), AutomationError);
+}
+
+TEST(Date, OverflowsWhenItIsMovedOutOfItsYears) {
+    const Date first = to_date(CivilTime{100, 1, 1});
+    const Date last = to_date(CivilTime{9999, 12, 31, 23, 59, 59});
+    EXPECT_EQ(add_seconds(add_seconds(first, 1), -1), first);
+    EXPECT_EQ(add_seconds(add_seconds(last, -1), 1), last);
+    EXPECT_THROW(add_seconds(first, -1), AutomationError);
+    EXPECT_THROW(add_seconds(last, 1), AutomationError);
+    EXPECT_THROW(add_seconds(last, std::numeric_limits<std::int64_t>::max()), AutomationError);
+    EXPECT_THROW(add_seconds(first, std::numeric_limits<std::int64_t>::min()), AutomationError);
+}
+
 }  // namespace
 }  // namespace prot

@@ -15,6 +15,14 @@ TEST(LetterCase, FoldsPerCodePoint) {
     EXPECT_EQ(to_upper("÷×"), "÷×") << "signs between the letters have no case";
 }
 
+TEST(LetterCase, ComparesInCapitalsAsIfFolded) {
+    for (const char* text : {"", "a", "abc", "ABC", "aBd", "größe", "GRÖßE", "idDevisenKurs", "a\xFF"}) {
+        for (const char* other :
+             {"", "A", "ABC", "abc", "GRÖßE", "größe", "idDevisenKurs", "IDDEVISENKURS", "A\xFF"})
+            EXPECT_EQ(upper_equals(text, other), to_upper(text) == other) << text << " " << other;
+    }
+}
+
 TEST(LetterCase, LeavesBytesThatAreNotUtf8) { EXPECT_EQ(to_lower("A\xC4Z\xFF"), "a\xC4z\xFF"); }
 
 TEST(LetterCase, UpperIsTheReverseOfLower) {

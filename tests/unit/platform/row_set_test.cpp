@@ -43,13 +43,23 @@ TEST(RowSet, KeepsTextsOfAllSizesWhileItGrowsAndMoves) {
     EXPECT_EQ(moved.at(1, 599).text(), "gleich");
 }
 
-TEST(RowSet, StoresEqualNeighboursOfAColumnOnce) {
+TEST(RowSet, StoresShortTextsThatRecurInAColumnOnce) {
     RowSet rows(1);
-    for (int i = 0; i < 1000; ++i) {
+    const std::string_view names[] = {"Finanzbuchhaltung", "Devisenverwaltung", "", "Zoë"};
+    for (std::size_t i = 0; i < 1000; ++i) {
         rows.add_row();
-        rows.set(0, std::string_view("srvBuchhaltung"));
+        rows.set(0, names[i % 4]);
+        ASSERT_EQ(rows.at(0, i).text(), names[i % 4]);
     }
-    EXPECT_EQ(rows.at(0, 0).text().data(), rows.at(0, 999).text().data());
+    for (std::size_t name = 0; name < 4; ++name)
+        EXPECT_EQ(rows.at(0, 400 + name).text().data(), rows.at(0, 996 + name).text().data()) << names[name];
+}
+
+TEST(RowSet, TakesLittleForASingleRow) {
+    RowSet rows(3);
+    rows.add_row();
+    rows.set(0, std::string_view("EUR"));
+    EXPECT_LT(rows.memory(), 2048U);
 }
 
 TEST(RowSet, HoldsLittleMoreThanLargeTextsNeed) {

@@ -78,6 +78,15 @@ TEST(TextForms, ValReadsTheLeadingNumberWithADecimalPoint) {
     EXPECT_EQ(val("1e-999"), 0.0);
 }
 
+TEST(TextForms, ValTellsTooSmallFromTooLargeByTheValueNotByTheSignOfTheExponent) {
+    const std::string zeros(400, '0');
+    EXPECT_EQ(val("0." + zeros + "1"), 0.0);
+    EXPECT_EQ(val("." + zeros + "1e5"), 0.0);
+    EXPECT_TRUE(std::isinf(val("1" + zeros + "e-10")));
+    EXPECT_EQ(val("1e-99999999999999999999"), 0.0);
+    EXPECT_TRUE(std::isinf(val("1e99999999999999999999")));
+}
+
 TEST(TextForms, ToLongRoundsHalfToEven) {
     const struct {
         double number;

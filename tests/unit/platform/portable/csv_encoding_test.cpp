@@ -105,6 +105,11 @@ const Cell utf8_cells[] = {
     {"with quotes", "\xFF;", "\"\xEF\xBF\xBD;\""},
 };
 
+TEST(CsvEncoding, QuotesACellWhoseGuardIsTheSeparator) {
+    EXPECT_EQ(line({"=1", "a"}, '\''), "\"'=1\"'a\r\n");
+    EXPECT_EQ(line({"=1", "a"}, '\'', CsvEncoding::utf8, true), "=1'a\r\n");
+}
+
 TEST(CsvEncoding, WritesOnlyValidUtf8) {
     for (const Cell& row : utf8_cells) {
         EXPECT_EQ(line({row.cell}), row.written + "\r\n") << row.why;
