@@ -2,6 +2,7 @@
 
 #include "core/ZQErrorHandling.h"
 #include "platform/automation/letter_case.h"
+#include "platform/automation/text_parts.h"
 #include "platform/automation/utf8.h"
 
 namespace prot {
@@ -20,22 +21,6 @@ constexpr std::string_view scanned_keys[] = {
     "stdkanz:", "kontenrahmen:", "auswertung:", key_framework, "awraend:",         "wirtschaftsjahr:",
     "vonkonto", "biskonto",      "vondevi",     "bisdevi",     "änderungsaktion:", "fehlermeldung:",
 };
-
-std::string_view trim(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    return text;
-}
-
-std::vector<std::string> split(std::string_view text, char separator) {
-    std::vector<std::string> parts;
-    for (;;) {
-        const std::size_t end = text.find(separator);
-        parts.emplace_back(text.substr(0, end));
-        if (end == std::string_view::npos) return parts;
-        text.remove_prefix(end + 1);
-    }
-}
 
 std::vector<std::string> scan(std::string_view sCommandline, bool bMitAutostart, Environment& environment) {
     std::vector<std::string> parts(1);
@@ -78,14 +63,14 @@ std::string gbCommandOk(std::string_view sKey, std::string_view sCommandline, En
     const std::size_t start = lower.find(decode_utf8(sKey));
     if (start == std::u32string::npos) return {};
     const std::u32string_view rest = std::u32string_view(text).substr(start, item_end(text, start) - start);
-    return std::string(trim(encode_utf8(rest)));
+    return std::string(trim_blanks(encode_utf8(rest)));
 } catch (...) {
     show_and_end(environment, owner, "gbCommandOk");
     return {};
 }
 
 std::string psCommand(std::string_view sItem, Environment& environment) try {
-    const std::string_view item = trim(sItem);
+    const std::string_view item = trim_blanks(sItem);
     if (!item.starts_with('/')) return {};
     const std::size_t colon = item.find(':');
     if (colon == std::string_view::npos) return {};
@@ -96,7 +81,7 @@ std::string psCommand(std::string_view sItem, Environment& environment) try {
 }
 
 std::string psComWert(std::string_view sItem, Environment& environment) try {
-    const std::string_view item = trim(sItem);
+    const std::string_view item = trim_blanks(sItem);
     if (!item.starts_with('/')) return {};
     const std::size_t colon = item.find(':');
     if (colon == std::string_view::npos) return {};
@@ -107,7 +92,7 @@ std::string psComWert(std::string_view sItem, Environment& environment) try {
 }
 
 bool pbCommandVorhanden(std::string_view sText, std::string_view sKey) try {
-    const std::string text = "/" + to_lower(trim(sText));
+    const std::string text = "/" + to_lower(trim_blanks(sText));
     return text.find("/" + to_lower(sKey)) != std::string::npos;
 } catch (...) {
     end_quietly();

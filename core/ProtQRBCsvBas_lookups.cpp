@@ -87,7 +87,7 @@ std::string PROT_gsGetValueByDate(std::string_view sTabelle, std::string_view sS
         to_text(oDBU.query_value(log_search(sTabelle, sSchluessel, " AND dlEvent = 2 ", pattern)));
     return remember(deletion.empty() ? std::string(undefined) : old_value(deletion, sSpalte, run), true);
 } catch (...) {
-    end_quietly();
+    end_with_notice(run.environment);
     return std::string(undefined);
 }
 
@@ -109,7 +109,7 @@ std::string_view PROT_gsGetFieldDescription(std::string_view sTabelle, std::stri
         run.memory.captions.emplace(key, is_null(caption) ? std::string(undefined) : to_text(caption)).first;
     return answer->second;
 } catch (...) {
-    end_quietly();
+    end_with_notice(run.environment);
     return undefined;
 }
 

@@ -86,6 +86,15 @@ void show_and_end(Environment& environment, std::string_view owner, std::string_
 
 void end_quietly() noexcept { failing_command().clear(); }
 
+void end_with_notice(Environment& environment) noexcept {
+    try {
+        environment.notices.lookup_failed(current_error().description());
+    } catch (...) {
+        // A host without memory for a notice gets none.
+    }
+    end_quietly();
+}
+
 void ZQ_gErrorHandling(Environment& environment, const AutomationError& error) {
     environment.screen_pointer.set(Pointer::standard);
     try {

@@ -25,6 +25,9 @@ void show_and_end(Environment& environment, std::string_view owner, std::string_
 /// Ends the error being handled; the procedure returns what its result held.
 void end_quietly() noexcept;
 
+/// Ends the error being handled like end_quietly; the host's notices hear of it.
+void end_with_notice(Environment& environment) noexcept;
+
 /// Shows `error` in the platform's problem report, with the standard mouse pointer. When the report itself
 /// fails, a plain message box titled "Problembericht" shows both errors.
 void ZQ_gErrorHandling(Environment& environment, const AutomationError& error);

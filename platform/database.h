@@ -32,8 +32,10 @@ public:
     /// The wildcard of LIKE for any run of characters.
     virtual std::string like_wildcard() = 0;
 
-    /// A run of look-ups begins, without a person between them: until end_lookups they may see one state of
-    /// the database, and a server may save the work of locking it for each. Never nested.
+    /// A run of look-ups begins, without a person between them: until end_lookups they see one state of the
+    /// database where the server can give that, and it may save the work of locking for each. Fails when the
+    /// database is locked: some look-ups answer a failed statement with a default, which a lock must not
+    /// become. Never nested.
     virtual void begin_lookups() {}
     virtual void end_lookups() noexcept {}
 

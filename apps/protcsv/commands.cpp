@@ -42,6 +42,12 @@ private:
 /// asked.
 void require_free_place(const fs::path& path, bool overwrite) {
     std::error_code ignored;
+    const fs::path folder = path.parent_path();
+    if (!folder.empty() && !fs::is_directory(folder, ignored))
+        fail("Den Ordner „" + folder.string() + "“ gibt es nicht.");
+    if (access(folder.empty() ? "." : folder.c_str(), W_OK) != 0)
+        fail("In den Ordner „" + (folder.empty() ? "." : folder.string()) +
+             "“ darf nicht geschrieben werden.");
     const fs::file_status status = fs::status(path, ignored);
     if (!fs::exists(status)) return;
     if (!fs::is_regular_file(status)) fail("„" + path.string() + "“ ist keine gewöhnliche Datei.");

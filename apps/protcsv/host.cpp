@@ -4,6 +4,7 @@
 #include <ctime>
 
 #include "apps/protcsv/interruption.h"
+#include "platform/portable/atomic_file.h"
 #include "platform/portable/pugi_xml_select.h"
 #include "platform/portable/sqlite_database.h"
 #include "platform/portable/terminal_error_display.h"
@@ -25,7 +26,11 @@ Host::Host(const Options& options, Terminal& terminal)
       terminal_(terminal),
       message_boxes_(terminal, options.yes),
       forms_(terminal),
-      connection_information_(sqlite_connection_information(options.database)) {}
+      connection_information_(sqlite_connection_information(options.database)) {
+    csv_.never_replaced = {text_path(options.database)};
+    if (!options.statement_log.empty()) csv_.never_replaced.push_back(text_path(options.statement_log));
+    if (options.answers) csv_.never_replaced.push_back(text_path(*options.answers));
+}
 
 Environment Host::environment() {
     return {*this, message_boxes_, forms_, pointer_, *connection_information_, clock_, notices_};

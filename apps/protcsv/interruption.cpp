@@ -46,14 +46,18 @@ void handle_interruptions() {
 }
 
 void set_unfinished_file(const std::string& path) {
-    const sigset_t stopping = stopping_set();
-    sigset_t before;
-    sigprocmask(SIG_BLOCK, &stopping, &before);
+    const InterruptionsWait wait;
     // A path of this length cannot be opened, so nothing is left to be removed.
     const std::size_t size = path.size() < sizeof unfinished_path ? path.size() : 0;
     std::memcpy(unfinished_path, path.data(), size);
     unfinished_path[size] = '\0';
-    sigprocmask(SIG_SETMASK, &before, nullptr);
 }
+
+InterruptionsWait::InterruptionsWait() {
+    const sigset_t stopping = stopping_set();
+    sigprocmask(SIG_BLOCK, &stopping, &earlier_);
+}
+
+InterruptionsWait::~InterruptionsWait() { sigprocmask(SIG_SETMASK, &earlier_, nullptr); }
 
 }  // namespace prot

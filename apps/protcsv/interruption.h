@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <string>
 
 /// What happens when the program is stopped from outside: the unfinished file is removed, and the exit status
@@ -12,5 +13,17 @@ void handle_interruptions();
 
 /// The file to be removed when the program is stopped; empty: there is none.
 void set_unfinished_file(const std::string& path);
+
+/// While it lives, a signal waits: the program is stopped afterwards.
+class InterruptionsWait {
+public:
+    InterruptionsWait();
+    ~InterruptionsWait();
+    InterruptionsWait(const InterruptionsWait&) = delete;
+    InterruptionsWait& operator=(const InterruptionsWait&) = delete;
+
+private:
+    sigset_t earlier_;
+};
 
 }  // namespace prot

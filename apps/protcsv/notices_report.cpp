@@ -22,12 +22,25 @@ void NoticesReport::field_without_caption(std::string_view table, std::string_vi
         fields_.emplace(std::pair(std::string(table), std::string(column)), 1);
 }
 
+void NoticesReport::lookup_failed(std::string_view error) {
+    if (failure_count_++ == 0) first_failure_ = error;
+}
+
 void NoticesReport::unreadable_document(std::int64_t log_id) {
     ++document_count_;
     if (documents_.size() < listed) documents_.push_back(log_id);
 }
 
 std::string NoticesReport::text() const { return fields_text() + documents_text(); }
+
+std::string NoticesReport::failures_text() const {
+    if (failure_count_ == 0) return {};
+    const std::string count =
+        failure_count_ == 1
+            ? "1 Abfrage einer Beschriftung oder eines früheren Wertes schlug"
+            : std::to_string(failure_count_) + " Abfragen von Beschriftungen oder früheren Werten schlugen";
+    return "Die Datei kann unvollständig sein: " + count + " fehl, zuerst: " + first_failure_ + '\n';
+}
 
 std::string NoticesReport::fields_text() const {
     if (fields_.empty()) return {};

@@ -79,7 +79,7 @@ constexpr OptionRow option_rows[] = {
     {"--to", "DATUM", filtered, 0, "Auswahl", "letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
      [](Options& o, const std::string& value, SectionTable) { o.request.to = parse_date(value); }},
     {"--events", "LISTE", filtered, 0, "Auswahl",
-     "created, changed, deleted (durch Komma getrennt);\nall (Vorgabe), none oder die Maske als Zahl",
+     "created, changed, deleted (durch Komma getrennt);\nall (Vorgabe), none oder als Zahl die Summe aus\n1 (created), 2 (changed) und 4 (deleted)",
      [](Options& o, const std::string& value, SectionTable) { o.request.events = parse_events(value); }},
     {"--params", "TEXT", any_log, running, "Auswahl",
      "Parametertext, etwa \"/autostart/vondevi:EUR\"; ohne\nautostart werden die Filter am Terminal erfragt",

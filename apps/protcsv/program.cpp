@@ -1,6 +1,7 @@
 #include "apps/protcsv/program.h"
 
 #include <iostream>
+#include <new>
 #include <vector>
 
 #include <unistd.h>
@@ -47,8 +48,12 @@ int run_program(std::span<const std::string> arguments, const Console& console, 
     } catch (const AutomationError& error) {
         complain(console, error.description());
         return exit_error;
+    } catch (const std::bad_alloc&) {
+        complain(console, out_of_memory);  // takes none
+        return exit_error;
     } catch (const std::exception& error) {
-        complain(console, std::string("Unerwarteter Fehler: ") + error.what());
+        complain(console, "Unerwarteter Fehler:");
+        complain(console, error.what());
         return exit_error;
     }
 }

@@ -2,9 +2,9 @@
 #include <filesystem>
 #include <fstream>
 #include <istream>
+#include <iterator>
 #include <new>
 #include <optional>
-#include <sstream>
 
 #include "apps/protcsv/commands.h"
 #include "apps/protcsv/host.h"
@@ -12,8 +12,10 @@
 #include "apps/protcsv/run_parameters.h"
 #include "apps/protcsv/statement_log.h"
 #include "apps/protcsv/usage_error.h"
+#include "apps/protcsv/whole_statements.h"
 #include "core/ProtCsvClass.h"
 #include "platform/automation/error.h"
+#include "platform/portable/atomic_file.h"
 #include "platform/portable/sqlite_database.h"
 #include "platform/portable/terminal_error_display.h"
 
@@ -23,34 +25,36 @@ namespace {
 
 constexpr std::string_view standard_input = "-";
 constexpr std::string_view refusal =
-    "Diese Eingabe braucht ein Terminal oder --answers DATEI; unbeaufsichtigt geht es mit --params "
-    "\"/…/autostart\".";
+    "Dieser Lauf muss etwas fragen und braucht dazu ein Terminal oder --answers DATEI; unbeaufsichtigt geht "
+    "es mit "
+    "--params \"/…/autostart\".";
 constexpr std::string_view own_source = "protcsv";
 
 constexpr std::array<int, 4> exit_statuses = {exit_done, exit_cancelled, exit_error, exit_usage};
 int exit_status(Outcome outcome) { return exit_statuses[static_cast<std::size_t>(outcome)]; }
 
+// Not by way of a stream's buffer, which takes a lack of memory for the end of the text.
+std::string read_all(std::istream& in) { return {std::istreambuf_iterator<char>(in), {}}; }
+
 std::optional<std::string> read_answers(const Options& options, const Console& console) {
     if (!options.answers) return std::nullopt;
-    std::ostringstream text;
-    if (*options.answers == standard_input) {
-        text << console.in.rdbuf();
-        return text.str();
-    }
+    if (*options.answers == standard_input) return read_all(console.in);
     std::ifstream file(*options.answers, std::ios::binary);
-    const bool has_text = file.peek() != std::ifstream::traits_type::eof();
-    if (has_text) text << file.rdbuf();
-    if (text.fail() || (!has_text && !file.eof()))
-        throw AutomationError(ErrorNumber::file,
-                              "Die Datei „" + *options.answers + "“ lässt sich nicht lesen.");
-    return text.str();
+    try {
+        if (file.peek() != std::ifstream::traits_type::eof() || file.eof()) return read_all(file);
+    } catch (const std::ios_base::failure&) {
+        // Reading broke off; said below like a file that cannot be opened.
+    }
+    throw AutomationError(ErrorNumber::file, "Die Datei „" + *options.answers + "“ lässt sich nicht lesen.");
 }
 
 TerminalSettings terminal_settings(const Options& options, const Console& console) {
     TerminalSettings settings;
     settings.program = "protcsv";
     settings.output = &console.err;
-    if (console.in_is_terminal && options.answers != standard_input) settings.keyboard = &console.in;
+    // Questions appear on standard error: without a terminal there, nobody would see them.
+    if (console.in_is_terminal && console.err_is_terminal && options.answers != standard_input)
+        settings.keyboard = &console.in;
     settings.answers = read_answers(options, console);
     settings.refusal = refusal;
     return settings;
@@ -61,6 +65,11 @@ void require_two_files(const Options& options) {
     std::error_code ignored;
     if (std::filesystem::equivalent(options.database, options.statement_log, ignored))
         throw UsageError("--sql-log: „" + options.statement_log + "“ ist die Datenbank selbst");
+}
+
+/// Makes the folder of the file, so that a wrong one shows before the log is read.
+void require_folder(const std::filesystem::path& folder) {
+    if (!folder.empty()) system_files().make_folder(folder);
 }
 
 /// One run of an exporter, from the opened database to the exit status.
@@ -82,10 +91,12 @@ public:
         const auto access =
             options_.command == Command::delete_log ? SqliteAccess::read_write : SqliteAccess::read_only;
         const std::unique_ptr<Database> database = open_sqlite_database(options_.database, access);
+        if (options_.command != Command::delete_log) require_folder(options_.csv.folder);
+        WholeStatements whole(*database);
         if (options_.statement_log.empty()) {
-            run_section(request, *database);
+            run_section(request, whole);
         } else {
-            StatementLog log(*database, options_.statement_log);
+            StatementLog log(whole, options_.statement_log);
             run_section(request, log);
             log.close();
         }
@@ -107,7 +118,7 @@ private:
         } catch (const AutomationError& error) {
             report(error);
         } catch (const std::bad_alloc&) {
-            report({ErrorNumber::out_of_memory, "Der Arbeitsspeicher reicht nicht aus."});
+            report({ErrorNumber::out_of_memory, std::string(out_of_memory)});
         } catch (const std::exception& error) {
             report({ErrorNumber::internal, error.what()});
         }
@@ -121,6 +132,14 @@ private:
     int finish() {
         if (host_.message_boxes().left_unanswered())
             terminal_.complain("Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.");
+        terminal_.write(host_.notices().failures_text());
+        // A deletion says how many records it found before it deletes them. The question that fails counts as
+        // answered no, without a word.
+        if (options_.command == Command::delete_log && terminal_.outcome() == Outcome::done &&
+            !host_.message_boxes().shown()) {
+            terminal_.note(Outcome::failed);
+            terminal_.complain("Die Löschfrage ließ sich nicht stellen; es wurde nichts gelöscht.");
+        }
         if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
         if (!options_.quiet) terminal_.write(host_.notices().text());
         return host_.finished_file().empty() ? exit_done : print(console_, host_.finished_file() + '\n');

@@ -7,6 +7,7 @@
 #include "apps/protcsv/usage_error.h"
 #include "core/Prot0000UtilitiesBAS.h"
 #include "platform/automation/letter_case.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot {
 
@@ -17,12 +18,6 @@ struct EventKey {
     std::int32_t bit;
 };
 constexpr EventKey event_keys[] = {{"neu", 1}, {"aend", 2}, {"loe", 4}};
-
-std::string trimmed(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 bool parse_flag(std::string_view text) {
     const std::string word = to_lower(text);
@@ -51,14 +46,10 @@ public:
 
 private:
     std::string value(const std::string& key) {
-        for (std::string_view rest = parameters_;;) {
-            const std::size_t slash = rest.find('/');
-            const std::string_view item = rest.substr(0, slash);
+        for (const std::string& item : split(parameters_, '/'))
             if (pbCommandVorhanden(item, key))
-                return trimmed(psComWert("/" + std::string(item), environment_));
-            if (slash == std::string_view::npos) return {};
-            rest.remove_prefix(slash + 1);
-        }
+                return std::string(trim_blanks(psComWert("/" + item, environment_)));
+        return {};
     }
 
     std::string_view parameters_;

@@ -11,6 +11,8 @@ namespace {
 constexpr std::int64_t seconds_per_day = 86400;
 constexpr std::int64_t first_day = -657434;  // 1 January 100
 constexpr std::int64_t last_day = 2958465;   // 31 December 9999
+constexpr std::int64_t first_second = first_day * seconds_per_day;
+constexpr std::int64_t last_second = (last_day + 1) * seconds_per_day - 1;
 
 struct YearMonthDay {
     int year, month, day;
@@ -51,14 +53,19 @@ constexpr int days_in_month(int year, int month) {
     return month == 2 && leap ? 29 : days[month - 1];
 }
 
+[[noreturn]] void overflow() {
+    throw AutomationError(ErrorNumber::overflow, "Überlauf: Datum außerhalb der Jahre 100 bis 9999");
+}
+
 /// Seconds since 30 December 1899, 00:00, counted evenly also before it.
 std::int64_t to_seconds(Date date) {
     const double day = std::trunc(date.serial);
-    if (!(day >= static_cast<double>(first_day) && day <= static_cast<double>(last_day)))
-        throw AutomationError(ErrorNumber::overflow, "Überlauf: Datum außerhalb der Jahre 100 bis 9999");
+    if (!(day >= static_cast<double>(first_day) && day <= static_cast<double>(last_day))) overflow();
     const double time = std::fabs(date.serial - day);
-    return static_cast<std::int64_t>(day) * seconds_per_day +
-           std::llround(time * static_cast<double>(seconds_per_day));
+    const std::int64_t seconds = static_cast<std::int64_t>(day) * seconds_per_day +
+                                 std::llround(time * static_cast<double>(seconds_per_day));
+    if (seconds > last_second) overflow();
+    return seconds;
 }
 
 Date from_seconds(std::int64_t seconds) {
@@ -103,6 +110,10 @@ CivilTime to_civil(Date date) {
             static_cast<int>(time % 60)};
 }
 
-Date add_seconds(Date date, std::int64_t seconds) { return from_seconds(to_seconds(date) + seconds); }
+Date add_seconds(Date date, std::int64_t seconds) {
+    const std::int64_t start = to_seconds(date);
+    if (seconds < first_second - start || seconds > last_second - start) overflow();
+    return from_seconds(start + seconds);
+}
 
 }  // namespace prot

@@ -31,11 +31,12 @@ bool is_valid(const CivilTime& civil);
 /// The date of `civil`, which must be valid.
 Date to_date(const CivilTime& civil);
 
-/// `date` rounded to the nearest second and taken apart. Outside the years 100 to 9999: automation error 6
-/// (overflow).
+/// `date` rounded to the nearest second and taken apart. Outside the years 100 to 9999, also by that
+/// rounding: automation error 6 (overflow).
 CivilTime to_civil(Date date);
 
-/// `date` moved by whole seconds. Dates before 1899 keep their meaning (see Date).
+/// `date`, rounded to the nearest second, moved by whole seconds. Dates before 1899 keep their meaning (see
+/// Date). Outside the years 100 to 9999: automation error 6 (overflow).
 Date add_seconds(Date date, std::int64_t seconds);
 
 }  // namespace prot

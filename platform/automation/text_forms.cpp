@@ -1,11 +1,13 @@
 #include "platform/automation/text_forms.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <limits>
 
 #include "platform/automation/error.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot {
 
@@ -76,12 +78,6 @@ void read_day(DateReader& reader, CivilTime& civil) {
     civil.year = reader.number(4, 4);
 }
 
-std::string_view trim_blanks(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    return text;
-}
-
 /// The number at the start of `text` in the form that from_chars reads: without blanks, D as E, no leading
 /// plus.
 std::string leading_number(std::string_view text) {
@@ -107,6 +103,21 @@ std::string leading_number(std::string_view text) {
         }
     }
     return number;
+}
+
+/// Whether `number`, which from_chars finds out of range, is too small for a double rather than too large:
+/// its first digit other than zero stands behind the point that the exponent has moved.
+bool is_too_small(std::string_view number) {
+    const std::size_t end = std::min(number.find('e'), number.size());
+    const std::string_view mantissa = number.substr(0, end);
+    const std::string_view power = number.substr(std::min(end + 1, number.size()));
+    const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+    std::int32_t exponent = 0;
+    if (std::from_chars(power.data(), power.data() + power.size(), exponent).ec ==
+        std::errc::result_out_of_range)
+        return power.starts_with('-');
+    return point - first + exponent <= 0;
 }
 
 }  // namespace
@@ -173,8 +184,7 @@ double val(std::string_view text) {
     double result = 0.0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), result);
     if (error == std::errc::result_out_of_range) {
-        const bool tiny = digits.find("e-") != std::string::npos;
-        result = tiny ? 0.0 : std::numeric_limits<double>::infinity();
+        result = is_too_small(digits) ? 0.0 : std::numeric_limits<double>::infinity();
     } else if (error != std::errc()) {
         result = 0.0;
     }

@@ -150,6 +150,7 @@ public:
     void make_folder(const fs::path& folder) override {
         std::error_code error;
         fs::create_directories(folder, error);
+        if (!error && faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0) error.assign(errno, std::generic_category());
         if (error) throw folder_error(folder, error);
     }
 

@@ -10,6 +10,8 @@ namespace prot {
 
 namespace {
 
+constexpr char guard = '\'';
+
 enum Care : std::uint8_t {
     needs_quotes = 1,
     needs_doubling = 2,
@@ -137,9 +139,10 @@ bool CsvLineEncoder::encode(std::string_view& cell) {
 
 void CsvLineEncoder::append_with_care(std::string_view cell, std::uint8_t cares, std::string& out) {
     if ((cares & beyond_ascii) != 0 && encode(cell)) cares = cares_of(cell);
-    const bool quoted = (cares & needs_quotes) != 0;
+    const bool guarded = guards_ && looks_like_formula(cell);
+    const bool quoted = (cares & needs_quotes) != 0 || (guarded && separator_ == guard);
     if (quoted) out += '"';
-    if (guards_ && looks_like_formula(cell)) out += '\'';
+    if (guarded) out += guard;
     if ((cares & needs_doubling) != 0) {
         append_doubled(cell, out);
     } else {

@@ -84,6 +84,7 @@ private:
         }
         const std::filesystem::path file = text_path(name);
         const std::filesystem::path target = options_.folder / file;
+        require_own_file(target);
         if (file.is_relative() && !options_.folder.empty()) files_.make_folder(options_.folder);
         std::unique_ptr<PendingFile> pending = files_.prepare(target);
         encoder_.emplace(options_.separator, options_.encoding, options_.raw_cells);
@@ -98,6 +99,14 @@ private:
             throw;
         }
         buffer_ = byte_order_mark(options_.encoding);
+    }
+
+    void require_own_file(const std::filesystem::path& target) const {
+        std::error_code ignored;
+        for (const std::filesystem::path& other : options_.never_replaced) {
+            if (std::filesystem::equivalent(target, other, ignored))
+                throw file_error(target, "der Lauf selbst braucht diese Datei");
+        }
     }
 
     void need_file() const {

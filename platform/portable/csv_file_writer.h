@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/csv_writer.h"
 #include "platform/portable/atomic_file.h"
@@ -13,7 +14,9 @@ namespace prot {
 
 struct CsvFileOptions {
     std::filesystem::path folder;  ///< where relative file names lie; made when it does not exist
-    char separator = ';';          ///< one byte, not a quote, CR or LF
+    std::vector<std::filesystem::path>
+        never_replaced;    // files of the same run that a person might name by mistake
+    char separator = ';';  ///< one byte, not a quote, CR or LF
     CsvEncoding encoding = CsvEncoding::utf8_bom;
     bool raw_cells = false;  ///< true: formula guards (leading apostrophes) are left out
 };

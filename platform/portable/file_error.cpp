@@ -70,7 +70,7 @@ std::filesystem::path text_path(std::string_view text) {
 
 AutomationError file_error(const std::filesystem::path& path, std::string_view reason) {
     return {ErrorNumber::file,
-            "Die Datei \"" + shown(path) + "\" kann nicht geschrieben werden: " + std::string(reason) + "."};
+            "Die Datei „" + shown(path) + "“ kann nicht geschrieben werden: " + std::string(reason) + "."};
 }
 
 AutomationError file_error(const std::filesystem::path& path, std::error_code reason) {
@@ -79,7 +79,7 @@ AutomationError file_error(const std::filesystem::path& path, std::error_code re
 
 AutomationError folder_error(const std::filesystem::path& path, std::error_code reason) {
     return {ErrorNumber::file,
-            "Der Ordner \"" + shown(path) + "\" kann nicht angelegt werden: " + reason_text(reason) + "."};
+            "Der Ordner „" + shown(path) + "“ kann nicht angelegt werden: " + reason_text(reason) + "."};
 }
 
 }  // namespace prot

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 namespace prot {
 
@@ -105,6 +106,8 @@ SqliteCells::SqliteCells(sqlite3_stmt* statement)
         is_date_[column] = is_date_type(sqlite3_column_decltype(statement, static_cast<int>(column)));
 }
 
+// SQLite answers with no place at all when it had no memory to convert or expand a value. That must not pass
+// for an empty one: a log table without a name would lose its records and keep their memo rows.
 Cell SqliteCells::read(std::size_t column) const {
     // The value is asked once for the column, not once for each property. Reading it so is sound because one
     // thread alone uses the connection.
@@ -118,12 +121,15 @@ Cell SqliteCells::read(std::size_t column) const {
             break;
         case SQLITE_BLOB: {
             const void* const data = sqlite3_value_blob(value);
-            return Cell(bytes(data, sqlite3_value_bytes(value)));
+            const int size = sqlite3_value_bytes(value);
+            if (data == nullptr && size > 0) throw std::bad_alloc();
+            return Cell(bytes(data, size));
         }
         default:
             return {};
     }
     const void* const data = sqlite3_value_text(value);
+    if (data == nullptr) throw std::bad_alloc();
     const std::string_view text = bytes(data, sqlite3_value_bytes(value));
     if (is_date_[column] != 0)
         if (const auto date = read_iso_date(text)) return Cell(*date);

@@ -71,17 +71,24 @@ public:
 
     std::string like_wildcard() override { return "%"; }
 
-    // A read transaction: the file is locked once, and all look-ups see one state of it. Writers wait
-    // meanwhile, as they do while a query runs. Without it the look-ups are as right, only slower, so that an
-    // error here is none.
-    void begin_lookups() override { control("BEGIN"); }
+    // A read transaction. SQLite locks the file at the first read in it, so one is made at once. Writers wait
+    // meanwhile, as they do while a query runs.
+    void begin_lookups() override {
+        connection_.require();
+        control("BEGIN");
+        if (control("SELECT 1 FROM sqlite_master LIMIT 1")) return;
+        const int code = sqlite3_extended_errcode(connection_.handle());
+        const std::string message = sqlite3_errmsg(connection_.handle());
+        control("ROLLBACK");
+        throw sqlite_error(code, describe_sqlite_problem(code, message));
+    }
     void end_lookups() noexcept override { control("COMMIT"); }
 
     void require_connection() override { connection_.require(); }
 
 private:
-    void control(const char* statement) noexcept {
-        sqlite3_exec(connection_.handle(), statement, nullptr, nullptr, nullptr);
+    bool control(const char* statement) noexcept {
+        return sqlite3_exec(connection_.handle(), statement, nullptr, nullptr, nullptr) == SQLITE_OK;
     }
 
     SqliteRun start(const TsqlStatement& statement) {

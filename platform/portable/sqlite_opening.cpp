@@ -6,6 +6,7 @@
 #include <fstream>
 #include <system_error>
 
+#include "platform/portable/atomic_file.h"
 #include "platform/portable/sqlite_connection.h"
 
 namespace prot {
@@ -13,13 +14,6 @@ namespace prot {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path to_path(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
-
-std::string to_utf8(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
 
 // What a person reads behind the path, by SQLite's result code; extended codes stand before their primary
 // code.
@@ -35,7 +29,8 @@ constexpr Problem problems[] = {
     {SQLITE_NOTADB, "ist keine SQLite-Datenbank, oder sie ist verschlüsselt"},
     {SQLITE_CORRUPT, "ist beschädigt. Bitte aus einer Sicherung wiederherstellen"},
     {SQLITE_READONLY_ROLLBACK,
-     "wurde beim Schreiben unterbrochen und muss erst von dem Programm geöffnet werden, das sie schreibt"},
+     "wurde beim Schreiben unterbrochen und muss erst von einem Programm geöffnet werden, das in sie "
+     "schreiben darf"},
     {SQLITE_READONLY, "ist schreibgeschützt. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen"},
     {SQLITE_CANTOPEN, "lässt sich nicht öffnen. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen"},
     {SQLITE_PERM, "lässt sich nicht öffnen. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen"},
@@ -57,7 +52,7 @@ std::string_view text_of(int code) {
 
 // Whether the file's header says that reading needs a write-ahead log. Source: SQLite file format, offset 19.
 bool reads_write_ahead_log(const std::string& path) {
-    std::ifstream file(to_path(path), std::ios::binary);
+    std::ifstream file(text_path(path), std::ios::binary);
     file.seekg(19);
     return file.get() == 2;
 }
@@ -70,7 +65,7 @@ std::string line_about(const std::string& path, std::string_view text) {
 
 std::string check_sqlite_file(const std::string& path) {
     std::error_code error;
-    const fs::path file = to_path(path);
+    const fs::path file = text_path(path);
     const fs::file_status status = fs::status(file, error);
     const auto refuse = [&](int code, std::string_view text) {
         throw sqlite_error(code, line_about(path, text));
@@ -82,7 +77,7 @@ std::string check_sqlite_file(const std::string& path) {
     if (status.type() != fs::file_type::regular) refuse(SQLITE_CANTOPEN, "ist keine gewöhnliche Datei");
     if (fs::file_size(file, error) == 0 && !error)
         refuse(SQLITE_NOTADB, "ist leer und enthält keine Datenbank");
-    return to_utf8(fs::absolute(file));
+    return path_text(fs::absolute(file));
 }
 
 void refuse_sqlite_file(const std::string& path, int code, std::string_view message) {

@@ -1,6 +1,7 @@
 #include "platform/portable/sqlite_temporary_table.h"
 
 #include <algorithm>
+#include <new>
 #include <string>
 
 #include "platform/portable/sqlite_statements.h"
@@ -38,7 +39,9 @@ std::string collation_of(SqliteConnection& connection, sqlite3_stmt* select, int
 }
 
 std::string column_definition(SqliteConnection& connection, sqlite3_stmt* select, int index) {
-    std::string definition = quoted(sqlite3_column_name(select, index));
+    const char* const name = sqlite3_column_name(select, index);
+    if (name == nullptr) throw std::bad_alloc();
+    std::string definition = quoted(name);
     const char* const type = sqlite3_column_decltype(select, index);
     if (type != nullptr && is_plain_type(type)) definition += " " + std::string(type);
     const std::string collation = collation_of(connection, select, index);

@@ -16,9 +16,9 @@ bool is_no(std::string_view answer) { return answer.empty() || answer == "nein" 
 BoxAnswer TerminalMessageBoxes::show(std::string_view text, BoxStyle style, std::string_view title) {
     terminal_.write("[" + std::string(title) + "] " + std::string(text) + '\n');
     if (title == problem_report_title) terminal_.note(Outcome::failed);
-    if (style != BoxStyle::question_yes_no) return BoxAnswer::ok;
-    const BoxAnswer answer = ask();
+    const BoxAnswer answer = style == BoxStyle::question_yes_no ? ask() : BoxAnswer::ok;
     if (answer == BoxAnswer::no) terminal_.note(Outcome::cancelled);
+    shown_ = true;
     return answer;
 }
 

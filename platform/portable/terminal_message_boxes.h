@@ -18,12 +18,16 @@ public:
     /// Whether a question was answered no because nobody was there to be asked.
     bool left_unanswered() const { return left_unanswered_; }
 
+    /// Whether a box was shown to its end.
+    bool shown() const { return shown_; }
+
 private:
     BoxAnswer ask();
 
     Terminal& terminal_;
     bool answer_yes_;
     bool left_unanswered_ = false;
+    bool shown_ = false;
 };
 
 }  // namespace prot

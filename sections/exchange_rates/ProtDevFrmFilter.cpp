@@ -5,6 +5,7 @@
 #include "core/help.h"
 #include "core/log_row.h"
 #include "platform/automation/text_forms.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot {
 
@@ -24,12 +25,6 @@ Form described_form() {
     form.fields[to_field].name = "cboWaehrung(1)";
     form.fields[to_field].label = "bis ISO Währungscode";
     return form;
-}
-
-std::string trimmed(std::string text) {
-    text.erase(0, text.find_first_not_of(' '));
-    text.erase(text.find_last_not_of(' ') + 1);
-    return text;
 }
 
 }  // namespace
@@ -99,21 +94,15 @@ bool ProtDevFrmFilter::mbCommandlineOk(const std::string& sCommandline, Range& r
     if (sCommandline.empty()) return false;
     range = selected_range();
     bool autostart = false;
-    std::string_view rest = sCommandline;
-    for (bool last = false; !last;) {
-        const std::size_t slash = rest.find('/');
-        const std::string_view part = rest.substr(0, slash);
-        last = slash == std::string_view::npos;
-        if (!last) rest.remove_prefix(slash + 1);
-
+    for (const std::string& part : split(sCommandline, '/')) {
         autostart = autostart || pbCommandVorhanden(part, "autostart");
         if (!autostart) continue;  // parameters before "autostart" are ignored, deliberately
         std::string* const bound = pbCommandVorhanden(part, "vondevi")   ? &range.from
                                    : pbCommandVorhanden(part, "bisdevi") ? &range.to
                                                                          : nullptr;
         if (!bound) continue;
-        std::string value = trimmed(psComWert("/" + std::string(part), environment_));
-        if (!value.empty()) *bound = std::move(value);
+        const std::string item = psComWert("/" + part, environment_);
+        if (const std::string_view value = trim_blanks(item); !value.empty()) *bound = value;
     }
     return autostart;
 } catch (...) {

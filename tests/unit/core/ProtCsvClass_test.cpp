@@ -55,6 +55,10 @@ protected:
     FakeParent parent;
     Value para = std::string("spare");
     ProtCsvClass entry{host.environment, table};
+    EntryClass() {
+        calls.clear();
+        fail_next = false;
+    }
     void run(std::int32_t section) { entry.gCSVAusgabe(oDBU, section, "Max", Date{1}, Date{2}, 5, para); }
 };
 
@@ -119,8 +123,11 @@ TEST_F(EntryClass, ReportsItsErrorsUnderTheNameGCSVFile) {
     }
 }
 
-TEST(EventNames, AreEmptyUntilTheEntryClassHasRun) {
-    for (const std::int32_t event : {0, 1, 2}) EXPECT_EQ(event_name(event), "");
+/// In a process of its own, in which nothing has filled the table.
+TEST(EventNamesDeathTest, AreEmptyUntilTheEntryClassHasRun) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(std::exit(event_name(0).empty() && event_name(1).empty() && event_name(2).empty() ? 0 : 1),
+                testing::ExitedWithCode(0), "");
 }
 
 TEST(EventNames, EndAtTwo) {

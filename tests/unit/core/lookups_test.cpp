@@ -147,9 +147,10 @@ TEST_F(FieldDescription, IsUndefinedForAnUnknownColumn) {
     EXPECT_EQ(oDBU.statements.size(), 1U);
 }
 
-TEST_F(FieldDescription, IsUndefinedWhenTheQueryFails) {
+TEST_F(FieldDescription, IsUndefinedWhenTheQueryFailsAndTheHostHearsOfIt) {
     oDBU.failures.emplace(query, server_error("Tabelle fehlt"));
     EXPECT_EQ(caption(), "_UNDEFINIERT_");
+    EXPECT_EQ(host.failed_lookups, std::vector<std::string>{"Tabelle fehlt"});
 }
 
 class UserInfo : public ValueByDate {

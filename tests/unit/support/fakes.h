@@ -194,6 +194,7 @@ public:
     std::optional<AutomationError> connection_information_failure;
     CivilTime time{2026, 11, 15, 10, 7, 15};
     std::vector<std::string> fields_without_caption;
+    std::vector<std::string> failed_lookups;
     std::vector<std::int64_t> unreadable;
 
     Environment environment{*this, *this, *this, *this, *this, *this, *this};
@@ -233,6 +234,7 @@ public:
     void field_without_caption(std::string_view table, std::string_view column) override {
         fields_without_caption.push_back(std::string(table) + "." + std::string(column));
     }
+    void lookup_failed(std::string_view error) override { failed_lookups.emplace_back(error); }
     void unreadable_document(std::int64_t log_id) override { unreadable.push_back(log_id); }
 };
 

@@ -46,6 +46,20 @@ TEST_P(InterruptionTest, LeavesAFinishedFile) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, InterruptionTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
+TEST(Interruption, WaitsForAStatementThatMustRunToItsEnd) {
+    EXPECT_EXIT(
+        {
+            handle_interruptions();
+            {
+                const InterruptionsWait wait;
+                std::raise(SIGINT);
+                std::fputs("ausgeführt", stderr);
+            }
+            _exit(7);
+        },
+        testing::ExitedWithCode(130), "ausgeführt");
+}
+
 TEST(Interruption, KeepsAHangUpIgnoredThatTheCallerIgnores) {
     EXPECT_EXIT(
         {

@@ -31,6 +31,22 @@ TEST(NoticesReport, SpeaksOfOneInTheSingular) {
               "1 Protokollsatz mit unlesbarem Änderungsdokument: 1\n");
 }
 
+TEST(NoticesReport, TellsFailedLookupsApartFromMissingCaptions) {
+    NoticesReport report;
+    EXPECT_EQ(report.failures_text(), "");
+    report.lookup_failed("Die Tabelle „tX“ gibt es nicht.");
+    EXPECT_EQ(report.failures_text(),
+              "Die Datei kann unvollständig sein: 1 Abfrage einer Beschriftung oder eines früheren Wertes "
+              "schlug fehl, "
+              "zuerst: Die Tabelle „tX“ gibt es nicht.\n");
+    report.lookup_failed("etwas anderes");
+    EXPECT_EQ(report.failures_text(),
+              "Die Datei kann unvollständig sein: 2 Abfragen von Beschriftungen oder früheren Werten "
+              "schlugen fehl, "
+              "zuerst: Die Tabelle „tX“ gibt es nicht.\n");
+    EXPECT_EQ(report.text(), "");
+}
+
 TEST(NoticesReport, ListsTwentyAndCountsTheRest) {
     NoticesReport report;
     for (int id = 1; id <= 25; ++id) report.unreadable_document(id);

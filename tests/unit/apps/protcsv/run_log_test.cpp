@@ -5,9 +5,10 @@
 namespace prot::test {
 namespace {
 
-const std::string refusal_line =
-    "protcsv: Diese Eingabe braucht ein Terminal oder --answers DATEI; unbeaufsichtigt geht es mit --params "
-    "\"/…/autostart\".\n";
+const std::string nobody_can_answer =
+    "protcsv: Dieser Lauf muss etwas fragen und braucht dazu ein Terminal oder --answers DATEI; "
+    "unbeaufsichtigt geht "
+    "es mit --params \"/…/autostart\".\n";
 
 class RunLog : public ProgramTest {
 protected:
@@ -82,7 +83,7 @@ TEST_F(RunLog, RefusesToAskWhenNobodyCanAnswer) {
     for (const char* section : {"form", "file"}) {
         EXPECT_EQ(run_section("export", section, {"--out", path("o")}), 2) << section;
         EXPECT_EQ(output, "");
-        EXPECT_EQ(errors, refusal_line);
+        EXPECT_EQ(errors, nobody_can_answer);
         EXPECT_FALSE(std::filesystem::exists(path("o/Prot.csv")));
     }
 }
@@ -115,7 +116,7 @@ TEST_F(RunLog, IsCancelledWhenTheAnswersRunOut) {
 }
 
 TEST_F(RunLog, IsCancelledAtTheEndOfATerminalsInput) {
-    in_is_terminal = true;
+    in_is_terminal = err_is_terminal = true;
     EXPECT_EQ(run_section("export", "form"), 3);
     EXPECT_EQ(errors,
               "Auswahl\n(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, Strg-D bricht ab)\nWährung "
@@ -153,8 +154,14 @@ TEST_F(RunLog, DeletesWithYes) {
     EXPECT_NE(read("x.db"), before);
 }
 
-TEST_F(RunLog, AsksThePersonBeforeItDeletes) {
+TEST_F(RunLog, AsksNobodyWhoCannotSeeTheQuestion) {
     in_is_terminal = true;
+    EXPECT_EQ(run_section("export", "form"), 2);
+    EXPECT_EQ(errors, nobody_can_answer);
+}
+
+TEST_F(RunLog, AsksThePersonBeforeItDeletes) {
+    in_is_terminal = err_is_terminal = true;
     input = "nein\n";
     EXPECT_EQ(run_section("delete", "delete"), 3);
     EXPECT_EQ(errors, "[Löschen Stammdatenprotokoll] Löschen?\nJa/Nein [Nein]: ");

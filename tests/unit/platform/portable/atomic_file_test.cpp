@@ -198,13 +198,13 @@ TEST_F(AtomicFile, RefusesAFolderAndANamelessTarget) {
 TEST_F(AtomicFile, TellsThePathAndThatTheDiskIsFull) {
     if (!fs::exists("/dev/full")) GTEST_SKIP() << "the system has no /dev/full";
     EXPECT_EQ(description_of([&] { write_whole("/dev/full", "x"); }),
-              "Die Datei \"/dev/full\" kann nicht geschrieben werden: kein Platz mehr auf dem Datenträger.");
+              "Die Datei „/dev/full“ kann nicht geschrieben werden: kein Platz mehr auf dem Datenträger.");
 }
 
 TEST_F(AtomicFile, TellsThatTheFolderIsMissing) {
     EXPECT_EQ(description_of([&] { write_whole(folder / "no" / "." / "a.csv", ""); }),
-              "Die Datei \"" + (folder / "no" / "a.csv").string() +
-                  "\" kann nicht geschrieben werden: der Ordner ist nicht vorhanden.");
+              "Die Datei „" + (folder / "no" / "a.csv").string() +
+                  "“ kann nicht geschrieben werden: der Ordner ist nicht vorhanden.");
 }
 
 TEST_F(AtomicFile, FailsWhenTheFolderVanishes) {
@@ -227,9 +227,15 @@ TEST_F(AtomicFile, FailsWhenAFolderTookThePlace) {
 }
 
 TEST_F(AtomicFile, FailsInAFolderWithoutPermission) {
-    if (::geteuid() == 0) GTEST_SKIP() << "root may write everywhere";
     fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_THAT(description_of([&] { write_whole(folder / "a.csv", ""); }), HasSubstr("keine Berechtigung"));
+    {
+        const OrdinaryUser user;
+        EXPECT_THAT(description_of([&] { write_whole(folder / "a.csv", ""); }),
+                    HasSubstr("keine Berechtigung"));
+        EXPECT_THAT(description_of([&] { system_files().make_folder(folder.path()); }),
+                    HasSubstr("keine Berechtigung"))
+            << "told before anything is written";
+    }
     fs::permissions(folder.path(), fs::perms::owner_all);
 }
 
@@ -242,8 +248,8 @@ TEST_F(AtomicFile, MakesAFolderWithItsParents) {
 TEST_F(AtomicFile, TellsThatAFolderCannotBeMadeBelowAFile) {
     write_file(folder / "file", "");
     EXPECT_EQ(description_of([&] { system_files().make_folder(folder / "file" / "sub"); }),
-              "Der Ordner \"" + (folder / "file" / "sub").string() +
-                  "\" kann nicht angelegt werden: ein Teil des Pfades ist kein Ordner.");
+              "Der Ordner „" + (folder / "file" / "sub").string() +
+                  "“ kann nicht angelegt werden: ein Teil des Pfades ist kein Ordner.");
     EXPECT_THAT(description_of([&] { system_files().make_folder(folder / "file"); }),
                 StartsWith("Der Ordner"));
 }
@@ -252,7 +258,7 @@ TEST_F(AtomicFile, DescribesAnErrorInOneLine) {
     const std::string text =
         file_error("a\r\nb", std::error_code(EDQUOT, std::system_category())).description();
     EXPECT_EQ(text,
-              "Die Datei \"a??b\" kann nicht geschrieben werden: das Speicherkontingent ist erschöpft.");
+              "Die Datei „a??b“ kann nicht geschrieben werden: das Speicherkontingent ist erschöpft.");
     EXPECT_THAT(file_error("a", std::error_code(9999, std::system_category())).description(),
                 AllOf(HasSubstr("Systemfehler 9999"), Not(HasSubstr("\n"))));
 }

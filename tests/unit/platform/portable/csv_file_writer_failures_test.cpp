@@ -72,7 +72,7 @@ TEST_F(CsvFileWriterFailures, FailsAtOpenBelowAFile) {
     CsvFileWriter writer(below, host);
     std::string name = "a.csv";
     EXPECT_THAT(error_of([&] { writer.open(name, false); }),
-                StartsWith("Der Ordner \"" + below.folder.string()));
+                StartsWith("Der Ordner „" + below.folder.string()));
     EXPECT_EQ(content_of(folder / "file"), "whole");
 }
 
@@ -89,7 +89,7 @@ TEST_F(CsvFileWriterFailures, TellsThatTheDiskIsFullAtTheLatestAtClose) {
     open(writer, "/dev/full");
     write(writer, {"x"});
     EXPECT_EQ(error_of([&] { writer.close(); }),
-              "Die Datei \"/dev/full\" kann nicht geschrieben werden: kein Platz mehr auf dem Datenträger.");
+              "Die Datei „/dev/full“ kann nicht geschrieben werden: kein Platz mehr auf dem Datenträger.");
     EXPECT_THAT(host.told, IsEmpty());
 }
 

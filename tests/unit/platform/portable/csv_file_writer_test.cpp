@@ -37,6 +37,20 @@ TEST_F(CsvFileWriterTest, WritesTheOptionsThatItIsGiven) {
     EXPECT_EQ(content_of(folder / "a.csv"), "=1\t\"a\tb\"\tc;d\r\n");
 }
 
+TEST_F(CsvFileWriterTest, NeverReplacesAFileThatTheRunItselfNeeds) {
+    write_file(folder / "firma.db", "wichtig");
+    fs::create_symlink(folder / "firma.db", folder / "link.csv");
+    CsvFileOptions careful = options();
+    careful.never_replaced = {folder / "missing.db", folder / "firma.db"};
+    CsvFileWriter writer(careful, host);
+    for (const char* name : {"firma.db", "../", "link.csv"}) {
+        std::string file_name = name;
+        EXPECT_THROW(writer.open(file_name, false), AutomationError) << name;
+    }
+    EXPECT_EQ(content_of(folder / "firma.db"), "wichtig");
+    EXPECT_EQ(open(writer, "a.csv"), "a.csv");
+}
+
 TEST_F(CsvFileWriterTest, LeavesTheEarlierFileUntilClose) {
     write_file(folder / "a.csv", "earlier");
     CsvFileWriter writer(options(), host);

@@ -88,7 +88,7 @@ TEST_F(SqliteDatabaseTest, ReportsSqlitesErrorWithTheStatement) {
     const AutomationError error = error_of([&] { open()->query_value("SELECT a FROM tX"); });
     EXPECT_EQ(static_cast<std::uint32_t>(error.number()), base + SQLITE_ERROR);
     EXPECT_EQ(error.source(), "SQLite");
-    EXPECT_EQ(error.description(), "SQLite meldet: no such table: tX. Anweisung: SELECT a FROM tX");
+    EXPECT_EQ(error.description(), "Die Tabelle „tX“ gibt es nicht. Anweisung: SELECT a FROM tX");
 }
 
 TEST_F(SqliteDatabaseTest, TakesNoUnknownNameForAText) {
@@ -96,7 +96,7 @@ TEST_F(SqliteDatabaseTest, TakesNoUnknownNameForAText) {
     for (const char* sql : {"SELECT nothing FROM T", "SELECT \"nothing\" FROM T", "SELECT [nothing] FROM T",
                             "SELECT id FROM T WHERE name = \"nothing\""})
         EXPECT_THAT(error_of([&] { database->query_array(sql); }).description(),
-                    HasSubstr("no such column: nothing"))
+                    HasSubstr("Die Spalte „nothing“ gibt es nicht"))
             << sql;
 }
 
@@ -175,6 +175,37 @@ TEST(SqliteConnectionInformation, NamesTheFileAsServer) {
     expected[9] = "Prüfung.db";
     EXPECT_EQ(information->fields(1206), expected);
     EXPECT_THAT(information->fields(1207)[9], IsEmpty());
+}
+
+TEST_F(SqliteDatabaseTest, LookupsSeeOneStateAndHoldWritersOff) {
+    write("CREATE TABLE Stand (a); INSERT INTO Stand VALUES (1)");
+    const auto database = open();
+    sqlite3* writer = nullptr;
+    ASSERT_EQ(sqlite3_open(path().c_str(), &writer), SQLITE_OK);
+    const auto change = [&] {
+        return sqlite3_exec(writer, "UPDATE Stand SET a = a + 1", nullptr, nullptr, nullptr);
+    };
+    database->begin_lookups();
+    EXPECT_EQ(database->query_value("SELECT a FROM Stand"), Value(std::int64_t{1}));
+    EXPECT_EQ(change(), SQLITE_BUSY);
+    EXPECT_EQ(database->query_value("SELECT a FROM Stand"), Value(std::int64_t{1}));
+    database->end_lookups();
+    EXPECT_EQ(change(), SQLITE_OK);
+    EXPECT_EQ(database->query_value("SELECT a FROM Stand"), Value(std::int64_t{2}));
+    sqlite3_close(writer);
+}
+
+TEST_F(SqliteDatabaseTest, LookupsDoNotBeginInALockedDatabase) {
+    write("CREATE TABLE Stand (a)");
+    const auto database = open();
+    sqlite3* writer = nullptr;
+    ASSERT_EQ(sqlite3_open(path().c_str(), &writer), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(writer, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(error_of([&] { database->begin_lookups(); }).description(),
+              "Die Datenbank ist gesperrt, ein anderes Programm schreibt gerade hinein");
+    sqlite3_close(writer);
+    EXPECT_NO_THROW(database->begin_lookups());
+    database->end_lookups();
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include "tests/unit/platform/portable/sqlite_fixture.h"
+#include "tests/unit/platform/portable/temporary_folder.h"
 
 namespace prot {
 namespace {
@@ -79,16 +80,17 @@ TEST_F(SqliteOpening, ReportsALockedDatabase) {
 }
 
 TEST_F(SqliteOpening, ReportsAFileWithoutPermission) {
-    if (geteuid() == 0) GTEST_SKIP() << "the superuser may read every file";
     write("CREATE TABLE T (a)");
     std::filesystem::permissions(path(), std::filesystem::perms::none);
+    const OrdinaryUser user;
     expect_problem(path(), SQLITE_CANTOPEN, "lässt sich nicht öffnen. Bitte die Zugriffsrechte");
 }
 
 TEST_F(SqliteOpening, ReportsAReadOnlyFileWhenItIsToBeWritten) {
-    if (geteuid() == 0) GTEST_SKIP() << "the superuser may write every file";
     write("CREATE TABLE T (a)");
-    std::filesystem::permissions(path(), std::filesystem::perms::owner_read);
+    std::filesystem::permissions(path(),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::others_read);
+    const OrdinaryUser user;
     EXPECT_NO_THROW(open());
     expect_problem(path(), SQLITE_READONLY, "ist schreibgeschützt", SqliteAccess::read_write);
 }
@@ -107,11 +109,14 @@ TEST_F(SqliteOpening, SaysHowToReadADatabaseWithAWriteAheadLogThatItCannotOpen) 
 }
 
 TEST_F(SqliteOpening, ReportsAWriteAheadLogInAFolderWithoutWritePermission) {
-    if (geteuid() == 0) GTEST_SKIP() << "the superuser may write every folder";
     write("PRAGMA journal_mode=WAL; CREATE TABLE T (a)");
-    std::filesystem::permissions(folder_,
-                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
-    expect_problem(path(), SQLITE_READONLY_DIRECTORY, "arbeitet mit einem Schreibprotokoll (WAL)");
+    std::filesystem::permissions(
+        folder_, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec |
+                     std::filesystem::perms::others_read | std::filesystem::perms::others_exec);
+    {
+        const OrdinaryUser user;
+        expect_problem(path(), SQLITE_READONLY_DIRECTORY, "arbeitet mit einem Schreibprotokoll (WAL)");
+    }
     std::filesystem::permissions(folder_, std::filesystem::perms::owner_all);
 }
 

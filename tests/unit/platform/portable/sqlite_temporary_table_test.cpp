@@ -45,10 +45,10 @@ TEST_F(SqliteTemporaryTable, KeepsDatesAndCollations) {
 
 TEST_F(SqliteTemporaryTable, NeverTouchesARealTableOfItsName) {
     EXPECT_THAT(error_of([&] { database_->query_array("SELECT * FROM #t"); }).description(),
-                HasSubstr("no such table: temp.#t"));
+                HasSubstr("Die Tabelle „#t“ gibt es nicht"));
     database_->execute("DROP TABLE IF EXISTS #t SELECT id INTO #t FROM T DROP TABLE #t");
     EXPECT_THAT(error_of([&] { database_->execute("DROP TABLE #t"); }).description(),
-                HasSubstr("no such table"));
+                HasSubstr("Die Tabelle „#t“ gibt es nicht"));
     sqlite3* handle = nullptr;
     ASSERT_EQ(sqlite3_open(path().c_str(), &handle), SQLITE_OK);
     EXPECT_EQ(sqlite3_table_column_metadata(handle, "main", "#t", "id", nullptr, nullptr, nullptr, nullptr,
@@ -82,7 +82,7 @@ TEST_F(SqliteTemporaryTable, TakesItsColumnsFromUnionsAndLimitedSelects) {
 TEST_F(SqliteTemporaryTable, BelongsToItsConnection) {
     database_->execute("SELECT id INTO #t FROM T");
     EXPECT_THAT(error_of([&] { open()->query_value("SELECT COUNT(*) FROM #t"); }).description(),
-                HasSubstr("no such table"));
+                HasSubstr("Die Tabelle „#t“ gibt es nicht"));
 }
 
 }  // namespace

@@ -333,7 +333,8 @@ TEST_F(RateExport, AKeyOutside32BitsIsAnOverflow) {
     EXPECT_EQ(error_of_run().number(), static_cast<std::int32_t>(ErrorNumber::overflow));
 }
 
-TEST(RateExportWithoutEntryClass, HasEmptyEventNames) {
+/// The cell "Aktion" that a host gets which creates the exporter directly.
+std::string event_without_entry_class() {
     FakeHost host;
     FakeDatabase oDBU;
     oDBU.answers["SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = 15"] = {
@@ -346,8 +347,25 @@ TEST(RateExportWithoutEntryClass, HasEmptyEventNames) {
     CProtDevCsv exporter(host.environment);
     Value para;
     exporter.gCSVAusgabe(oDBU, 15, "", {}, {}, 7, para);
-    ASSERT_EQ(host.written.files.size(), 1U);
-    EXPECT_EQ(host.written.files[0].lines.at(2)[6], "");
+    return host.written.files.at(0).lines.at(2).at(6);
+}
+
+/// In a process of its own, in which the entry class never ran.
+TEST(RateExportWithoutEntryClassDeathTest, HasEmptyEventNames) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(std::exit(event_without_entry_class().empty() ? 0 : 1), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(RateExport, ARangeWithoutCurrenciesHasNoData) {
+    host.person = [](Form& form, FormEvents& events) {
+        form.fields[1].selected = 0;
+        events.cmdOK_Click();
+    };
+    log({log_row(1, "two")});
+    run();
+    EXPECT_NE(oDBU.statements.back().find("BETWEEN 'EUR' AND 'EUR'"), std::string::npos);
+    ASSERT_EQ(host.boxes.size(), 1U);
+    EXPECT_EQ(host.boxes[0].text, "Keine Daten vorhanden!");
 }
 
 }  // namespace
