@@ -13,8 +13,10 @@ constexpr std::size_t longest_recent = 64;
 /// A slot by length and both ends: cheap, and different for most names.
 std::size_t slot_of(std::string_view text, std::size_t slots) {
     if (text.empty()) return 0;
-    const auto byte = [text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-    return (text.size() * 7U + byte(0) + byte(text.size() / 2) * 3U + byte(text.size() - 1) * 5U) % slots;
+    const auto byte = [text](std::size_t index) -> std::size_t {
+        return static_cast<unsigned char>(text[index]);
+    };
+    return (text.size() * 7 + byte(0) + byte(text.size() / 2) * 3 + byte(text.size() - 1) * 5) % slots;
 }
 
 }  // namespace

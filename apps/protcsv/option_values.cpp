@@ -79,7 +79,11 @@ std::string names_of(SectionTable sections) {
 Date parse_date(std::string_view text) {
     for (const std::string_view pattern : {"JJJJ-MM-TT", "TT.MM.JJJJ"}) {
         const std::optional<CivilTime> civil = read_pattern(text, pattern);
-        if (civil && is_valid(*civil)) return to_date(*civil);
+        if (!civil || !is_valid(*civil)) continue;
+        const Date date = to_date(*civil);
+        // The null date means "no bound": a deletion up to it would be a deletion of everything.
+        if (date.is_null()) refuse(text, "ist der Nulltag; er stünde für einen Zeitraum ohne Grenze");
+        return date;
     }
     refuse(text, "ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ");
 }

@@ -90,7 +90,7 @@ bool is_valid(const CivilTime& civil) {
 
 Date to_date(const CivilTime& civil) {
     return from_seconds(days_from_civil(civil.year, civil.month, civil.day) * seconds_per_day +
-                        civil.hour * 3600 + civil.minute * 60 + civil.second);
+                        std::int64_t{civil.hour} * 3600 + std::int64_t{civil.minute} * 60 + civil.second);
 }
 
 CivilTime to_civil(Date date) {

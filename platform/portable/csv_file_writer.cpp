@@ -6,7 +6,7 @@ namespace prot {
 
 namespace {
 
-constexpr std::size_t buffer_size = 256 * 1024;
+constexpr std::size_t buffer_size = std::size_t{256} * 1024;
 
 // What a very long line may leave behind.
 constexpr std::size_t kept_bytes = 1 << 20;

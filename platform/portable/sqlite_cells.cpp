@@ -103,7 +103,7 @@ bool is_date_type(const char* declared_type) {
 SqliteCells::SqliteCells(sqlite3_stmt* statement)
     : statement_(statement), is_date_(static_cast<std::size_t>(sqlite3_column_count(statement))) {
     for (std::size_t column = 0; column < is_date_.size(); ++column)
-        is_date_[column] = is_date_type(sqlite3_column_decltype(statement, static_cast<int>(column)));
+        is_date_[column] = is_date_type(sqlite3_column_decltype(statement, static_cast<int>(column))) ? 1 : 0;
 }
 
 // SQLite answers with no place at all when it had no memory to convert or expand a value. That must not pass

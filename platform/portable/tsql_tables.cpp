@@ -79,7 +79,7 @@ void TsqlTranslator::table_name() {
 
 std::string TsqlTranslator::temporary_name() {
     const Token& token = reader_.look();
-    const std::string name = reader_.expect_name("der Name einer temporären Tabelle (#…)");
+    std::string name = reader_.expect_name("der Name einer temporären Tabelle (#…)");
     if (!name.starts_with('#'))
         reader_.refuse(token, "das ist nur mit einer temporären Tabelle (#…) erlaubt");
     if (name.starts_with("##")) reader_.refuse(token, "globale temporäre Tabellen werden nicht unterstützt");

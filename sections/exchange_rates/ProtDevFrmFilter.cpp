@@ -1,9 +1,10 @@
 #include "sections/exchange_rates/ProtDevFrmFilter.h"
 
+#include <algorithm>
+
 #include "core/Prot0000UtilitiesBAS.h"
 #include "core/ZQErrorHandling.h"
 #include "core/help.h"
-#include "core/log_row.h"
 #include "platform/automation/text_forms.h"
 #include "platform/automation/text_parts.h"
 
@@ -25,6 +26,13 @@ Form described_form() {
     form.fields[to_field].name = "cboWaehrung(1)";
     form.fields[to_field].label = "bis ISO Währungscode";
     return form;
+}
+
+/// The entry's key; it only tells entries apart, so that any number will do.
+std::int64_t key_of(const Cell& id) {
+    constexpr double largest = 9e15;
+    if (id.type() == Cell::Type::integer) return id.integer();
+    return static_cast<std::int64_t>(std::clamp(val(to_text(id.value())), -largest, largest));
 }
 
 }  // namespace
@@ -74,7 +82,7 @@ bool ProtDevFrmFilter::mIsoWaehrungLesen() try {
               : RowSet();
     for (ListField& field : form_.fields) {
         for (std::size_t row = 0; row < rows.rows(); ++row)
-            field.add(number_of(rows.at(0, row)), to_text(rows.at(1, row).value()));
+            field.add(key_of(rows.at(0, row)), to_text(rows.at(1, row).value()));
         if (!rows.empty()) continue;
         field.add(0, "Fehlt!");
         field.selected = 0;

@@ -29,6 +29,12 @@ TEST(OptionValues, ReadsDatesInBothForms) {
     EXPECT_EQ(parse_date("01.02.2026"), expected);
 }
 
+TEST(OptionValues, RefusesTheNullDayWhichWouldMeanNoBound) {
+    for (const char* day : {"30.12.1899", "1899-12-30"})
+        EXPECT_EQ(refusal([&] { parse_date(day); }),
+                  "„" + std::string(day) + "“ ist der Nulltag; er stünde für einen Zeitraum ohne Grenze");
+}
+
 TEST(OptionValues, RefusesWhatIsNoDay) {
     const struct {
         const char* text;

@@ -60,6 +60,12 @@ TEST_F(RateFilter, OffersAllCurrenciesFromTheLowestToTheHighestCode) {
     EXPECT_EQ(host.pointers, std::vector<Pointer>{Pointer::standard});
 }
 
+TEST_F(RateFilter, TellsEntriesApartByAnyKey) {
+    oDBU.answers[currencies] = {{std::int64_t{1} << 40, std::string("AUD")}, {1e300, std::string("EUR")}};
+    EXPECT_TRUE(ask("/autostart"));
+    EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'AUD' AND 'EUR'");
+}
+
 TEST_F(RateFilter, TakesWhatThePersonChose) {
     host.person = [](Form& form, FormEvents& events) {
         choose(form, 1, 2);
