@@ -15,7 +15,7 @@
 /// Whole runs of the program. Each folder beside this file is a case:
 ///   purpose.txt      why the case exists
 ///   command.txt      the arguments, as a shell reads them; $DB is the database, $OUT an empty folder
-///   input.sql        makes the database; without it the case runs on the sample database
+///   input.sql        makes the database, on top of schema.sql; without it the case runs on the sample database
 ///   answers.txt      standard input, when the command reads it
 ///   expected.csv     the file whose path the program printed; absent when it must print none
 ///   expected.sql     every statement sent, one a line; absent when the case does not look at them
@@ -52,7 +52,8 @@ int run_shell(const std::string& command) {
 void make_database(const fs::path& path, const fs::path& script) {
     sqlite3* database = nullptr;
     ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(database, read(script).c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+    const std::string sql = read(cases_folder / "schema.sql") + read(script);
+    EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
         << sqlite3_errmsg(database);
     sqlite3_close(database);
 }
