@@ -6,6 +6,7 @@
 
 #include "apps/protcsv/usage_error.h"
 #include "platform/automation/letter_case.h"
+#include "platform/automation/utf8.h"
 
 namespace prot {
 
@@ -115,12 +116,13 @@ const Section& find_section(std::string_view text, SectionTable sections) {
     refuse(text, "ist kein Bereich; es gibt: " + names_of(sections));
 }
 
-char parse_separator(std::string_view text) {
-    if (to_lower(text) == "tab") return '\t';
-    if (text.size() != 1 || static_cast<unsigned char>(text[0]) >= 0x80 ||
-        std::string_view("\"\r\n").find(text[0]) != std::string_view::npos)
-        refuse(text, "ist kein Trennzeichen; erwartet wird ein einzelnes ASCII-Zeichen oder tab");
-    return text[0];
+std::string parse_separator(std::string_view text) {
+    if (to_lower(text) == "tab") return "\t";
+    const bool one_character = is_valid_utf8(text) && decode_utf8(text).size() == 1;
+    constexpr std::string_view refused("\"\r\n\0", 4);
+    if (!one_character || refused.find(text[0]) != std::string_view::npos)
+        refuse(text, "ist kein Trennzeichen; erwartet wird ein einzelnes Zeichen oder tab");
+    return std::string(text);
 }
 
 CsvEncoding parse_encoding(std::string_view text) {

@@ -21,8 +21,8 @@ std::int32_t parse_events(std::string_view text);
 /// The section of that number or name (any letter case).
 const Section& find_section(std::string_view text, SectionTable sections);
 
-/// One ASCII character, or the word tab. Not a quote, CR, LF or NUL.
-char parse_separator(std::string_view text);
+/// One character, or the word tab. Not a quote, CR, LF or NUL.
+std::string parse_separator(std::string_view text);
 
 /// utf-8-bom, utf-8 or windows-1252.
 CsvEncoding parse_encoding(std::string_view text);

@@ -16,6 +16,7 @@
 #include "core/ProtCsvClass.h"
 #include "platform/automation/error.h"
 #include "platform/portable/atomic_file.h"
+#include "platform/portable/csv_encoding.h"
 #include "platform/portable/sqlite_database.h"
 #include "platform/portable/terminal_error_display.h"
 
@@ -67,6 +68,13 @@ void require_two_files(const Options& options) {
         throw UsageError("--sql-log: „" + options.statement_log + "“ ist die Datenbank selbst");
 }
 
+/// A separator that the encoding turned into a question mark would separate nothing.
+void require_separator(const CsvFileOptions& csv) {
+    std::string encoded;
+    if (csv.encoding == CsvEncoding::windows_1252 && append_windows_1252(csv.separator, encoded))
+        throw UsageError("--separator: windows-1252 kennt das Zeichen „" + csv.separator + "“ nicht");
+}
+
 /// Makes the folder of the file, so that a wrong one shows before the log is read.
 void require_folder(const std::filesystem::path& folder) {
     if (!folder.empty()) system_files().make_folder(folder);
@@ -87,6 +95,7 @@ public:
         const LogRequest request = options_.command == Command::run
                                        ? read_run_parameters(options_.parameters, sections_, environment_)
                                        : options_.request;
+        require_separator(options_.csv);
         if (!options_.statement_log.empty()) require_two_files(options_);
         const auto access =
             options_.command == Command::delete_log ? SqliteAccess::read_write : SqliteAccess::read_only;

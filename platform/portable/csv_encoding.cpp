@@ -100,11 +100,16 @@ bool append_windows_1252(std::string_view text, std::string& out) {
     return replaced;
 }
 
-CsvLineEncoder::CsvLineEncoder(char separator, CsvEncoding encoding, bool raw_cells)
+CsvLineEncoder::CsvLineEncoder(std::string_view separator, CsvEncoding encoding, bool raw_cells)
     : separator_(separator), windows_1252_(encoding == CsvEncoding::windows_1252), guards_(!raw_cells) {
+    if (windows_1252_) {
+        separator_.clear();
+        append_windows_1252(separator, separator_);
+    }
     for (std::size_t byte = 0x80; byte < 0x100; ++byte) cares_[byte] = beyond_ascii;
     const auto care = [this](char byte) -> std::uint8_t& { return cares_[static_cast<unsigned char>(byte)]; };
-    for (const char byte : {separator, '\r', '\n'}) care(byte) |= needs_quotes;
+    for (const char byte : {'\r', '\n'}) care(byte) |= needs_quotes;
+    if (separator_.size() == 1) care(separator_[0]) |= needs_quotes;
     care('"') = needs_quotes | needs_doubling;
 }
 
@@ -137,10 +142,16 @@ bool CsvLineEncoder::encode(std::string_view& cell) {
     return true;
 }
 
+/// Of several bytes, which no single byte of a cell gives away.
+bool CsvLineEncoder::holds_separator(std::string_view cell) const {
+    return separator_.size() > 1 && cell.find(separator_) != std::string_view::npos;
+}
+
 void CsvLineEncoder::append_with_care(std::string_view cell, std::uint8_t cares, std::string& out) {
     if ((cares & beyond_ascii) != 0 && encode(cell)) cares = cares_of(cell);
     const bool guarded = guards_ && looks_like_formula(cell);
-    const bool quoted = (cares & needs_quotes) != 0 || (guarded && separator_ == guard);
+    const bool quoted =
+        (cares & needs_quotes) != 0 || holds_separator(cell) || (guarded && separator_.front() == guard);
     if (quoted) out += '"';
     if (guarded) out += guard;
     if ((cares & needs_doubling) != 0) {

@@ -14,8 +14,9 @@ enum class CsvEncoding { utf8_bom, utf8, windows_1252 };
 /// separator, a double quote, CR or LF, quotes inside doubled (RFC 4180).
 class CsvLineEncoder {
 public:
-    /// separator: one byte of the encoding, not a quote, CR or LF. raw_cells: formula guards are left out.
-    CsvLineEncoder(char separator, CsvEncoding encoding, bool raw_cells);
+    /// separator: one character as UTF-8, which the encoding holds; not a quote, CR or LF. raw_cells: formula
+    /// guards are left out.
+    CsvLineEncoder(std::string_view separator, CsvEncoding encoding, bool raw_cells);
 
     /// Appends one line to `out`.
     void append_line(std::span<const std::string> cells, std::string& out);
@@ -27,9 +28,10 @@ private:
     void append_with_care(std::string_view cell, std::uint8_t cares, std::string& out);
     std::uint8_t cares_of(std::string_view cell) const;
     bool encode(std::string_view& cell);
+    bool holds_separator(std::string_view cell) const;
 
     std::array<std::uint8_t, 256> cares_{};  // what the writing has to care for when a cell holds the byte
-    char separator_;
+    std::string separator_;                  // in the file's encoding
     bool windows_1252_;
     bool guards_;
     bool replaced_characters_ = false;

@@ -15,8 +15,8 @@ namespace prot {
 struct CsvFileOptions {
     std::filesystem::path folder;  ///< where relative file names lie; made when it does not exist
     std::vector<std::filesystem::path>
-        never_replaced;    // files of the same run that a person might name by mistake
-    char separator = ';';  ///< one byte, not a quote, CR or LF
+        never_replaced;           // files of the same run that a person might name by mistake
+    std::string separator = ";";  ///< one character that the encoding holds; not a quote, CR or LF
     CsvEncoding encoding = CsvEncoding::utf8_bom;
     bool raw_cells = false;  ///< true: formula guards (leading apostrophes) are left out
 };

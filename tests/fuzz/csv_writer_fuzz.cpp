@@ -10,9 +10,9 @@
 #include "tests/fuzz/rfc4180_reader.h"
 #include "tests/fuzz/utf8_reference.h"
 
-/// Input: one byte for the encoding (its remainder by three), one for the separator, one for the guards ("r":
-/// raw cells), then the cells; U+001F stands between cells, U+001E between lines. A file reads back as the
-/// cells that were written.
+/// Input: one byte for the encoding (its remainder by three), one for the separator (see separator_of), one
+/// for the guards ("r": raw cells), then the cells; U+001F stands between cells, U+001E between lines. A file
+/// reads back as the cells that were written.
 namespace prot::fuzz {
 namespace {
 
@@ -80,9 +80,17 @@ std::vector<Line> lines_of(std::string_view input) {
     return lines;
 }
 
-bool may_separate(char byte, CsvEncoding encoding) {
-    if (byte == '"' || byte == '\r' || byte == '\n') return false;
-    return static_cast<unsigned char>(byte) < 0x80 || encoding == CsvEncoding::windows_1252;
+/// The separator that an input's byte stands for: its ASCII character, else one of several bytes.
+std::string separator_of(std::uint8_t byte) {
+    constexpr std::string_view others[] = {"§", "€", "ß", "→", "😀", "\xEF\xBF\xBD"};
+    return byte < 0x80 ? std::string(1, static_cast<char>(byte))
+                       : std::string(others[byte % std::size(others)]);
+}
+
+bool may_separate(const std::string& separator, CsvEncoding encoding) {
+    bool replaced = false;
+    encoded(separator, encoding, replaced);
+    return !replaced && std::string_view("\"\r\n").find(separator) == std::string_view::npos;
 }
 
 struct Written {
@@ -108,7 +116,8 @@ void check_cell(const CsvCell& read, const std::string& written, const CsvFileOp
     if (!options.raw_cells && needs_guard(expected)) expected.insert(expected.begin(), '\'');
     claim(read.text == expected, "a cell reads back as it was written", read.text + "\n" + expected);
     const bool needs_quotes =
-        expected.find_first_of(std::string({options.separator, '"', '\r', '\n'})) != std::string::npos;
+        expected.find(encoded(options.separator, options.encoding, replaced)) != std::string::npos ||
+        expected.find_first_of("\"\r\n") != std::string::npos;
     claim(read.quoted == needs_quotes, "a cell is quoted only when it has to be", expected);
 }
 
@@ -119,10 +128,11 @@ void check(const CsvFileOptions& options, const std::vector<Line>& lines) {
         claim(bytes.starts_with(byte_order_mark), "the file begins with a byte order mark");
         bytes.remove_prefix(byte_order_mark.size());
     }
-    const auto read = Rfc4180Reader(bytes, options.separator).read();
+    bool replaced = false;
+    const std::string separator = encoded(options.separator, options.encoding, replaced);
+    const auto read = Rfc4180Reader(bytes, separator).read();
     claim(read.has_value(), "the file is CSV as RFC 4180 has it", written.bytes);
     claim(read->size() == lines.size(), "there are as many lines as were written", written.bytes);
-    bool replaced = false;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         claim((*read)[i].size() == lines[i].size(), "a line has as many cells as were written",
               written.bytes);
@@ -142,7 +152,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < options_size) return 0;
     prot::CsvFileOptions options;
     options.encoding = encodings[data[0] % 3];
-    options.separator = static_cast<char>(data[1]);
+    options.separator = separator_of(data[1]);
     options.raw_cells = data[2] == 'r';
     if (!may_separate(options.separator, options.encoding)) return 0;
     check(options, lines_of(input_text(data, size).substr(options_size)));

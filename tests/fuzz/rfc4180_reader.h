@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -20,7 +21,7 @@ using CsvLine = std::vector<CsvCell>;
 /// quotes, CR and LF stand in quoted cells only, quotes doubled there.
 class Rfc4180Reader {
 public:
-    Rfc4180Reader(std::string_view bytes, char separator) : rest_(bytes), separator_(separator) {}
+    Rfc4180Reader(std::string_view bytes, std::string_view separator) : rest_(bytes), separator_(separator) {}
 
     /// Nothing when the bytes are no such lines.
     std::optional<std::vector<CsvLine>> read() {
@@ -39,14 +40,16 @@ public:
     }
 
 private:
-    bool take(char byte) {
-        if (!rest_.starts_with(byte)) return false;
-        rest_.remove_prefix(1);
+    bool take(char byte) { return take(std::string_view(&byte, 1)); }
+
+    bool take(std::string_view bytes) {
+        if (!rest_.starts_with(bytes)) return false;
+        rest_.remove_prefix(bytes.size());
         return true;
     }
 
     std::optional<CsvCell> plain_cell() {
-        const std::size_t end = rest_.find_first_of(std::string({separator_, '"', '\r', '\n'}));
+        const std::size_t end = std::min(rest_.find(separator_), rest_.find_first_of("\"\r\n"));
         if (end == std::string_view::npos) return std::nullopt;
         CsvCell cell{std::string(rest_.substr(0, end)), false};
         rest_.remove_prefix(end);
@@ -65,7 +68,7 @@ private:
     }
 
     std::string_view rest_;
-    const char separator_;
+    const std::string_view separator_;
 };
 
 }  // namespace prot::fuzz

@@ -98,10 +98,11 @@ TEST(OptionValues, NamesTheSectionsThatExistWhenOneDoesNot) {
 }
 
 TEST(OptionValues, ReadsASeparator) {
-    EXPECT_EQ(parse_separator(","), ',');
-    EXPECT_EQ(parse_separator("Tab"), '\t');
-    EXPECT_EQ(parse_separator("\t"), '\t');
-    for (const char* text : {"", ";;", "\"", "\n", "\r", "§", "\xFF"})
+    EXPECT_EQ(parse_separator(","), ",");
+    EXPECT_EQ(parse_separator("Tab"), "\t");
+    EXPECT_EQ(parse_separator("\t"), "\t");
+    EXPECT_EQ(parse_separator("§"), "§");
+    for (const char* text : {"", ";;", "\"", "\n", "\r", "§§", "\xFF"})
         EXPECT_NE(refusal([&] { parse_separator(text); }), "") << text;
 }
 

@@ -41,7 +41,7 @@ TEST(Options, ReadsAnExport) {
     EXPECT_EQ(options.request.events, 1);
     EXPECT_EQ(options.parameters, "/autostart");
     EXPECT_EQ(options.csv.folder, "ordner");
-    EXPECT_EQ(options.csv.separator, '\t');
+    EXPECT_EQ(options.csv.separator, "\t");
     EXPECT_EQ(options.csv.encoding, CsvEncoding::utf8);
     EXPECT_TRUE(options.csv.raw_cells);
     EXPECT_EQ(options.statement_log, "log");
@@ -57,7 +57,7 @@ TEST(Options, LeavesTheDefaultsOfAnExportWithoutOptions) {
     EXPECT_EQ(options.request.events, 7);
     EXPECT_EQ(options.parameters, "");
     EXPECT_EQ(options.csv.folder, "");
-    EXPECT_EQ(options.csv.separator, ';');
+    EXPECT_EQ(options.csv.separator, ";");
     EXPECT_EQ(options.csv.encoding, CsvEncoding::utf8_bom);
     EXPECT_FALSE(options.csv.raw_cells);
     EXPECT_EQ(options.answers, std::nullopt);

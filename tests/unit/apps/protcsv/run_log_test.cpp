@@ -154,6 +154,11 @@ TEST_F(RunLog, DeletesWithYes) {
     EXPECT_NE(read("x.db"), before);
 }
 
+TEST_F(RunLog, RefusesASeparatorThatTheEncodingDoesNotHold) {
+    EXPECT_EQ(run_section("export", "form", {"--separator", "→", "--encoding", "windows-1252"}), 2);
+    EXPECT_EQ(errors, "protcsv: --separator: windows-1252 kennt das Zeichen „→“ nicht\n");
+}
+
 TEST_F(RunLog, AsksNobodyWhoCannotSeeTheQuestion) {
     in_is_terminal = true;
     EXPECT_EQ(run_section("export", "form"), 2);

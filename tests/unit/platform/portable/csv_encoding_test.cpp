@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string line(const std::vector<std::string>& cells, char separator = ';',
+std::string line(const std::vector<std::string>& cells, std::string_view separator = ";",
                  CsvEncoding encoding = CsvEncoding::utf8, bool raw_cells = false) {
     std::string out;
     CsvLineEncoder(separator, encoding, raw_cells).append_line(cells, out);
@@ -55,8 +55,8 @@ TEST(CsvEncoding, QuotesACellOnlyWhenItHasTo) {
 }
 
 TEST(CsvEncoding, QuotesForTheSeparatorInUse) {
-    EXPECT_EQ(line({"a;b", "c\td"}, '\t'), "a;b\t\"c\td\"\r\n");
-    EXPECT_EQ(line({"1,5", "a;b"}, ','), "\"1,5\",a;b\r\n");
+    EXPECT_EQ(line({"a;b", "c\td"}, "\t"), "a;b\t\"c\td\"\r\n");
+    EXPECT_EQ(line({"1,5", "a;b"}, ","), "\"1,5\",a;b\r\n");
 }
 
 const Cell guarded_cells[] = {
@@ -89,11 +89,11 @@ TEST(CsvEncoding, KeepsASpreadsheetFromRunningACell) {
 }
 
 TEST(CsvEncoding, LeavesRawCellsUnguarded) {
-    EXPECT_EQ(line({"=1+1", "-a;b"}, ';', CsvEncoding::utf8, true), "=1+1;\"-a;b\"\r\n");
+    EXPECT_EQ(line({"=1+1", "-a;b"}, ";", CsvEncoding::utf8, true), "=1+1;\"-a;b\"\r\n");
 }
 
 TEST(CsvEncoding, GuardsNumbersThatContainTheSeparatorByQuotesOnly) {
-    EXPECT_EQ(line({"-1,5"}, ','), "\"-1,5\"\r\n");
+    EXPECT_EQ(line({"-1,5"}, ","), "\"-1,5\"\r\n");
 }
 
 const Cell utf8_cells[] = {
@@ -106,14 +106,14 @@ const Cell utf8_cells[] = {
 };
 
 TEST(CsvEncoding, QuotesACellWhoseGuardIsTheSeparator) {
-    EXPECT_EQ(line({"=1", "a"}, '\''), "\"'=1\"'a\r\n");
-    EXPECT_EQ(line({"=1", "a"}, '\'', CsvEncoding::utf8, true), "=1'a\r\n");
+    EXPECT_EQ(line({"=1", "a"}, "'"), "\"'=1\"'a\r\n");
+    EXPECT_EQ(line({"=1", "a"}, "'", CsvEncoding::utf8, true), "=1'a\r\n");
 }
 
 TEST(CsvEncoding, WritesOnlyValidUtf8) {
     for (const Cell& row : utf8_cells) {
         EXPECT_EQ(line({row.cell}), row.written + "\r\n") << row.why;
-        EXPECT_EQ(line({row.cell}, ';', CsvEncoding::utf8_bom), row.written + "\r\n") << row.why;
+        EXPECT_EQ(line({row.cell}, ";", CsvEncoding::utf8_bom), row.written + "\r\n") << row.why;
     }
 }
 
@@ -129,7 +129,7 @@ const Cell windows_cells[] = {
 TEST(CsvEncoding, WritesWindows1252) {
     for (const Cell& row : windows_cells) {
         std::string out;
-        CsvLineEncoder encoder(';', CsvEncoding::windows_1252, false);
+        CsvLineEncoder encoder(";", CsvEncoding::windows_1252, false);
         encoder.append_line(std::vector{row.cell}, out);
         EXPECT_EQ(out, row.written + "\r\n") << row.why;
         EXPECT_FALSE(encoder.replaced_characters()) << row.why;
@@ -139,7 +139,7 @@ TEST(CsvEncoding, WritesWindows1252) {
 TEST(CsvEncoding, ReplacesWhatWindows1252CannotHold) {
     for (const char* lost : {"Ł", "𝄞", "\xC2\x81", "\xC2\x80", "\xEF\xBF\xBD", "\xFF"}) {
         std::string out;
-        CsvLineEncoder encoder(';', CsvEncoding::windows_1252, false);
+        CsvLineEncoder encoder(";", CsvEncoding::windows_1252, false);
         encoder.append_line(std::vector{std::string("a") + lost + "b"}, out);
         EXPECT_EQ(out, "a?b\r\n");
         EXPECT_TRUE(encoder.replaced_characters());
@@ -147,9 +147,14 @@ TEST(CsvEncoding, ReplacesWhatWindows1252CannotHold) {
 }
 
 TEST(CsvEncoding, QuotesForASeparatorOfTheEncodingsOwn) {
-    EXPECT_EQ(line({"a§b", "ç"}, '\xA7', CsvEncoding::windows_1252),
+    EXPECT_EQ(line({"a§b", "ç"}, "§", CsvEncoding::windows_1252),
               "\"a\xA7"
               "b\"\xA7\xE7\r\n");
+}
+
+TEST(CsvEncoding, TakesASeparatorOfSeveralBytes) {
+    EXPECT_EQ(line({"a§b", "ß", "c;d", "\xC2"}, "§"), "\"a§b\"§ß§c;d§\xEF\xBF\xBD\r\n");
+    EXPECT_EQ(line({"→", "x→y", ""}, "→"), "\"→\"→\"x→y\"→\r\n");
 }
 
 TEST(CsvEncoding, HasAByteOrderMarkOnlyWhereAsked) {
