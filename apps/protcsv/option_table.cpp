@@ -76,8 +76,12 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, SectionTable) { o.request.user = as_text(value); }},
     {"--from", "DATUM", filtered, 0, "Auswahl", "erster Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
      [](Options& o, const std::string& value, SectionTable) { o.request.from = parse_date(value); }},
-    {"--to", "DATUM", filtered, 0, "Auswahl", "letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
+    {"--to", "DATUM", filtered & ~deleting, 0, "Auswahl", "letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
      [](Options& o, const std::string& value, SectionTable) { o.request.to = parse_date(value); }},
+    {"--to", "DATUM", deleting, 0, "Auswahl", "letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
+     [](Options& o, const std::string& value, SectionTable) {
+         o.request.to = parse_last_day_of_deletion(value);
+     }},
     {"--events", "LISTE", filtered, 0, "Auswahl",
      "created, changed, deleted (durch Komma getrennt);\nall (Vorgabe), none oder als Zahl die Summe aus\n1 (created), 2 (changed) und 4 (deleted)",
      [](Options& o, const std::string& value, SectionTable) { o.request.events = parse_events(value); }},

@@ -80,13 +80,15 @@ std::string names_of(SectionTable sections) {
 Date parse_date(std::string_view text) {
     for (const std::string_view pattern : {"JJJJ-MM-TT", "TT.MM.JJJJ"}) {
         const std::optional<CivilTime> civil = read_pattern(text, pattern);
-        if (!civil || !is_valid(*civil)) continue;
-        const Date date = to_date(*civil);
-        // The null date means "no bound": a deletion up to it would be a deletion of everything.
-        if (date.is_null()) refuse(text, "ist der Nulltag; er stünde für einen Zeitraum ohne Grenze");
-        return date;
+        if (civil && is_valid(*civil)) return to_date(*civil);
     }
     refuse(text, "ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ");
+}
+
+Date parse_last_day_of_deletion(std::string_view text) {
+    const Date date = parse_date(text);
+    if (date.is_null()) refuse(text, "ist der Nulltag; er stünde für eine Löschung ohne Grenze");
+    return date;
 }
 
 std::int32_t parse_events(std::string_view text) {

@@ -14,6 +14,10 @@ namespace prot {
 /// A day, YYYY-MM-DD or DD.MM.YYYY.
 Date parse_date(std::string_view text);
 
+/// As parse_date, but not the null day, 30 December 1899: it means "no bound", so that a deletion up to it
+/// would be a deletion of everything.
+Date parse_last_day_of_deletion(std::string_view text);
+
 /// The event mask: a comma list of created, changed, deleted; all; none; or the mask as a decimal number of
 /// 31 bits, which is taken as it is. Blanks and letter case do not matter.
 std::int32_t parse_events(std::string_view text);

@@ -29,10 +29,13 @@ TEST(OptionValues, ReadsDatesInBothForms) {
     EXPECT_EQ(parse_date("01.02.2026"), expected);
 }
 
-TEST(OptionValues, RefusesTheNullDayWhichWouldMeanNoBound) {
-    for (const char* day : {"30.12.1899", "1899-12-30"})
-        EXPECT_EQ(refusal([&] { parse_date(day); }),
-                  "„" + std::string(day) + "“ ist der Nulltag; er stünde für einen Zeitraum ohne Grenze");
+TEST(OptionValues, RefusesToDeleteUpToTheNullDayWhichWouldMeanNoBound) {
+    for (const char* day : {"30.12.1899", "1899-12-30"}) {
+        EXPECT_TRUE(parse_date(day).is_null());
+        EXPECT_EQ(refusal([&] { parse_last_day_of_deletion(day); }),
+                  "„" + std::string(day) + "“ ist der Nulltag; er stünde für eine Löschung ohne Grenze");
+    }
+    EXPECT_EQ(parse_last_day_of_deletion("31.12.1899"), Date{1});
 }
 
 TEST(OptionValues, RefusesWhatIsNoDay) {
