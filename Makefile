@@ -12,9 +12,10 @@ build: ## build out/linux/protcsv
 demo: build ## write a sample database, export its logs to out/demo/ and show them
 	@scripts/demo
 
-test: ## build and run every test
+test: ## build and run every test, then again under the sanitizers
 	@scripts/build linux
 	@scripts/test linux
+	@$(MAKE) --no-print-directory test-asan
 
 test-asan: ## build and run every test under the address and undefined-behaviour sanitizers
 	@scripts/build linux-asan
