@@ -26,7 +26,7 @@ AutomationError current_error() {
         } catch (const AutomationError& automation_error) {
             return automation_error;
         } catch (const std::bad_alloc&) {
-            return AutomationError(ErrorNumber::out_of_memory, "Nicht genügend Speicher");
+            return AutomationError(ErrorNumber::out_of_memory, std::string(out_of_memory_text));
         } catch (const std::exception& other) {
             return AutomationError(ErrorNumber::internal, std::string("Interner Fehler: ") + other.what());
         } catch (...) {

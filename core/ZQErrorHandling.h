@@ -35,14 +35,11 @@ void ZQ_gErrorHandling(Environment& environment, const AutomationError& error);
 /// The source with the component's version stamp in front; a source that bears a stamp stays as it is.
 std::string stamped(std::string source);
 
-/// Runs `create`, which makes an outside component. When it fails, the problem report shows `command` as
-/// well.
-template <class Create>
-auto with_failing_command(std::string_view command, Create create);
-
 /// The text that a failing procedure adds to its error; empty unless a component is being created.
 std::string& failing_command();
 
+/// Runs `create`, which makes an outside component. When it fails, the problem report shows `command` as
+/// well.
 template <class Create>
 auto with_failing_command(std::string_view command, Create create) {
     failing_command() = command;

@@ -15,9 +15,6 @@ inline constexpr int exit_error = 1;
 inline constexpr int exit_usage = 2;
 inline constexpr int exit_cancelled = 3;
 
-/// What a person reads when memory ran out.
-inline constexpr std::string_view out_of_memory = "Der Arbeitsspeicher reicht nicht aus.";
-
 /// Writes `text` to standard output; an error when it does not arrive.
 int print(const Console& console, std::string_view text);
 

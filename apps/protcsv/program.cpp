@@ -49,7 +49,7 @@ int run_program(std::span<const std::string> arguments, const Console& console, 
         complain(console, error.description());
         return exit_error;
     } catch (const std::bad_alloc&) {
-        complain(console, out_of_memory);  // takes none
+        complain(console, out_of_memory_text);  // takes none
         return exit_error;
     } catch (const std::exception& error) {
         complain(console, "Unerwarteter Fehler:");

@@ -127,7 +127,7 @@ private:
         } catch (const AutomationError& error) {
             report(error);
         } catch (const std::bad_alloc&) {
-            report({ErrorNumber::out_of_memory, std::string(out_of_memory)});
+            report({ErrorNumber::out_of_memory, std::string(out_of_memory_text)});
         } catch (const std::exception& error) {
             report({ErrorNumber::internal, error.what()});
         }

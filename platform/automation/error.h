@@ -21,6 +21,9 @@ enum class ErrorNumber : std::uint32_t {
     file = 0x800A0039,
 };
 
+/// What a person reads when memory ran out.
+inline constexpr std::string_view out_of_memory_text = "Der Arbeitsspeicher reicht nicht aus.";
+
 /// An error on its way to the caller.
 class AutomationError : public std::exception {
 public:

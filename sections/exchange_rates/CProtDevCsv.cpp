@@ -9,9 +9,7 @@
 
 namespace prot {
 
-namespace {
-constexpr std::string_view owner = "CProtDevCsv";
-}
+using exchange_rates::owner;
 
 void CProtDevCsv::gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon,
                               Date dtBis, std::int32_t lAktion, Value&) try {

@@ -7,12 +7,12 @@
 #include "core/ZQErrorHandling.h"
 #include "platform/automation/letter_case.h"
 #include "platform/automation/text_forms.h"
+#include "sections/exchange_rates/rate_selection.h"
 
 namespace prot::exchange_rates {
 
 namespace {
 
-constexpr std::string_view owner = "CProtDevCsv";
 constexpr std::string_view no_longer_there = "nicht vorhanden";
 
 /// Fields that say who touched the rate and which one it is; changes of them are never exported.

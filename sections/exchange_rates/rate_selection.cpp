@@ -10,7 +10,7 @@ std::string msWHERE(std::string_view sWhere) try {
         .append(sWhere)
         .append(")) )");
 } catch (...) {
-    leave("CProtDevCsv", "msWHERE");
+    leave(owner, "msWHERE");
 }
 
 }  // namespace prot::exchange_rates
