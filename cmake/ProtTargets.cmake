@@ -1,6 +1,5 @@
 # Targets of our own: one library per folder, one test program per folder, all with the same warnings.
 
-find_package(GTest REQUIRED)
 include(GoogleTest)
 
 add_library(prot_warnings INTERFACE)
@@ -10,26 +9,54 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "-fsanitize"
     target_compile_options(prot_warnings INTERFACE -Wno-maybe-uninitialized)
 endif()
 
+if(WIN32)
+    # Libraries within the file, so that the system's own are all it needs; no time stamp and no path of this machine
+    # in it, so that the same sources give the same bytes.
+    add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" -fstack-protector-strong)
+    add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
+    add_link_options(-static -fstack-protector-strong -Wl,--no-insert-timestamp,--dynamicbase,--nxcompat)
+    if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+        add_link_options(-Wl,--high-entropy-va)
+    endif()
+endif()
+
+# prot_sources(VARIABLE PATTERN…): the files that match, without those of the other system: a name that ends in _posix
+# or _windows, with or without _test behind it, says where the file belongs.
+function(prot_sources variable)
+    file(GLOB sources CONFIGURE_DEPENDS ${ARGN})
+    if(WIN32)
+        list(FILTER sources EXCLUDE REGEX "_posix(_test)?\\.cpp$")
+    else()
+        list(FILTER sources EXCLUDE REGEX "_windows(_test)?\\.cpp$")
+    endif()
+    set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
 # prot_library(NAME): a static library of the sources in this folder, whose headers are included from the
 # repository's root. Folders below count only when named: prot_library(NAME FOLDERS automation).
 function(prot_library name)
     cmake_parse_arguments(ARG "" "" "FOLDERS" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+    set(patterns *.cpp)
     foreach(folder IN LISTS ARG_FOLDERS)
-        file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp)
-        list(APPEND sources ${more})
+        list(APPEND patterns ${folder}/*.cpp)
     endforeach()
+    prot_sources(sources ${patterns})
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE prot_warnings)
 endfunction()
 
-# prot_test(NAME FOLDER library...): a test program of all *_test.cpp in FOLDER; each test is a process of its own.
+# prot_test(NAME FOLDER library...): a test program of all *_test.cpp in FOLDER. Each test is a process of its own; on
+# Windows, where starting one takes longer than most tests, each program is.
 function(prot_test name folder)
-    file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp)
+    prot_sources(sources ${folder}/*.cpp)
     add_executable(${name} ${sources})
     target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
     target_compile_definitions(${name} PRIVATE PROT_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE prot_warnings ${ARGN} GTest::gmock GTest::gtest_main)
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+    if(WIN32)
+        add_test(NAME ${name} COMMAND ${name})
+    else()
+        gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+    endif()
 endfunction()

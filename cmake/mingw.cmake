@@ -1,0 +1,13 @@
+# Cross-compiles for Windows with mingw-w64; the presets set PROT_WINDOWS_TARGET, the compiler's prefix.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_C_COMPILER "${PROT_WINDOWS_TARGET}-gcc-posix")
+set(CMAKE_CXX_COMPILER "${PROT_WINDOWS_TARGET}-g++-posix")
+set(CMAKE_RC_COMPILER "${PROT_WINDOWS_TARGET}-windres")
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES PROT_WINDOWS_TARGET)
+
+# The build machine's own headers and libraries are of no use here.
+set(CMAKE_FIND_ROOT_PATH "/usr/${PROT_WINDOWS_TARGET}")
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
