@@ -34,7 +34,7 @@ AutomationError current_error() {
         }
     }();
     error.append_to_description(failing_command());
-    failing_command().clear();
+    failing_command() = {};
     return error;
 }
 
@@ -84,7 +84,7 @@ void show_and_end(Environment& environment, std::string_view owner, std::string_
     ZQ_gErrorHandling(environment, current_error_from(owner, procedure));
 }
 
-void end_quietly() noexcept { failing_command().clear(); }
+void end_quietly() noexcept { failing_command() = {}; }
 
 void end_with_notice(Environment& environment) noexcept {
     try {
@@ -119,8 +119,8 @@ std::string stamped(std::string source) {
         .append(source.empty() ? component_name : source);
 }
 
-std::string& failing_command() {
-    static std::string text;
+std::string_view& failing_command() noexcept {
+    thread_local std::string_view text;
     return text;
 }
 

@@ -35,16 +35,17 @@ void ZQ_gErrorHandling(Environment& environment, const AutomationError& error);
 /// The source with the component's version stamp in front; a source that bears a stamp stays as it is.
 std::string stamped(std::string source);
 
-/// The text that a failing procedure adds to its error; empty unless a component is being created.
-std::string& failing_command();
+/// The text that a failing procedure adds to its error; empty unless a component is being created. Each
+/// thread of a host has its own, because calls on different threads know nothing of each other.
+std::string_view& failing_command() noexcept;
 
 /// Runs `create`, which makes an outside component. When it fails, the problem report shows `command` as
-/// well.
+/// well. `command` lives as long as the program.
 template <class Create>
 auto with_failing_command(std::string_view command, Create create) {
     failing_command() = command;
     auto component = create();
-    failing_command().clear();
+    failing_command() = {};
     return component;
 }
 

@@ -1,6 +1,7 @@
 #include "core/event_names.h"
 
 #include <array>
+#include <atomic>
 #include <string>
 
 #include "platform/automation/error.h"
@@ -9,16 +10,17 @@ namespace prot {
 
 namespace {
 constexpr std::array<std::string_view, 3> names = {"angelegt", "geändert", "gelöscht"};
-std::array<std::string_view, 3> table;
+// One for all threads of a host, which may run exporters side by side.
+std::atomic<bool> filled = false;
 }  // namespace
 
-void fill_event_names() { table = names; }
+void fill_event_names() { filled = true; }
 
 std::string_view event_name(std::int32_t dlEvent) {
-    if (dlEvent < 0 || static_cast<std::size_t>(dlEvent) >= table.size())
+    if (dlEvent < 0 || static_cast<std::size_t>(dlEvent) >= names.size())
         throw AutomationError(ErrorNumber::index_out_of_range,
                               "Index außerhalb des gültigen Bereichs: Ereignis " + std::to_string(dlEvent));
-    return table[static_cast<std::size_t>(dlEvent)];
+    return filled ? names[static_cast<std::size_t>(dlEvent)] : std::string_view();
 }
 
 }  // namespace prot

@@ -33,15 +33,17 @@ const std::vector<Layer> layers = {
     {"apps/", {"apps/", "sections/", "core/", "platform/"}, true},
 };
 
-constexpr auto standard_headers = std::to_array<std::string_view>(
-    {"algorithm", "array",       "charconv",      "chrono",        "cmath",
-     "cstddef",   "cstdint",     "cstdio",        "cstdlib",       "cstring",
-     "deque",     "exception",   "filesystem",    "functional",    "initializer_list",
-     "iterator",  "limits",      "list",          "map",           "memory",
-     "new",       "numeric",     "optional",      "set",           "span",
-     "sstream",   "stdexcept",   "string",        "string_view",   "system_error",
-     "tuple",     "type_traits", "unordered_map", "unordered_set", "utility",
-     "variant",   "vector"});
+constexpr auto standard_headers =
+    std::to_array<std::string_view>({"algorithm",   "array",         "atomic",        "charconv",
+                                     "chrono",      "cmath",         "cstddef",       "cstdint",
+                                     "cstdio",      "cstdlib",       "cstring",       "deque",
+                                     "exception",   "filesystem",    "functional",    "initializer_list",
+                                     "iterator",    "limits",        "list",          "map",
+                                     "memory",      "new",           "numeric",       "optional",
+                                     "set",         "span",          "sstream",       "stdexcept",
+                                     "string",      "string_view",   "system_error",  "tuple",
+                                     "type_traits", "unordered_map", "unordered_set", "utility",
+                                     "variant",     "vector"});
 
 struct Include {
     std::string file, header;
