@@ -2,41 +2,68 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// A filter form as data. A section describes its form once and answers its events; a FormDisplay renders it.
+/// A filter form as data. A section describes its form once: fields, labels, buttons, and its own functions
+/// that answer what happens to them; every FormDisplay renders that description. While the form is open those
+/// functions may change it (fill, select, switch off, hide, move the focus), and the display follows.
 namespace prot {
 
-/// A list field: one of its entries is selected. Entries keep their order.
-struct ListField {
-    struct Entry {
-        std::int64_t key = 0;
-        std::string text;
-    };
+/// One line of a list, or one of several options.
+struct Entry {
+    std::int64_t key = 0;
+    std::string text{};
+};
 
-    std::string name;   ///< the control's name
-    std::string label;  ///< what the person reads before the field
-    std::vector<Entry> entries;
-    std::optional<std::size_t> selected;  ///< index into entries
+enum class FieldKind {
+    list,     ///< one of its entries is selected
+    text,     ///< a line of text
+    options,  ///< all entries are on view, one is selected
+    label,    ///< only its label; never has the focus
+};
+
+/// One field of a form. Which members count depends on its kind.
+struct Field {
+    FieldKind kind = FieldKind::list;
+    std::string name{};                     ///< the control's name
+    std::string label{};                    ///< stands before the field; & marks the access key, && is a &
+    std::vector<Entry> entries{};           ///< list, options; they keep their order
+    std::optional<std::size_t> selected{};  ///< index into entries
+    std::string text{};                     ///< text: what the person sees and edits
+    std::size_t longest = 255;              ///< text: most characters that the person can type
     bool enabled = true;
+    bool visible = true;
 
-    void add(std::int64_t key, std::string text) { entries.push_back({key, std::move(text)}); }
+    /// The person chose another entry, or changed the text; the field holds it already.
+    std::function<void()> changed{};
+    /// The person leaves a text field. False: the entry is refused, and the focus stays; what is wrong has
+    /// been said. Cancel may leave without asking.
+    std::function<bool()> validate{};
+
+    void add(std::int64_t key, std::string entry_text) { entries.push_back({key, std::move(entry_text)}); }
     /// Selects the first entry of that key; nothing changes when there is none.
     void select_key(std::int64_t key);
     /// The selected entry's text; empty when none is selected.
     std::string selected_text() const;
+    bool can_have_focus() const { return kind != FieldKind::label && enabled && visible; }
 };
 
-struct Form {
-    std::string caption;
-    std::vector<ListField> fields;         ///< in the order of the focus
-    std::size_t focus = 0;                 ///< index of the field that has the focus
-    bool key_preview = false;              ///< the form sees key strokes before its fields
-    bool cancel_causes_validation = true;  ///< false: Cancel works while a field holds an invalid entry
-    bool shown = false;                    ///< a modal display ends when this turns false
+struct Button {
+    std::string name{};
+    std::string text{};  ///< with & before its access key
+    bool enabled = true;
+    bool causes_validation = true;  ///< false: works while a field holds an invalid entry
+    std::function<void()> click{};
+};
+
+/// Fields that belong together, framed under a caption.
+struct Group {
+    std::string caption{};
+    std::size_t first = 0, count = 0;  ///< of the form's fields
 };
 
 struct KeyStroke {
@@ -45,16 +72,34 @@ struct KeyStroke {
 };
 inline constexpr int key_f1 = 112;
 
-/// What a section does when something happens to its form. No event lets an error escape.
-class FormEvents {
-public:
-    virtual ~FormEvents() = default;
-    virtual void Form_Load() = 0;
-    virtual void Form_KeyDown(const KeyStroke& key) = 0;
-    virtual void Form_Unload() = 0;
-    virtual void cmdOK_Click() = 0;
-    virtual void cmdCancel_Click() = 0;
+struct Form {
+    std::string caption{};
+    std::string help_id{};      ///< topic that F1 shows
+    std::vector<Field> fields;  ///< in the order of the focus
+    std::vector<Group> groups;  ///< in the order of the fields, none in another
+    Button ok;                  ///< pressed by Enter
+    Button cancel;              ///< pressed by Esc
+    std::size_t focus = 0;      ///< index of the field that has the focus
+    bool select_focus = false;  ///< set with `focus`: the text of that field is selected as a whole
+    bool key_preview = false;   ///< the form sees key strokes before its fields
+    bool shown = false;         ///< a modal display ends when this turns false
+
+    std::function<void(const KeyStroke&)> key_down{};
+
+    Field& field(std::string_view name);  ///< the field of that name, which exists
+
+    /// Puts the focus on a field; a text field's whole text is selected.
+    void set_focus(std::size_t index) {
+        focus = index;
+        select_focus = true;
+    }
 };
+
+/// The text of a label or button as a person reads it, without the mark of its access key.
+std::string without_access_key(std::string_view label);
+
+/// The character behind the mark, in lower case; 0 when there is none.
+char32_t access_key(std::string_view label);
 
 /// Renders forms.
 class FormDisplay {
@@ -64,8 +109,9 @@ public:
     /// The host's standard set-up of a form, called while it loads; 1000 is the set-up of the filter forms.
     virtual void standard_setup(Form& form, int code) = 0;
 
-    /// Shows the form until an event sets `form.shown` to false.
-    virtual void show_modal(Form& form, FormEvents& events) = 0;
+    /// Shows the form until one of its functions sets `form.shown` to false. No function of a form lets an
+    /// error escape.
+    virtual void show_modal(Form& form) = 0;
 };
 
 }  // namespace prot

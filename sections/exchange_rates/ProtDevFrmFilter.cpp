@@ -18,16 +18,6 @@ constexpr int filter_form_setup = 1000;
 
 enum RangeField : std::size_t { from_field, to_field };
 
-Form described_form() {
-    Form form;
-    form.fields.resize(2);
-    form.fields[from_field].name = "cboWaehrung(0)";
-    form.fields[from_field].label = "von ISO Währungscode";
-    form.fields[to_field].name = "cboWaehrung(1)";
-    form.fields[to_field].label = "bis ISO Währungscode";
-    return form;
-}
-
 /// The entry's key; it only tells entries apart, so that any number will do.
 std::int64_t key_of(const Cell& id) {
     constexpr double largest = 9e15;
@@ -36,6 +26,21 @@ std::int64_t key_of(const Cell& id) {
 }
 
 }  // namespace
+
+Form ProtDevFrmFilter::described_form() {
+    Form form;
+    form.caption = "Protokollausgabe Devisenkurse";
+    form.help_id = help_id;
+    form.fields = {
+        {.name = "cboWaehrung(0)", .label = "&von ISO Währungscode"},
+        {.name = "cboWaehrung(1)", .label = "&bis ISO Währungscode"},
+    };
+    form.groups = {{"Währungen", from_field, 2}};
+    form.ok = {.name = "cmdOK", .text = "OK", .click = [this] { cmdOK_Click(); }};
+    form.cancel = {.name = "cmdCancel", .text = "Abbrechen", .click = [this] { cmdCancel_Click(); }};
+    form.key_down = [this](const KeyStroke& key) { Form_KeyDown(key); };
+    return form;
+}
 
 bool ProtDevFrmFilter::gbGetFilter(std::string& sWhere, std::string& sFilter, Database& oDBU,
                                    std::string& sCommandline) try {
@@ -61,7 +66,6 @@ void ProtDevFrmFilter::load(Database& oDBU) {
     accepted_ = failed_ = false;
     oDBU_ = &oDBU;
     Form_Load();
-    form_.caption = "Protokollausgabe Devisenkurse";
 }
 
 /// Takes the range from the parameter text, or from the person.
@@ -70,7 +74,7 @@ bool ProtDevFrmFilter::accept(std::string& sCommandline, Range& range) {
     sCommandline.clear();
     if (failed_) return false;
     form_.shown = true;
-    environment_.form_display.show_modal(form_, *this);
+    environment_.form_display.show_modal(form_);
     range = selected_range();
     return accepted_ && !failed_;
 }
@@ -80,7 +84,7 @@ bool ProtDevFrmFilter::mIsoWaehrungLesen() try {
     const RowSet rows =
         oDBU_ ? oDBU_->query_array("SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz")
               : RowSet();
-    for (ListField& field : form_.fields) {
+    for (Field& field : form_.fields) {
         for (std::size_t row = 0; row < rows.rows(); ++row)
             field.add(key_of(rows.at(0, row)), to_text(rows.at(1, row).value()));
         if (!rows.empty()) continue;
@@ -126,7 +130,7 @@ ProtDevFrmFilter::Range ProtDevFrmFilter::selected_range() const {
 void ProtDevFrmFilter::Form_Load() try {
     environment_.form_display.standard_setup(form_, filter_form_setup);
     form_.key_preview = true;
-    form_.cancel_causes_validation = false;
+    form_.cancel.causes_validation = false;
 } catch (...) {
     failed_ = true;
     show_and_end(environment_, owner, "Form_Load");
@@ -147,7 +151,7 @@ void ProtDevFrmFilter::cmdOK_Click() try {
             "Der Wert im Feld 'bis ISO Währungscode' darf nicht kleiner sein als der Wert im Feld 'von ISO "
             "Währungscode' !",
             BoxStyle::exclamation, "Unzulässige Aktion");
-        form_.focus = to_field;
+        form_.set_focus(to_field);
         return;
     }
     accepted_ = true;

@@ -10,9 +10,14 @@ namespace prot {
 
 /// The filter form of the exchange rates: a range of currencies by ISO code. In batch mode it is loaded and
 /// never shown.
-class ProtDevFrmFilter : private FormEvents {
+class ProtDevFrmFilter {
 public:
     explicit ProtDevFrmFilter(Environment& environment) : environment_(environment) {}
+    ProtDevFrmFilter(const ProtDevFrmFilter&) = delete;
+    ProtDevFrmFilter& operator=(const ProtDevFrmFilter&) = delete;
+
+    /// The form as it is described, without entries.
+    Form described_form();
 
     /// Asks for the range. sWhere: condition on the currency table. sFilter: what the file's first line says.
     /// sCommandline: emptied when it is not a batch text for this section; the run is interactive then. False
@@ -30,11 +35,11 @@ private:
     bool mbCommandlineOk(const std::string& sCommandline, Range& range);
     Range selected_range() const;
 
-    void Form_Load() override;
-    void Form_KeyDown(const KeyStroke& key) override;
-    void Form_Unload() override;
-    void cmdOK_Click() override;
-    void cmdCancel_Click() override;
+    void Form_Load();
+    void Form_KeyDown(const KeyStroke& key);
+    void Form_Unload();
+    void cmdOK_Click();
+    void cmdCancel_Click();
 
     Environment& environment_;
     Form form_;

@@ -189,7 +189,7 @@ public:
     std::vector<Pointer> pointers;
     std::vector<int> setups;
     int forms_shown = 0;
-    std::function<void(Form&, FormEvents&)> person = [](Form&, FormEvents& events) { events.cmdOK_Click(); };
+    std::function<void(Form&)> person = [](Form& form) { form.ok.click(); };
     std::vector<int> connection_codes;
     std::optional<AutomationError> connection_information_failure;
     CivilTime time{2026, 11, 15, 10, 7, 15};
@@ -220,9 +220,9 @@ public:
         return style == BoxStyle::question_yes_no ? answer : BoxAnswer::ok;
     }
     void standard_setup(Form&, int code) override { setups.push_back(code); }
-    void show_modal(Form& form, FormEvents& events) override {
+    void show_modal(Form& form) override {
         ++forms_shown;
-        person(form, events);
+        person(form);
     }
     void set(Pointer pointer) override { pointers.push_back(pointer); }
     std::array<std::string, 10> fields(int code) override {

@@ -87,23 +87,26 @@ void send_statements(Call& call) {
 }
 
 /// A form of one field; its choice is written as the file.
-class OneField : public FormEvents {
+class OneField {
 public:
-    Form form{"Auswahl", {{"cbo", "Währung", {{1, "EUR"}, {2, "USD"}}, 0, true}}};
+    Form form;
     bool accepted = false;
-    void Form_Load() override {}
-    void Form_KeyDown(const KeyStroke&) override {}
-    void Form_Unload() override {}
-    void cmdOK_Click() override {
-        accepted = true;
-        form.shown = false;
+
+    OneField() {
+        form.caption = "Auswahl";
+        form.fields = {
+            {.name = "cbo", .label = "Währung", .entries = {{1, "EUR"}, {2, "USD"}}, .selected = 0}};
+        form.ok.click = [this] {
+            accepted = true;
+            form.shown = false;
+        };
+        form.cancel.click = [this] { form.shown = false; };
     }
-    void cmdCancel_Click() override { form.shown = false; }
 };
 
 void ask_form(Call& call) {
     OneField dialog;
-    call.environment.form_display.show_modal(dialog.form, dialog);
+    call.environment.form_display.show_modal(dialog.form);
     if (!dialog.accepted) return;
     call.arguments = {dialog.form.fields[0].selected_text()};
     write_file(call);

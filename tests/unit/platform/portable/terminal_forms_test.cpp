@@ -9,12 +9,21 @@ namespace prot {
 namespace {
 
 /// A form of two list fields whose OK runs `on_ok`, by default closing the form.
-class TerminalFormsTest : public testing::Test, public FormEvents {
+class TerminalFormsTest : public testing::Test {
 protected:
     TerminalFormsTest() {
         form.caption = "Protokollausgabe";
-        form.fields = {{"cboVon", "von", {}, std::nullopt, true}, {"cboBis", "bis", {}, std::nullopt, true}};
-        for (ListField& field : form.fields)
+        form.fields = {{.name = "cboVon", .label = "&von"}, {.name = "cboBis", .label = "&bis"}};
+        form.ok.click = [this] {
+            ++accepted;
+            on_ok();
+        };
+        form.cancel.click = [this] {
+            ++cancelled;
+            form.shown = false;
+        };
+        form.key_down = [this](const KeyStroke& key) { keys.push_back(key.code); };
+        for (Field& field : form.fields)
             for (const char* code : {"AUD", "EUR", "ÖRE"}) field.add(0, code);
         form.fields[0].selected = 0;
         form.fields[1].selected = 2;
@@ -23,21 +32,9 @@ protected:
         settings.refusal = "Niemand da.";
     }
 
-    void Form_Load() override {}
-    void Form_KeyDown(const KeyStroke& key) override { keys.push_back(key.code); }
-    void Form_Unload() override {}
-    void cmdOK_Click() override {
-        ++accepted;
-        on_ok();
-    }
-    void cmdCancel_Click() override {
-        ++cancelled;
-        form.shown = false;
-    }
-
     Outcome show() {
         Terminal terminal(settings);
-        TerminalForms(terminal).show_modal(form, *this);
+        TerminalForms(terminal).show_modal(form);
         return terminal.outcome();
     }
     std::string range() const {
@@ -114,14 +111,14 @@ TEST_F(TerminalFormsTest, ShowsADisabledFieldWithoutAskingForIt) {
 }
 
 TEST_F(TerminalFormsTest, AcceptsAFormWhoseFieldsAreAllDisabled) {
-    for (ListField& field : form.fields) field.enabled = false;
+    for (Field& field : form.fields) field.enabled = false;
     settings.answers = "";
     EXPECT_EQ(show(), Outcome::done);
     EXPECT_EQ(accepted, 1);
 }
 
 TEST_F(TerminalFormsTest, CancelsAFormThatStaysOpenWithoutAnyQuestion) {
-    for (ListField& field : form.fields) field.enabled = false;
+    for (Field& field : form.fields) field.enabled = false;
     on_ok = [] {};
     settings.answers = "";
     EXPECT_EQ(show(), Outcome::cancelled);
@@ -156,6 +153,54 @@ TEST_F(TerminalFormsTest, CancelsAtTheEndOfTheKeyboardsInput) {
     settings.keyboard = &keyboard;
     EXPECT_EQ(show(), Outcome::cancelled);
     EXPECT_EQ(cancelled, 1);
+}
+
+TEST_F(TerminalFormsTest, AsksForATextAndAsksAgainWhenTheFormRefusesIt) {
+    form.fields[1] = {.kind = FieldKind::text, .name = "txtBis", .label = "&bis", .text = "10"};
+    form.fields[1].validate = [this] { return form.fields[1].text != "x"; };
+    settings.answers = "\nx\n20";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(form.fields[1].text, "20");
+    EXPECT_EQ(output.str(), "Protokollausgabe\nvon [AUD]: \nbis [10]: x\nbis [x]: 20\n");
+}
+
+TEST_F(TerminalFormsTest, AChangeMayRefillAndHideTheFieldsBehindIt) {
+    form.fields.push_back({.name = "cboLetztes", .label = "letztes"});
+    form.fields[0].changed = [this] {
+        form.fields[1].entries = {{1, "CHF"}};
+        form.fields[1].selected = 0;
+        form.fields[2].visible = false;
+    };
+    settings.answers = "EUR\n\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(output.str(), "Protokollausgabe\nvon [AUD]: EUR\nbis [CHF]: \n");
+}
+
+TEST_F(TerminalFormsTest, TellsTheFormOnlyOfAnotherChoice) {
+    int changes = 0;
+    form.fields[0].changed = [&changes] { ++changes; };
+    settings.answers = "AUD\n\n";
+    show();
+    EXPECT_EQ(changes, 0);
+    settings.answers = "EUR\n\n";
+    show();
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(TerminalFormsTest, OptionsAreAskedLikeAListAndLabelsAreShown) {
+    form.fields[0].kind = FieldKind::options;
+    form.fields[1] = {.kind = FieldKind::label, .name = "lblHinweis", .label = "Nur ein Hinweis"};
+    settings.answers = "eur";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(output.str(), "Protokollausgabe\nvon [AUD]: eur\nNur ein Hinweis\n");
+}
+
+TEST_F(TerminalFormsTest, AButtonThatIsOffIsNotPressedAndThePersonIsAskedAgain) {
+    form.ok.enabled = false;
+    form.fields[0].changed = [this] { form.ok.enabled = form.fields[0].selected_text() == "EUR"; };
+    settings.answers = "\n\nEUR\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(accepted, 1);
 }
 
 }  // namespace

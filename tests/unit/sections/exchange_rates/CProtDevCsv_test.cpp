@@ -259,7 +259,7 @@ TEST_F(RateExport, EndsSilentlyWhenThePersonCancels) {
     host.written.cancel = true;
     run();
     EXPECT_TRUE(host.written.files.empty());
-    host.person = [](Form&, FormEvents& events) { events.cmdCancel_Click(); };
+    host.person = [](Form& form) { form.cancel.click(); };
     oDBU.statements.clear();
     run();
     EXPECT_EQ(oDBU.statements.size(), 1U) << "nothing but the currencies was read";
@@ -357,9 +357,9 @@ TEST(RateExportWithoutEntryClassDeathTest, HasEmptyEventNames) {
 }
 
 TEST_F(RateExport, ARangeWithoutCurrenciesHasNoData) {
-    host.person = [](Form& form, FormEvents& events) {
+    host.person = [](Form& form) {
         form.fields[1].selected = 0;
-        events.cmdOK_Click();
+        form.ok.click();
     };
     log({log_row(1, "two")});
     run();

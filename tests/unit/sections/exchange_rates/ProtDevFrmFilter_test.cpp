@@ -37,10 +37,10 @@ protected:
 };
 
 TEST_F(RateFilter, OffersAllCurrenciesFromTheLowestToTheHighestCode) {
-    host.person = [](Form& form, FormEvents& events) {
+    host.person = [](Form& form) {
         EXPECT_EQ(form.caption, "Protokollausgabe Devisenkurse");
         ASSERT_EQ(form.fields.size(), 2U);
-        for (const ListField& field : form.fields) {
+        for (const Field& field : form.fields) {
             ASSERT_EQ(field.entries.size(), 3U);
             EXPECT_EQ(field.entries[0].key, 4);
             EXPECT_EQ(field.entries[1].text, "EUR");
@@ -49,8 +49,8 @@ TEST_F(RateFilter, OffersAllCurrenciesFromTheLowestToTheHighestCode) {
         EXPECT_EQ(form.fields[0].selected_text(), "AUD");
         EXPECT_EQ(form.fields[1].selected_text(), "USD");
         EXPECT_TRUE(form.key_preview);
-        EXPECT_FALSE(form.cancel_causes_validation);
-        events.cmdOK_Click();
+        EXPECT_FALSE(form.cancel.causes_validation);
+        form.ok.click();
     };
     EXPECT_TRUE(ask());
     EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'AUD' AND 'USD'");
@@ -67,28 +67,28 @@ TEST_F(RateFilter, TellsEntriesApartByAnyKey) {
 }
 
 TEST_F(RateFilter, TakesWhatThePersonChose) {
-    host.person = [](Form& form, FormEvents& events) {
+    host.person = [](Form& form) {
         choose(form, 1, 2);
-        events.cmdOK_Click();
+        form.ok.click();
     };
     EXPECT_TRUE(ask());
     EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'EUR' AND 'USD'");
 }
 
 TEST_F(RateFilter, IsFalseWhenThePersonCancels) {
-    host.person = [](Form&, FormEvents& events) { events.cmdCancel_Click(); };
+    host.person = [](Form& form) { form.cancel.click(); };
     EXPECT_FALSE(ask());
     EXPECT_EQ(where, "alt");
 }
 
 TEST_F(RateFilter, RefusesARangeThatRunsBackwardsAndStaysOpen) {
-    host.person = [](Form& form, FormEvents& events) {
+    host.person = [](Form& form) {
         choose(form, 2, 1);
-        events.cmdOK_Click();
+        form.ok.click();
         EXPECT_TRUE(form.shown);
         EXPECT_EQ(form.focus, 1U);
         choose(form, 1, 2);
-        events.cmdOK_Click();
+        form.ok.click();
         EXPECT_FALSE(form.shown);
     };
     EXPECT_TRUE(ask());
@@ -101,18 +101,18 @@ TEST_F(RateFilter, RefusesARangeThatRunsBackwardsAndStaysOpen) {
 
 TEST_F(RateFilter, ComparesTheRangeWithLetterCase) {
     oDBU.answers[currencies] = {{std::int64_t{1}, std::string("aud")}, {std::int64_t{2}, std::string("EUR")}};
-    host.person = [](Form& form, FormEvents& events) {
-        events.cmdOK_Click();
+    host.person = [](Form& form) {
+        form.ok.click();
         EXPECT_TRUE(form.shown) << "EUR is smaller than aud";
-        events.cmdCancel_Click();
+        form.cancel.click();
     };
     EXPECT_FALSE(ask());
 }
 
 TEST_F(RateFilter, AcceptsEqualCodes) {
-    host.person = [](Form& form, FormEvents& events) {
+    host.person = [](Form& form) {
         choose(form, 1, 1);
-        events.cmdOK_Click();
+        form.ok.click();
     };
     EXPECT_TRUE(ask());
     EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'EUR' AND 'EUR'");
@@ -158,13 +158,13 @@ TEST_F(RateFilter, ATextWithoutAutostartIsClearedAndTheFormShown) {
 
 TEST_F(RateFilter, WithoutCurrenciesBothFieldsSayFehltAndAreOff) {
     oDBU.answers.clear();
-    host.person = [](Form& form, FormEvents& events) {
-        for (const ListField& field : form.fields) {
+    host.person = [](Form& form) {
+        for (const Field& field : form.fields) {
             ASSERT_EQ(field.entries.size(), 1U);
             EXPECT_EQ(field.selected_text(), "Fehlt!");
             EXPECT_FALSE(field.enabled);
         }
-        events.cmdOK_Click();
+        form.ok.click();
     };
     EXPECT_TRUE(ask());
     EXPECT_EQ(where, " WHERE dcISOKennz BETWEEN 'Fehlt!' AND 'Fehlt!'");
@@ -173,13 +173,13 @@ TEST_F(RateFilter, WithoutCurrenciesBothFieldsSayFehltAndAreOff) {
 }
 
 TEST_F(RateFilter, ShowsHelpOnF1Alone) {
-    host.person = [](Form&, FormEvents& events) {
-        events.Form_KeyDown({.code = key_f1, .shift = true});
-        events.Form_KeyDown({.code = key_f1, .control = true});
-        events.Form_KeyDown({.code = key_f1, .alt = true});
-        events.Form_KeyDown({.code = 113});
-        events.Form_KeyDown({.code = key_f1});
-        events.cmdOK_Click();
+    host.person = [](Form& form) {
+        form.key_down({.code = key_f1, .shift = true});
+        form.key_down({.code = key_f1, .control = true});
+        form.key_down({.code = key_f1, .alt = true});
+        form.key_down({.code = 113});
+        form.key_down({.code = key_f1});
+        form.ok.click();
     };
     ask();
     EXPECT_EQ(host.help_topics, std::vector<std::string>{
