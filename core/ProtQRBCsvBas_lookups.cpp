@@ -82,6 +82,7 @@ std::string PROT_gsGetValueByDate(std::string_view sTabelle, std::string_view sS
 
     // Not changed since: the live value, or, when the row is gone, the one its deletion recorded.
     const RowSet live = oDBU.query_array(live_search(sTabelle, sSpalte, sSchluesselSpalte, sSchluessel));
+    live.require_columns(1);
     if (!live.empty()) return remember(to_text(live.at(0, 0).value()), true);
     const std::string deletion =
         to_text(oDBU.query_value(log_search(sTabelle, sSchluessel, " AND dlEvent = 2 ", pattern)));

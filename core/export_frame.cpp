@@ -1,6 +1,8 @@
 #include "core/export_frame.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 
 #include "core/ProtQRBCsvBas.h"
 #include "core/change_document.h"
@@ -29,6 +31,12 @@ public:
 private:
     Database& oDBU_;
 };
+
+/// The host's number for row `index`; the largest there is for rows beyond it.
+std::int32_t row_number(const RowSet& rows, std::size_t index) {
+    constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::min(rows.first_row() + static_cast<std::int64_t>(index), largest));
+}
 
 }  // namespace
 
@@ -59,6 +67,7 @@ ExportFrame::ExportFrame(Run& run, ProgressParent* poParent, std::size_t cells)
 bool ExportFrame::write_file(CsvWriter& writer, bool ask_user, std::string& file_name,
                              std::string_view filter_text, std::span<const std::string_view> leading_captions,
                              const RowSet& rows, SectionLines& section) {
+    rows.require_columns(log_columns);
     ScreenPointer& pointer = run_.environment.screen_pointer;
     pointer.set(Pointer::standard);
     if (!writer.open(file_name, ask_user)) return false;
@@ -88,10 +97,9 @@ void ExportFrame::write_head(CsvWriter& writer, std::string_view filter_text,
 void ExportFrame::write_records(CsvWriter& writer, const RowSet& rows, SectionLines& section) {
     const Lookups lookups(run_.oDBU);
     ChangeDocument document(run_.environment);
-    const auto count = static_cast<std::int32_t>(rows.rows());
-    for (std::int32_t i = 0; i < count; ++i) {
-        if (poParent_) poParent_->gSetFortschritt(i, count);
-        const LogRow row(rows, static_cast<std::size_t>(i));
+    for (std::size_t i = 0; i < rows.rows(); ++i) {
+        if (poParent_) poParent_->gSetFortschritt(row_number(rows, i), row_number(rows, rows.rows()));
+        const LogRow row(rows, i);
         line_.clear();
         if (!section.describe_record(row, line_)) continue;
         fill_common_cells(row);

@@ -62,7 +62,7 @@ public:
 
     /// Opens the file, writes the filter text alone in a line, the header, and the lines of all records, and
     /// closes it. ask_user: the person may change file_name. False when the person cancels; then nothing is
-    /// written.
+    /// written. Rows that lack a column of the log: automation error 9, before a file is opened.
     bool write_file(CsvWriter& writer, bool ask_user, std::string& file_name, std::string_view filter_text,
                     std::span<const std::string_view> leading_captions, const RowSet& rows,
                     SectionLines& section);

@@ -29,6 +29,8 @@ enum class LogColumn : std::size_t {
     dlSuchId4,
 };
 
+inline constexpr std::size_t log_columns = static_cast<std::size_t>(LogColumn::dlSuchId4) + 1;
+
 /// CLng(Val(cell)): the number of a cell whatever its type; Null is 0. Outside 32 bits: automation error 6.
 std::int32_t number_of(const Cell& cell);
 

@@ -12,7 +12,9 @@ public:
     /// The work begins.
     virtual void gRefresh() = 0;
 
-    /// Record lZeile (from 0) of lLetzte records is about to be processed.
+    /// The record in row lZeile is about to be processed; lLetzte is the number behind that of the last row.
+    /// Rows count from the first row of the query's result, which is 0 unless the host numbers its arrays
+    /// otherwise.
     virtual void gSetFortschritt(std::int32_t lZeile, std::int32_t lLetzte) = 0;
 };
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/automation/error.h"
+
 namespace prot {
 
 namespace {
@@ -35,6 +37,14 @@ Value Cell::value() const {
             break;
     }
     return {};
+}
+
+void RowSet::require_columns(std::size_t count) const {
+    if (empty() || columns_ >= count) return;
+    const char* const noun = columns_ == 1 ? " Spalte statt " : " Spalten statt ";
+    throw AutomationError(
+        ErrorNumber::index_out_of_range,
+        "Das Abfrageergebnis hat " + std::to_string(columns_) + noun + std::to_string(count) + ".");
 }
 
 void RowSet::add_row() {

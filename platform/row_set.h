@@ -55,6 +55,16 @@ public:
     bool empty() const { return rows_ == 0; }
     std::size_t columns() const { return columns_; }
     std::size_t rows() const { return rows_; }
+
+    /// The number that the host's own array gave its first row; only what is told to the host counts from it.
+    void set_first_row(std::int32_t number) { first_row_ = number; }
+    std::int32_t first_row() const { return first_row_; }
+
+    /// Whoever reads columns by index asks for them first. Rows with fewer than `count` columns: automation
+    /// error 9 (index out of range). Without a row there is nothing to read, and all is well.
+    void require_columns(std::size_t count) const;
+
+    /// A column and a row that exist.
     const Cell& at(std::size_t column, std::size_t row) const {
         return blocks_[row / rows_per_block][(row % rows_per_block) * columns_ + column];
     }
@@ -85,6 +95,7 @@ private:
 
     std::size_t columns_ = 0;
     std::size_t rows_ = 0;
+    std::int32_t first_row_ = 0;
     std::size_t memory_ = 0;
     std::vector<std::unique_ptr<Cell[]>> blocks_;
     Cell* last_row_ = nullptr;

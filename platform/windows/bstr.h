@@ -1,5 +1,6 @@
 #pragma once
 
+#include <oaidl.h>
 #include <oleauto.h>
 
 #include <string>
@@ -12,7 +13,7 @@ namespace prot {
 class Bstr {
 public:
     Bstr() = default;
-    explicit Bstr(std::string_view utf8);  ///< converts and copies; fails with std::bad_alloc
+    explicit Bstr(std::string_view utf8);   ///< converts and copies; fails with std::bad_alloc
     static Bstr adopt(BSTR raw) noexcept {  ///< takes over
         Bstr result;
         result.raw_ = raw;
@@ -26,9 +27,9 @@ public:
     }
     ~Bstr() { SysFreeString(raw_); }
 
-    BSTR borrow() const noexcept { return raw_; }                          ///< [in] arguments; still ours
-    BSTR release() noexcept { return std::exchange(raw_, nullptr); }       ///< [out, retval]; now the caller's
-    BSTR* receive() noexcept {                                             ///< frees the old value, is filled by a call
+    BSTR borrow() const noexcept { return raw_; }                     ///< [in] arguments; still ours
+    BSTR release() noexcept { return std::exchange(raw_, nullptr); }  ///< [out, retval]; now the caller's
+    BSTR* receive() noexcept {  ///< frees the old value, is filled by a call
         SysFreeString(std::exchange(raw_, nullptr));
         return &raw_;
     }

@@ -7,8 +7,8 @@
 
 #include "platform/automation/error.h"
 
-/// Errors as they cross the border: AutomationError here, HRESULT with error information there. Number, source
-/// and description cross unchanged in both directions.
+/// Errors as they cross the border: AutomationError here, HRESULT with error information there. Number,
+/// source and description cross unchanged in both directions.
 namespace prot {
 
 /// Object does not support this property or method.

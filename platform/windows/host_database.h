@@ -19,10 +19,10 @@ public:
     virtual std::optional<std::array<std::string, 10>> connection_info(int code) = 0;
 };
 
-/// The database object that a host handed over: by interface IProtDatabase when it has that (`iid`; members in
-/// the order QueryValue, QueryArray, Execute, DateLiteral, LikeWildcard, ConnectionInfo), by name otherwise. Null,
-/// or an object without the members: automation error 91 or 438, which names what is missing. Missing members are
-/// found before any statement is sent.
+/// The database object that a host handed over: by interface IProtDatabase when it has that (`iid`; members
+/// in the order QueryValue, QueryArray, Execute, DateLiteral, LikeWildcard, ConnectionInfo), by name
+/// otherwise. Null, or an object without the members: automation error 91 or 438, which names what is
+/// missing. Missing members are found before any statement is sent.
 std::unique_ptr<HostDatabase> host_database(IDispatch* object);
 
 }  // namespace prot

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <oaidl.h>
 #include <oleauto.h>
 
 #include <utility>

@@ -12,6 +12,27 @@ bool is_surrogate(char32_t code_point) { return code_point >= 0xD800 && code_poi
 bool is_high(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool is_low(wchar_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
+char32_t code_point_of(wchar_t high, wchar_t low) {
+    return 0x10000 + ((static_cast<char32_t>(high) - 0xD800) << 10) + (static_cast<char32_t>(low) - 0xDC00);
+}
+
+/// Writes `c`, which is not ASCII, and returns the end.
+char* put(char* end, char32_t c) {
+    const auto follow = [&](int shift) { *end++ = static_cast<char>(0x80 | (c >> shift & 0x3F)); };
+    if (c < 0x800) {
+        *end++ = static_cast<char>(0xC0 | c >> 6);
+    } else if (c < 0x10000) {
+        *end++ = static_cast<char>(0xE0 | c >> 12);
+        follow(6);
+    } else {
+        *end++ = static_cast<char>(0xF0 | c >> 18);
+        follow(12);
+        follow(6);
+    }
+    follow(0);
+    return end;
+}
+
 }  // namespace
 
 std::wstring to_wide(std::string_view utf8) {
@@ -29,19 +50,22 @@ std::wstring to_wide(std::string_view utf8) {
     return wide;
 }
 
-std::string to_utf8(std::wstring_view utf16) {
-    std::u32string code_points;
-    code_points.reserve(utf16.size());
+std::string to_utf8(std::wstring_view utf16) { return std::string(Utf8Converter().convert(utf16)); }
+
+std::string_view Utf8Converter::convert(std::wstring_view utf16) {
+    // Three bytes hold any unit; a pair of units needs four.
+    if (buffer_.size() / 3 < utf16.size()) buffer_.resize(utf16.size() * 3);
+    char* end = buffer_.data();
     for (std::size_t i = 0; i < utf16.size(); ++i) {
         const wchar_t unit = utf16[i];
-        if (is_high(unit) && i + 1 < utf16.size() && is_low(utf16[i + 1])) {
-            code_points.push_back(0x10000 + ((static_cast<char32_t>(unit) - 0xD800) << 10) +
-                                  (static_cast<char32_t>(utf16[++i]) - 0xDC00));
-        } else {
-            code_points.push_back(is_high(unit) || is_low(unit) ? replacement : static_cast<char32_t>(unit));
-        }
+        if (unit < 0x80)
+            *end++ = static_cast<char>(unit);
+        else if (is_high(unit) && i + 1 < utf16.size() && is_low(utf16[i + 1]))
+            end = put(end, code_point_of(unit, utf16[++i]));
+        else
+            end = put(end, is_high(unit) || is_low(unit) ? replacement : static_cast<char32_t>(unit));
     }
-    return encode_utf8(code_points);
+    return {buffer_.data(), static_cast<std::size_t>(end - buffer_.data())};
 }
 
 }  // namespace prot

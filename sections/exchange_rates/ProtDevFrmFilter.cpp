@@ -84,6 +84,7 @@ bool ProtDevFrmFilter::mIsoWaehrungLesen() try {
     const RowSet rows =
         oDBU_ ? oDBU_->query_array("SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz")
               : RowSet();
+    rows.require_columns(2);
     for (Field& field : form_.fields) {
         for (std::size_t row = 0; row < rows.rows(); ++row)
             field.add(key_of(rows.at(0, row)), to_text(rows.at(1, row).value()));

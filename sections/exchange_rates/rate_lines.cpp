@@ -48,6 +48,7 @@ const RateLines::Currency& RateLines::mGetWaehrInfos(std::int32_t lId) try {
         "SELECT dcISOKennz, dcBezeichnung FROM tDevisenWaehr"
         " WHERE idDevisenWaehr = " +
         std::to_string(lId));
+    rows.require_columns(2);
     Currency currency{std::string(no_longer_there), {}};
     if (!rows.empty()) currency = {to_text(rows.at(0, 0).value()), to_text(rows.at(1, 0).value())};
     return currencies_.remember(lId, std::move(currency));
@@ -59,6 +60,7 @@ const std::string& RateLines::mGetKursGueltigAb(std::int32_t lId) try {
     if (const std::string* const known = valid_from_.find(lId)) return *known;
     const RowSet rows = run_.oDBU.query_array("SELECT ddGueltigAb FROM TDEVISENKURS WHERE idDevisenKurs = " +
                                               std::to_string(lId));
+    rows.require_columns(1);
     std::string text(rows.empty() ? std::string(no_longer_there) : to_text(rows.at(0, 0).value()));
     return valid_from_.remember(lId, std::move(text));
 } catch (...) {

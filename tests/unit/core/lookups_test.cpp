@@ -90,6 +90,12 @@ TEST_F(ValueByDate, IsUndefinedWhenAQueryFails) {
     EXPECT_EQ(value(), "_UNDEFINIERT_");
 }
 
+TEST_F(ValueByDate, IsUndefinedWhenTheLiveRowHasNoColumn) {
+    oDBU.answers[live] = {{}};
+    EXPECT_EQ(value(), "_UNDEFINIERT_");
+    EXPECT_EQ(host.failed_lookups, std::vector<std::string>{"Das Abfrageergebnis hat 0 Spalten statt 1."});
+}
+
 TEST_F(ValueByDate, IsUndefinedWhenTheXmlReaderIsMissing) {
     oDBU.answers[later_change] = {{std::string("doc")}};
     host.xml_failure = AutomationError(429, "COM", "fehlt");

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/automation/error.h"
+
 namespace prot {
 namespace {
 
@@ -25,6 +27,41 @@ TEST(RowSet, HoldsValuesByColumnAndRow) {
     EXPECT_EQ(rows.at(0, 1).value(), Value(1.5));
     EXPECT_TRUE(rows.at(1, 1).is_null());
     EXPECT_EQ(rows.at(2, 1).value(), Value(Date{46000.25}));
+}
+
+TEST(RowSet, KeepsTheHostsNumberOfItsFirstRow) {
+    RowSet rows(1);
+    EXPECT_EQ(rows.first_row(), 0);
+    rows.set_first_row(-3);
+    rows.add_row();
+    const RowSet moved = std::move(rows);
+    EXPECT_EQ(moved.first_row(), -3);
+}
+
+TEST(RowSet, SaysWhichColumnsAreMissing) {
+    const struct {
+        std::size_t columns, required;
+        const char* description;
+        const char* why;
+    } cases[] = {
+        {2, 14, "Das Abfrageergebnis hat 2 Spalten statt 14.", "a host's array may be of any size"},
+        {1, 2, "Das Abfrageergebnis hat 1 Spalte statt 2.", "one is singular"},
+        {2, 2, nullptr, "enough"},
+        {3, 2, nullptr, "more than enough"},
+    };
+    for (const auto& [columns, required, description, why] : cases) {
+        SCOPED_TRACE(why);
+        RowSet rows(columns);
+        EXPECT_NO_THROW(rows.require_columns(required)) << "without a row nothing is read";
+        rows.add_row();
+        try {
+            rows.require_columns(required);
+            EXPECT_EQ(description, nullptr);
+        } catch (const AutomationError& error) {
+            EXPECT_EQ(error.number(), static_cast<std::int32_t>(ErrorNumber::index_out_of_range));
+            EXPECT_STREQ(error.what(), description ? description : "");
+        }
+    }
 }
 
 TEST(RowSet, KeepsTextsOfAllSizesWhileItGrowsAndMoves) {

@@ -333,6 +333,31 @@ TEST_F(RateExport, AKeyOutside32BitsIsAnOverflow) {
     EXPECT_EQ(error_of_run().number(), static_cast<std::int32_t>(ErrorNumber::overflow));
 }
 
+TEST_F(RateExport, AResultWithTooFewColumnsIsAnErrorAndNeverReadBeyondItsEnd) {
+    const struct {
+        const char* statement;
+        Row row;
+        const char* description;
+    } cases[] = {
+        {main_query,
+         {std::int64_t{1}, std::string("TDEVISENKURS")},
+         "Das Abfrageergebnis hat 2 Spalten statt 14."},
+        {"SELECT dcISOKennz, dcBezeichnung FROM tDevisenWaehr WHERE idDevisenWaehr = 9",
+         {std::string("USD")},
+         "Das Abfrageergebnis hat 1 Spalte statt 2."},
+        {"SELECT ddGueltigAb FROM TDEVISENKURS WHERE idDevisenKurs = 71",
+         {},
+         "Das Abfrageergebnis hat 0 Spalten statt 1."},
+    };
+    for (const auto& [statement, row, description] : cases) {
+        log({log_row(1, "two")});
+        const auto answers = oDBU.answers;
+        oDBU.answers[statement] = {row};
+        EXPECT_EQ(error_of_run().description(), description) << statement;
+        oDBU.answers = answers;
+    }
+}
+
 /// The cell "Aktion" that a host gets which creates the exporter directly.
 std::string event_without_entry_class() {
     FakeHost host;

@@ -186,6 +186,13 @@ TEST_F(RateFilter, ShowsHelpOnF1Alone) {
                                     "mivra_allgemein.xml#HID_MIVRA_ALLGEMEIN_PROTOKOLLIERUNG_DEVISENKURSE"});
 }
 
+TEST_F(RateFilter, CurrenciesWithoutCodeAreAnError) {
+    oDBU.answers[currencies] = {{std::int64_t{1}}};
+    EXPECT_FALSE(ask("/autostart"));
+    ASSERT_EQ(host.errors.size(), 1U);
+    EXPECT_EQ(host.errors[0].description, "Das Abfrageergebnis hat 1 Spalte statt 2.");
+}
+
 TEST_F(RateFilter, ShowsAnErrorAndIsFalse) {
     oDBU.failures.emplace(currencies, server_error("Tabelle fehlt"));
     EXPECT_FALSE(ask("/autostart"));

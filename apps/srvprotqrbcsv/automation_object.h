@@ -1,0 +1,75 @@
+#pragma once
+
+#include <oaidl.h>
+
+#include <atomic>
+
+#include "apps/srvprotqrbcsv/module.h"
+#include "apps/srvprotqrbcsv/type_information.h"
+
+namespace prot {
+
+/// An automation object with the one dual interface `Interface` of the type library: identity, reference
+/// counting, late binding and error information. The members are the derived class's; each reports its errors
+/// through report_errors.
+template <class Interface>
+class AutomationObject : public Interface, public ISupportErrorInfo {
+public:
+    AutomationObject() = default;
+    AutomationObject(const AutomationObject&) = delete;
+    AutomationObject& operator=(const AutomationObject&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override {
+        if (!object) return E_POINTER;
+        *object = nullptr;
+        if (iid == IID_IUnknown || iid == IID_IDispatch || iid == __uuidof(Interface))
+            *object = static_cast<Interface*>(this);
+        else if (iid == IID_ISupportErrorInfo)
+            *object = static_cast<ISupportErrorInfo*>(this);
+        else
+            return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return ++references_; }
+    ULONG STDMETHODCALLTYPE Release() noexcept override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
+        if (!count) return E_POINTER;
+        *count = 1;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override {
+        if (!info) return E_POINTER;
+        *info = nullptr;
+        return index == 0 ? type_information(__uuidof(Interface), info) : DISP_E_BADINDEX;
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID,
+                                            DISPID* ids) noexcept override {
+        return iid == IID_NULL ? ids_of_names(__uuidof(Interface), names, count, ids)
+                               : DISP_E_UNKNOWNINTERFACE;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* arguments,
+                                     VARIANT* result, EXCEPINFO* exception, UINT* bad) noexcept override {
+        if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
+        return invoke(__uuidof(Interface), static_cast<Interface*>(this),
+                      {member, flags, arguments, result, exception, bad});
+    }
+
+    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override {
+        return iid == __uuidof(Interface) ? S_OK : S_FALSE;
+    }
+
+protected:
+    virtual ~AutomationObject() = default;
+
+private:
+    std::atomic<ULONG> references_ = 0;
+    module::Reference module_;
+};
+
+}  // namespace prot

@@ -1,0 +1,97 @@
+#include "apps/srvprotqrbcsv/server_host.h"
+
+#include <windows.h>
+
+#include "platform/portable/pugi_xml_select.h"
+#include "platform/windows/suite_components.h"
+#include "platform/windows/system_names.h"
+#include "platform/windows/wide_text.h"
+
+namespace prot {
+
+namespace {
+
+constexpr std::string_view no_form =
+    "Der Auswahldialog kann hier nicht gezeigt werden: Der Automatisierungsserver läuft nur mit einem "
+    "Parametertext, der für diesen Bereich vollständig ist (psCommandline mit \"/autostart\").";
+
+/// The folder of batch files; empty: the current one.
+constexpr std::string_view output_folder_variable = "PROTCSV_AUSGABE";
+
+/// For whoever watches the process with a debugger's eyes; nobody else is there to be told.
+void trace(const std::string& text) { OutputDebugStringW(to_wide("srvProtQRBCsv: " + text + "\n").c_str()); }
+
+}  // namespace
+
+ServerHost::ServerHost()
+    : message_boxes_([this](AutomationError error) { refuse(std::move(error)); }),
+      environment_{*this, message_boxes_, *this, pointer_, *this, clock_, *this} {}
+
+void ServerHost::begin(HostDatabase& database) {
+    database_ = &database;
+    refusal_.reset();
+}
+
+void ServerHost::end() {
+    abandon();
+    if (refusal_) throw AutomationError(*std::exchange(refusal_, std::nullopt));
+}
+
+void ServerHost::abandon() noexcept {
+    database_ = nullptr;
+    pointer_.restore();
+}
+
+std::unique_ptr<CsvWriter> ServerHost::create_csv_writer() {
+    CsvFileOptions options;
+    options.folder = text_path(environment_text(output_folder_variable));
+    return std::make_unique<CsvFileWriter>(std::move(options), static_cast<CsvFileHost&>(*this));
+}
+
+std::unique_ptr<XmlSelect> ServerHost::create_xml_select() { return create_pugi_xml_select(); }
+std::unique_ptr<ErrorDisplay> ServerHost::create_error_display() { return suite_error_display(); }
+std::unique_ptr<HelpDisplay> ServerHost::create_help_display() { return suite_help_display(); }
+
+std::optional<std::string> ServerHost::ask_file_name(const std::string& /*suggestion*/) {
+    refuse({ErrorNumber::internal, std::string(no_form)});
+    return std::nullopt;
+}
+
+void ServerHost::unfinished_file(const std::string& /*path*/) {}
+void ServerHost::file_finished(const std::string& path) { trace("geschrieben: " + path); }
+void ServerHost::characters_replaced(const std::string& path) { trace("Zeichen ersetzt: " + path); }
+void ServerHost::show_file(const std::string& /*path*/) {}
+
+std::array<std::string, 10> ServerHost::fields(int code) {
+    std::optional<std::array<std::string, 10>> answer;
+    if (database_) answer = database_->connection_info(code);
+    if (answer) return *answer;
+    std::array<std::string, 10> texts;
+    texts.back() = computer_name();
+    return texts;
+}
+
+void ServerHost::standard_setup(Form& /*form*/, int /*code*/) {}
+
+void ServerHost::show_modal(Form& form) {
+    form.shown = false;
+    refuse({ErrorNumber::internal, std::string(no_form)});
+}
+
+void ServerHost::field_without_caption(std::string_view table, std::string_view column) {
+    trace("ohne Beschriftung: " + std::string(table) + "." + std::string(column));
+}
+
+void ServerHost::lookup_failed(std::string_view error) {
+    trace("Nachschlagen misslungen: " + std::string(error));
+}
+
+void ServerHost::unreadable_document(std::int64_t log_id) {
+    trace("Protokollsatz nicht lesbar: " + std::to_string(log_id));
+}
+
+void ServerHost::refuse(AutomationError error) {
+    if (!refusal_) refusal_ = std::move(error);
+}
+
+}  // namespace prot
