@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "apps/protcsv/full_screen.h"
 #include "apps/protcsv/notices_report.h"
 #include "apps/protcsv/options.h"
 #include "platform/environment.h"
@@ -16,7 +17,8 @@ namespace prot {
 /// what the program tells at the end.
 class Host : public Components, public CsvFileHost {
 public:
-    Host(const Options& options, Terminal& terminal);
+    /// `full_screen`: forms take the whole terminal where it can show them.
+    Host(const Options& options, Terminal& terminal, bool full_screen);
 
     Environment environment();
 
@@ -50,6 +52,7 @@ private:
     Terminal& terminal_;
     TerminalMessageBoxes message_boxes_;
     TerminalForms forms_;
+    std::unique_ptr<FullScreen> full_screen_;  // null: forms are questions
     NoPointer pointer_;
     SystemClock clock_;
     std::unique_ptr<ConnectionInformation> connection_information_;

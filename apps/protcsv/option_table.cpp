@@ -103,6 +103,8 @@ constexpr OptionRow option_rows[] = {
     {"--answers", "DATEI", any_log, 0, "Ablauf",
      "Antworten auf die Fragen, eine je Zeile; - liest\ndie Standardeingabe",
      [](Options& o, const std::string& value, SectionTable) { o.answers = not_empty(value); }},
+    {"--plain", "", any_log, 0, "Ablauf", "Fragen Zeile für Zeile statt als Bildschirmformular",
+     [](Options& o, const std::string&, SectionTable) { o.plain = true; }},
     {"--sql-log", "DATEI", any_log, 0, "Ablauf", "schreibt jede SQL-Anweisung als JSON-Zeile mit",
      [](Options& o, const std::string& value, SectionTable) { o.statement_log = not_empty(value); }},
     {"--quiet", "", any_log, 0, "Ablauf", "kein Fortschrittsbalken, keine Hinweise",

@@ -60,8 +60,10 @@ int run_program(std::span<const std::string> arguments, const Console& console, 
 
 int run_program(int argument_count, char** arguments) {
     handle_interruptions();
-    const Console console{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) != 0,
-                          isatty(STDERR_FILENO) != 0};
+    const bool in_is_terminal = isatty(STDIN_FILENO) != 0;
+    const bool err_is_terminal = isatty(STDERR_FILENO) != 0;
+    const Console console{std::cin,       std::cout,       std::cerr,
+                          in_is_terminal, err_is_terminal, in_is_terminal && err_is_terminal};
     const std::vector<std::string> texts(arguments + (argument_count > 0 ? 1 : 0),
                                          arguments + argument_count);
     return run_program(texts, console, section_table());

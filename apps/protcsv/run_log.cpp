@@ -61,6 +61,11 @@ TerminalSettings terminal_settings(const Options& options, const Console& consol
     return settings;
 }
 
+/// Prepared answers are given to questions line by line.
+bool full_screen(const Options& options, const Console& console) {
+    return console.full_screen && !options.plain && !options.answers;
+}
+
 /// The log is about to be created anew, which must not cost the database.
 void require_two_files(const Options& options) {
     std::error_code ignored;
@@ -88,7 +93,7 @@ public:
           console_(console),
           sections_(sections),
           terminal_(terminal_settings(options, console)),
-          host_(options, terminal_),
+          host_(options, terminal_, full_screen(options, console)),
           environment_(host_.environment()) {}
 
     int run() {
