@@ -91,12 +91,12 @@ void expect_nothing(HKEY root) {
         EXPECT_FALSE(registry_key_exists(root, key)) << to_utf8(key);
 }
 
-/// What belongs to others: all of Software\Classes while the server is not registered, but for the keys that
-/// hold everyone's classes, interfaces and type libraries: a user's first registration makes them, and they
-/// stay.
+/// What belongs to others: all of Software\Classes while the server is not registered, but for that key and
+/// those that hold everyone's classes, interfaces and type libraries: a user's first registration makes them,
+/// and they stay.
 std::vector<RegistryEntry> all_classes(HKEY root) {
     const std::vector<RegistryEntry> shared = {
-        {L"CLSID", {}, {}}, {L"Interface", {}, {}}, {L"TypeLib", {}, {}}};
+        {L"", {}, {}}, {L"CLSID", {}, {}}, {L"Interface", {}, {}}, {L"TypeLib", {}, {}}};
     std::vector<RegistryEntry> entries = registry_tree(root, L"");
     std::erase_if(entries, [&](const RegistryEntry& entry) {
         return std::ranges::find(shared, entry) != shared.end();

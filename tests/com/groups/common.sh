@@ -1,6 +1,6 @@
 # What the groups of Windows tests share. Each group is a program of its own that scripts/test-windows runs at the
-# repository's root, after the build, with the components registered; $PROT_GROUP_FOLDER is empty and its own. A group
-# calls `check` for each thing it claims and ends with `finish`. Exit status 77 and a line of reason: nothing was tested.
+# repository's root, after the build; $PROT_GROUP_FOLDER is empty and its own. A group calls `check` for each thing it
+# claims and ends with `finish`. Exit status 77 and a line of reason: nothing was tested.
 
 checks=0
 failures=0
@@ -25,6 +25,7 @@ finish() {
 }
 
 skip() {
+    [ "$failures" -eq 0 ] || finish
     echo "$1"
     exit 77
 }
@@ -91,9 +92,12 @@ exports() {
 
 no_file() { [ -z "$(ls -A "$files")" ] || { ls "$files"; return 1; }; }
 
-# The registration of the tests' own component, whose DLL is named.
-write_registration() {
-    local dll
-    dll=$(z_path "$1")
-    sed "s|@DLL@|${dll//\\/\\\\\\\\}|" tests/com/component/prottest.reg.in
+# register_components BITS [FOLDER]: registers the server and the tests' own component, by the tools in the system's
+# FOLDER.
+register_components() {
+    local dll registration=$PROT_GROUP_FOLDER/prottest.reg folder=${2:-'C:\windows\system32'}
+    dll=$(z_path "out/build/win$1/tests/com/prottest.dll")
+    sed "s|@DLL@|${dll//\\/\\\\\\\\}|" tests/com/component/prottest.reg.in >"$registration"
+    scripts/wine "$folder\\reg.exe" import "$(z_path "$registration")" &&
+        scripts/wine "$folder\\regsvr32.exe" /s "$(z_path "out/win$1/srvprotqrbcsv.dll")"
 }
