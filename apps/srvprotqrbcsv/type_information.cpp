@@ -156,52 +156,59 @@ bool puts_nothing(ITypeInfo& type, const Invocation& call) {
     });
 }
 
-HRESULT checked_invoke(REFIID iid, IDispatch* object, const Invocation& call) {
-    ComPtr<ITypeInfo> type;
-    HRESULT result = type_information(iid, type.receive());
-    if (FAILED(result)) return result;
+HRESULT checked_invoke(ITypeInfo& type, IDispatch* object, const Invocation& call) {
     VARIANT nothing;
     VariantInit(&nothing);
     nothing.vt = VT_DISPATCH;
     DISPPARAMS arguments = *call.arguments;
-    if (puts_nothing(*type.borrow(), call)) arguments.rgvarg = &nothing;
-    if (has_too_many_arguments(*type.borrow(), call))
-        return as_exception(*type.borrow(), call, *misuse_of(DISP_E_BADPARAMCOUNT), no_argument);
+    if (puts_nothing(type, call)) arguments.rgvarg = &nothing;
+    if (has_too_many_arguments(type, call))
+        return as_exception(type, call, *misuse_of(DISP_E_BADPARAMCOUNT), no_argument);
     UINT bad = no_argument;
     // An earlier error must not pass for one of this call.
     SetErrorInfo(0, nullptr);
     EXCEPINFO unwanted = {};
     EXCEPINFO* const exception = call.exception ? call.exception : &unwanted;
-    result = type->Invoke(object, call.member, call.flags, &arguments, call.result, exception, &bad);
+    const HRESULT result =
+        type.Invoke(object, call.member, call.flags, &arguments, call.result, exception, &bad);
     if (!call.exception && result == DISP_E_EXCEPTION) error_of_invoke(result, unwanted);
     const Misuse* misuse = misuse_of(result);
     if (!misuse) return result;
-    if (bad == no_argument) bad = unfit_argument(*type.borrow(), call);
+    if (bad == no_argument) bad = unfit_argument(type, call);
     if (call.bad_argument && bad != no_argument) *call.bad_argument = bad;
-    return as_exception(*type.borrow(), call, *misuse, bad);
+    return as_exception(type, call, *misuse, bad);
 }
 
 }  // namespace
 
-HRESULT type_information(REFIID iid, ITypeInfo** info) noexcept try {
+HRESULT TypeInformation::load() noexcept try {
+    if (type_) return S_OK;
     ComPtr<ITypeLib> library;
     const HRESULT result = LoadTypeLibEx(module::path().c_str(), REGKIND_NONE, library.receive());
-    return SUCCEEDED(result) ? library->GetTypeInfoOfGuid(iid, info) : result;
+    return SUCCEEDED(result) ? library->GetTypeInfoOfGuid(iid_, type_.receive()) : result;
 } catch (...) {
     return E_OUTOFMEMORY;
 }
 
-HRESULT ids_of_names(REFIID iid, LPOLESTR* names, UINT count, DISPID* ids) noexcept {
-    if (!names || !ids || std::find(names, names + count, nullptr) != names + count) return E_POINTER;
-    ComPtr<ITypeInfo> type;
-    const HRESULT result = type_information(iid, type.receive());
-    return SUCCEEDED(result) ? DispGetIDsOfNames(type.borrow(), names, count, ids) : result;
+HRESULT TypeInformation::get(ITypeInfo** info) noexcept {
+    const HRESULT result = load();
+    if (SUCCEEDED(result)) *info = ComPtr<ITypeInfo>(type_).release();
+    return result;
 }
 
-HRESULT invoke(REFIID iid, IDispatch* object, const Invocation& call) noexcept try {
+HRESULT TypeInformation::ids_of_names(LPOLESTR* names, UINT count, DISPID* ids) noexcept {
+    if (!names || !ids || std::find(names, names + count, nullptr) != names + count) return E_POINTER;
+    const HRESULT result = load();
+    return SUCCEEDED(result) ? DispGetIDsOfNames(type_.borrow(), names, count, ids) : result;
+}
+
+HRESULT TypeInformation::invoke(IDispatch* object, const Invocation& call) noexcept try {
     if (!call.arguments || (!call.arguments->rgvarg && call.arguments->cArgs > 0)) return E_INVALIDARG;
     if (!call.arguments->rgdispidNamedArgs && call.arguments->cNamedArgs > 0) return E_INVALIDARG;
-    return checked_invoke(iid, object, call);
+    const HRESULT result = load();
+    // The call may release the object, and this with it.
+    const ComPtr<ITypeInfo> type = type_;
+    return SUCCEEDED(result) ? checked_invoke(*type.borrow(), object, call) : result;
 } catch (...) {
     return E_OUTOFMEMORY;
 }
