@@ -1,26 +1,14 @@
 #include "apps/protcsv/host.h"
 
-#include <chrono>
-#include <ctime>
-
 #include "apps/protcsv/file_name_form.h"
 #include "apps/protcsv/interruption.h"
-#include "platform/portable/atomic_file.h"
+#include "platform/portable/paths.h"
 #include "platform/portable/pugi_xml_select.h"
 #include "platform/portable/sqlite_database.h"
 #include "platform/portable/terminal_error_display.h"
 #include "platform/portable/terminal_help_display.h"
 
 namespace prot {
-
-CivilTime Host::SystemClock::now() {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-    std::tm local{};
-    localtime_r(&seconds, &local);
-    // A leap second counts as the last ordinary one.
-    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
-            local.tm_hour,        local.tm_min,     local.tm_sec > 59 ? 59 : local.tm_sec};
-}
 
 Host::Host(const Options& options, Terminal& terminal, bool full_screen)
     : csv_(options.csv),

@@ -7,6 +7,7 @@
 #include "apps/protcsv/notices_report.h"
 #include "apps/protcsv/options.h"
 #include "platform/environment.h"
+#include "platform/portable/system_clock.h"
 #include "platform/portable/terminal.h"
 #include "platform/portable/terminal_forms.h"
 #include "platform/portable/terminal_message_boxes.h"
@@ -42,10 +43,6 @@ private:
     class NoPointer : public ScreenPointer {
     public:
         void set(Pointer /*pointer*/) override {}
-    };
-    class SystemClock : public Clock {
-    public:
-        CivilTime now() override;
     };
 
     CsvFileOptions csv_;

@@ -89,7 +89,7 @@ constexpr OptionRow option_rows[] = {
      "Parametertext, etwa \"/autostart/vondevi:EUR\"; ohne\nautostart werden die Filter am Terminal erfragt",
      [](Options& o, const std::string& value, SectionTable) { o.parameters = as_text(value); }},
     {"--out", "ORDNER", writing, 0, "Ausgabe", "Zielordner, wird angelegt (Vorgabe: aktueller Ordner)",
-     [](Options& o, const std::string& value, SectionTable) { o.csv.folder = not_empty(value); }},
+     [](Options& o, const std::string& value, SectionTable) { o.csv.folder = text_path(not_empty(value)); }},
     {"--out", "ORDNER", deleting, 0, "", "",   // a script may swap the commands and keep its options
      [](Options&, const std::string&, SectionTable) {}},
     {"--separator", "ZEICHEN", writing, 0, "Ausgabe", "Trennzeichen oder tab (Vorgabe: ;)",

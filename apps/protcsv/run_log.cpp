@@ -40,7 +40,7 @@ std::string read_all(std::istream& in) { return {std::istreambuf_iterator<char>(
 std::optional<std::string> read_answers(const Options& options, const Console& console) {
     if (!options.answers) return std::nullopt;
     if (*options.answers == standard_input) return read_all(console.in);
-    std::ifstream file(*options.answers, std::ios::binary);
+    std::ifstream file(text_path(*options.answers), std::ios::binary);
     try {
         if (file.peek() != std::ifstream::traits_type::eof() || file.eof()) return read_all(file);
     } catch (const std::ios_base::failure&) {
@@ -69,7 +69,7 @@ bool full_screen(const Options& options, const Console& console) {
 /// The log is about to be created anew, which must not cost the database.
 void require_two_files(const Options& options) {
     std::error_code ignored;
-    if (std::filesystem::equivalent(options.database, options.statement_log, ignored))
+    if (std::filesystem::equivalent(text_path(options.database), text_path(options.statement_log), ignored))
         throw UsageError("--sql-log: „" + options.statement_log + "“ ist die Datenbank selbst");
 }
 
