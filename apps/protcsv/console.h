@@ -11,7 +11,7 @@ struct Console {
     std::ostream& err;
     bool in_is_terminal = false;
     bool err_is_terminal = false;
-    bool full_screen = false;  ///< the process may take over the whole terminal that controls it
+    bool full_screen = false;  ///< forms may take the whole terminal, or windows of their own
 };
 
 }  // namespace prot

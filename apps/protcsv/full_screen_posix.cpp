@@ -1,5 +1,5 @@
+#include "apps/protcsv/file_name_form.h"
 #include "apps/protcsv/full_screen.h"
-
 #include "platform/portable/screen/newt_screen.h"
 #include "platform/portable/screen/screen_displays.h"
 #include "platform/portable/screen/screen_forms.h"
@@ -31,6 +31,14 @@ public:
                 return topics.text(map_file, help_id, help_width);
             });
     }
+    std::optional<std::string> ask_file_name(const std::string& suggestion,
+                                             const std::string& /*folder*/) override {
+        return prot::ask_file_name(forms_, suggestion);
+    }
+    /// The path on standard output is all the presentation there is.
+    void show_file(const std::string& /*path*/) override {}
+    ProgressParent* progress() override { return nullptr; }
+    void tell(std::string_view text) override { plain_.terminal.write(text); }
 
 private:
     PlainDisplays plain_;

@@ -1,6 +1,5 @@
 #include "apps/protcsv/host.h"
 
-#include "apps/protcsv/file_name_form.h"
 #include "apps/protcsv/interruption.h"
 #include "platform/portable/paths.h"
 #include "platform/portable/pugi_xml_select.h"
@@ -43,7 +42,7 @@ std::unique_ptr<HelpDisplay> Host::create_help_display() {
 }
 
 std::optional<std::string> Host::ask_file_name(const std::string& suggestion) {
-    if (full_screen_) return prot::ask_file_name(full_screen_->forms(), suggestion);
+    if (full_screen_) return full_screen_->ask_file_name(suggestion, path_text(csv_.folder));
     return terminal_.ask("Dateiname", suggestion);
 }
 
@@ -55,6 +54,18 @@ void Host::characters_replaced(const std::string& path) {
     terminal_.complain("Was die Kodierung nicht kennt, steht als ? in der Datei „" + path + "“.");
 }
 
-void Host::show_file(const std::string& /*path*/) {}
+void Host::show_file(const std::string& path) {
+    if (full_screen_) full_screen_->show_file(path);
+}
+
+ProgressParent* Host::progress() { return full_screen_ ? full_screen_->progress() : nullptr; }
+
+void Host::tell(std::string_view text) {
+    if (text.empty()) return;
+    if (full_screen_)
+        full_screen_->tell(text);
+    else
+        terminal_.write(text);
+}
 
 }  // namespace prot

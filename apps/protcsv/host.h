@@ -23,6 +23,11 @@ public:
 
     Environment environment();
 
+    /// What shows how far the run is, other than the terminal's lines; null: they do.
+    ProgressParent* progress();
+    /// Says something at the end of the run.
+    void tell(std::string_view text);
+
     const std::string& finished_file() const { return finished_file_; }  ///< empty: none was written
     const NoticesReport& notices() const { return notices_; }
     const TerminalMessageBoxes& message_boxes() const { return message_boxes_; }
@@ -36,7 +41,7 @@ public:
     void unfinished_file(const std::string& path) override;
     void file_finished(const std::string& path) override;
     void characters_replaced(const std::string& path) override;
-    /// The path on standard output is all the presentation there is.
+    /// At a terminal the path on standard output is all the presentation there is.
     void show_file(const std::string& path) override;
 
 private:

@@ -22,6 +22,11 @@ bool is_console(HANDLE handle) {
     return GetConsoleMode(handle, &mode) != 0;
 }
 
+bool leads_anywhere(DWORD which) {
+    const HANDLE handle = GetStdHandle(which);
+    return handle != nullptr && handle != INVALID_HANDLE_VALUE && GetFileType(handle) != FILE_TYPE_UNKNOWN;
+}
+
 bool write_to(HANDLE console, std::wstring_view text) {
     DWORD written = 0;
     return WriteConsoleW(console, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0 &&
@@ -76,7 +81,10 @@ Console standard_console() {
     const bool in_is_console = set_up<ConsoleInput>(std::cin, stdin, STD_INPUT_HANDLE, read_from);
     set_up<ConsoleOutput>(std::cout, stdout, STD_OUTPUT_HANDLE, write_to);
     const bool err_is_console = set_up<ConsoleOutput>(std::cerr, stderr, STD_ERROR_HANDLE, write_to);
-    return {std::cin, std::cout, std::cerr, in_is_console, err_is_console};
+    // Started without a console, and nobody reads the standard streams: then windows are how to talk.
+    const bool alone = GetConsoleWindow() == nullptr && !leads_anywhere(STD_INPUT_HANDLE) &&
+                       !leads_anywhere(STD_ERROR_HANDLE);
+    return {std::cin, std::cout, std::cerr, in_is_console, err_is_console, alone};
 }
 
 }  // namespace prot

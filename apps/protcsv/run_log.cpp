@@ -18,7 +18,6 @@
 #include "platform/portable/atomic_file.h"
 #include "platform/portable/csv_encoding.h"
 #include "platform/portable/sqlite_database.h"
-#include "platform/portable/terminal_error_display.h"
 
 namespace prot {
 
@@ -122,7 +121,8 @@ private:
     void run_section(const LogRequest& request, Database& database) {
         ProgressBar progress(terminal_);
         ProtCsvClass entry(environment_, sections_);
-        if (console_.err_is_terminal && !options_.quiet) entry.poParent = &progress;
+        if (!options_.quiet)
+            entry.poParent = host_.progress() || !console_.err_is_terminal ? host_.progress() : &progress;
         entry.psCommandline = options_.parameters;
         entry.pbLoeschen = options_.command == Command::delete_log;
         Value spare;
@@ -140,13 +140,13 @@ private:
 
     void report(const AutomationError& error) {
         const std::string source = error.source().empty() ? std::string(own_source) : error.source();
-        TerminalErrorDisplay(terminal_).ZQ_gShowError(error.number(), source, error.description());
+        host_.create_error_display()->ZQ_gShowError(error.number(), source, error.description());
     }
 
     int finish() {
         if (host_.message_boxes().left_unanswered())
             terminal_.complain("Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.");
-        terminal_.write(host_.notices().failures_text());
+        host_.tell(host_.notices().failures_text());
         // A deletion says how many records it found before it deletes them. The question that fails counts as
         // answered no, without a word.
         if (options_.command == Command::delete_log && terminal_.outcome() == Outcome::done &&
@@ -155,7 +155,7 @@ private:
             terminal_.complain("Die Löschfrage ließ sich nicht stellen; es wurde nichts gelöscht.");
         }
         if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
-        if (!options_.quiet) terminal_.write(host_.notices().text());
+        if (!options_.quiet) host_.tell(host_.notices().text());
         return host_.finished_file().empty() ? exit_done : print(console_, host_.finished_file() + '\n');
     }
 

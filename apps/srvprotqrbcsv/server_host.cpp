@@ -2,7 +2,9 @@
 
 #include <windows.h>
 
+#include "platform/portable/help_topics.h"
 #include "platform/portable/pugi_xml_select.h"
+#include "platform/windows/browser_help_display.h"
 #include "platform/windows/finished_file.h"
 #include "platform/windows/suite_components.h"
 #include "platform/windows/system_names.h"
@@ -21,6 +23,26 @@ constexpr std::string_view output_folder_variable = "PROTCSV_AUSGABE";
 
 /// For whoever watches the process with a debugger's eyes; nobody else is there to be told.
 void trace(const std::string& text) { OutputDebugStringW(to_wide("srvProtQRBCsv: " + text + "\n").c_str()); }
+
+/// Asks for the folder anew for each file, because an exporter keeps its writer for all of them.
+class ServerCsvWriter : public CsvWriter {
+public:
+    explicit ServerCsvWriter(CsvFileHost& host) : host_(host) {}
+
+    bool open(std::string& file_name, bool ask_user) override {
+        CsvFileOptions options;
+        options.folder = text_path(environment_text(output_folder_variable));
+        file_.emplace(std::move(options), host_);
+        return file_->open(file_name, ask_user);
+    }
+    void write_line(std::span<const std::string> cells) override { file_->write_line(cells); }
+    void close() override { file_->close(); }
+    void show() override { file_->show(); }
+
+private:
+    CsvFileHost& host_;
+    std::optional<CsvFileWriter> file_;
+};
 
 }  // namespace
 
@@ -46,14 +68,16 @@ void ServerHost::abandon() noexcept {
 }
 
 std::unique_ptr<CsvWriter> ServerHost::create_csv_writer() {
-    CsvFileOptions options;
-    options.folder = text_path(environment_text(output_folder_variable));
-    return std::make_unique<CsvFileWriter>(std::move(options), static_cast<CsvFileHost&>(*this));
+    return std::make_unique<ServerCsvWriter>(static_cast<CsvFileHost&>(*this));
 }
 
 std::unique_ptr<XmlSelect> ServerHost::create_xml_select() { return create_pugi_xml_select(); }
 std::unique_ptr<ErrorDisplay> ServerHost::create_error_display() { return suite_error_display(); }
-std::unique_ptr<HelpDisplay> ServerHost::create_help_display() { return suite_help_display(); }
+std::unique_ptr<HelpDisplay> ServerHost::create_help_display() {
+    return help_display([](std::string_view map_file, std::string_view help_id) {
+        return HelpTopics::beside_program().page(map_file, help_id);
+    });
+}
 
 std::optional<std::string> ServerHost::ask_file_name(const std::string& suggestion) {
     return save_dialog_.ask(suggestion, environment_text(output_folder_variable));

@@ -24,7 +24,7 @@ std::wstring whole_path(const std::wstring& path) {
 
 }  // namespace
 
-void open_finished_file(const std::string& path, MessageBoxes& boxes) {
+std::optional<std::string> open_with_registered_program(const std::string& path) {
     const std::wstring whole = whole_path(to_wide(path));
     SHELLEXECUTEINFOW call{};
     call.cbSize = sizeof call;
@@ -33,12 +33,16 @@ void open_finished_file(const std::string& path, MessageBoxes& boxes) {
     call.lpVerb = L"open";
     call.lpFile = whole.c_str();
     call.nShow = SW_SHOWNORMAL;
-    if (ShellExecuteExW(&call)) return;
+    if (ShellExecuteExW(&call)) return std::nullopt;
     std::string reason = system_text(HRESULT_FROM_WIN32(GetLastError()));
     if (reason.find('%') != std::string::npos) reason.clear();  // a text with a gap in it
-    boxes.show("Die Datei wurde geschrieben, lässt sich aber nicht öffnen:\r\n" + to_utf8(whole) +
-                   (reason.empty() ? std::string() : "\r\n\r\n" + reason),
-               BoxStyle::exclamation, "Protokollierung");
+    return to_utf8(whole) + (reason.empty() ? std::string() : "\r\n\r\n" + reason);
+}
+
+void open_finished_file(const std::string& path, MessageBoxes& boxes) {
+    if (const std::optional<std::string> problem = open_with_registered_program(path))
+        boxes.show("Die Datei wurde geschrieben, lässt sich aber nicht öffnen:\r\n" + *problem,
+                   BoxStyle::exclamation, "Protokollierung");
 }
 
 }  // namespace prot
