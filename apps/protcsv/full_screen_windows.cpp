@@ -1,3 +1,5 @@
+#include <objbase.h>
+
 #include "apps/protcsv/full_screen.h"
 #include "platform/portable/help_topics.h"
 #include "platform/portable/terminal_error_display.h"
@@ -69,6 +71,22 @@ private:
     MessageBoxes& boxes_;
 };
 
+/// The suite's help viewer is a COM object, and other programs may be started by way of one.
+class Apartment {
+public:
+    Apartment() : entered_(SUCCEEDED(CoInitializeEx(nullptr, mode))) {}
+    ~Apartment() {
+        if (entered_) CoUninitialize();
+    }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+
+private:
+    static constexpr DWORD mode = COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE;
+
+    const bool entered_;
+};
+
 class Windows : public FullScreen {
 public:
     explicit Windows(const PlainDisplays& plain)
@@ -100,6 +118,7 @@ public:
     void tell(std::string_view text) override { boxes_.show(text, BoxStyle::information, title); }
 
 private:
+    Apartment apartment_;
     Terminal& terminal_;
     ProgressWindow progress_{std::string(title)};
     RunForms forms_;

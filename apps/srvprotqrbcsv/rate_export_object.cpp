@@ -39,12 +39,12 @@ HRESULT RateExportObject::putref_poParent(IDispatch* value) noexcept {
 }
 
 HRESULT RateExportObject::put_pbLoeschen(VARIANT_BOOL value) noexcept {
-    exporter_.pbLoeschen = value != VARIANT_FALSE;
+    pbLoeschen_ = value != VARIANT_FALSE;
     return S_OK;
 }
 
 HRESULT RateExportObject::put_psCommandline(BSTR value) noexcept {
-    return report_errors(__uuidof(_CProtDevCsv), [&] { exporter_.psCommandline = text_of(value); });
+    return report_errors(__uuidof(_CProtDevCsv), [&] { psCommandline_ = text_of(value); });
 }
 
 HRESULT RateExportObject::gCSVAusgabe(IDispatch* oDBU, long lSection, BSTR sUser, DATE dtVon, DATE dtBis,
@@ -62,6 +62,9 @@ void RateExportObject::run(const ExportCall& call) {
                                   "Dieses Objekt exportiert gerade; ein zweiter Lauf braucht ein eigenes.");
         });
     const Flag running(running_);
+    // A host may change its settings from within the run; they are for the next one.
+    exporter_.psCommandline = psCommandline_;
+    exporter_.pbLoeschen = pbLoeschen_;
     run_export(exporter_, owner, host_, ComPtr<IDispatch>(poParent_), call);
 }
 

@@ -2,6 +2,8 @@
 
 #include <srvprotqrbcsv_h.h>
 
+#include <string>
+
 #include "apps/srvprotqrbcsv/automation_object.h"
 #include "apps/srvprotqrbcsv/export_call.h"
 #include "apps/srvprotqrbcsv/server_host.h"
@@ -31,6 +33,8 @@ private:
     ComPtr<IDispatch> poParent_;
     ServerHost host_;
     prot::CProtDevCsv exporter_;
+    std::string psCommandline_;
+    bool pbLoeschen_ = false;
     bool running_ = false;
 };
 

@@ -114,14 +114,17 @@ bool exists(HKEY root, const Text& name) {
 std::vector<Text> all_keys(HKEY root) {
     std::vector<Text> keys;
     for (const AutomationClass& known : automation_classes()) {
-        keys.push_back(Text(library_name) + L"." + known.name);
         keys.push_back(L"CLSID\\" + text_of(known.id));
         keys.push_back(L"Interface\\" + text_of(known.default_interface));
     }
     keys.push_back(L"Interface\\" + text_of(IID_IProtDatabase));
     const Text platforms = library_key() + L"\\" + version + L"\\0\\";
+    // The library of the other word size, registered as well, is found by the same names of the classes.
     const bool shared = exists(root, platforms + other_platform);
     keys.push_back(shared ? platforms + platform : library_key());
+    if (shared) return keys;
+    for (const AutomationClass& known : automation_classes())
+        keys.push_back(Text(library_name) + L"." + known.name);
     return keys;
 }
 

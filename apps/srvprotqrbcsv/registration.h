@@ -11,8 +11,8 @@ enum class RegistrationScope { machine, user };
 /// Writes all entries; on failure none is left. Needs the right to write there.
 HRESULT register_server(RegistrationScope scope) noexcept;
 
-/// Removes them; entries that are not there are no failure. The type library of the other word size, which
-/// shares a key on 64-bit systems, keeps its own.
+/// Removes them; entries that are not there are no failure. While the library of the other word size is
+/// registered, what both share on 64-bit systems stays: the names of the classes and the type library's key.
 HRESULT unregister_server(RegistrationScope scope) noexcept;
 
 }  // namespace prot

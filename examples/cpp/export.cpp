@@ -71,7 +71,7 @@ Variant call(IDispatch* object, const wchar_t* name, WORD flags,
 }
 
 /// The database object that the server asks. Every statement of the server goes through it.
-class Database : public IProtDatabase {
+class Database : public IProtDatabase, public ISupportErrorInfo {
 public:
     explicit Database(const wchar_t* connection_text) {
         CLSID id = {};
@@ -133,8 +133,12 @@ public:
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
         *object = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IDispatch && iid != IID_IProtDatabase) return E_NOINTERFACE;
-        *object = static_cast<IProtDatabase*>(this);
+        if (iid == IID_IUnknown || iid == IID_IDispatch || iid == IID_IProtDatabase)
+            *object = static_cast<IProtDatabase*>(this);
+        else if (iid == IID_ISupportErrorInfo)
+            *object = static_cast<ISupportErrorInfo*>(this);
+        else
+            return E_NOINTERFACE;
         AddRef();
         return S_OK;
     }
@@ -143,6 +147,11 @@ public:
         const ULONG left = --references_;
         if (left == 0) delete this;
         return left;
+    }
+
+    // Only with this answer does the server take the text of an error from this object.
+    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override {
+        return iid == IID_IProtDatabase ? S_OK : S_FALSE;
     }
 
     // The server finds IProtDatabase and needs no names.

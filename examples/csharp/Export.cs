@@ -97,9 +97,10 @@ public static class Program
             // user (empty: all), first and last day (0: open), events 1 created + 2 changed + 4 deleted
             server.gCSVAusgabe(new Database(arguments[0]), section, "", DateTime.FromOADate(0), DateTime.FromOADate(0), 7);
         }
-        catch (COMException error)
+        // Not only COMException: .NET has exceptions of its own for some numbers, such as IOException for a file.
+        catch (Exception error)
         {
-            Console.Error.WriteLine("Fehler {0:X8}: {1}", error.ErrorCode, error.Message);
+            Console.Error.WriteLine("Fehler {0:X8}: {1}", error.HResult, error.Message);
             return 1;
         }
         Console.WriteLine("Fertig.");

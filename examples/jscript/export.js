@@ -47,7 +47,7 @@ var records = 0;
 var progress = {
     gRefresh: function () {},
     gSetFortschritt: function () {
-        if (++records % 1000 === 0) WScript.Echo(records + " Sätze");
+        if (++records % 1000 === 0) WScript.Echo(records + " S\u00e4tze");
     }
 };
 

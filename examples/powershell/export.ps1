@@ -2,8 +2,9 @@
 #
 #   .\export.ps1 -Verbindung "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" -Bereich 15 -Ordner C:\Protokolle
 #
-# PowerShell objects are no COM objects; a few lines of C# make the two host objects. Use the PowerShell of the
-# library's word size (the 32-bit one lies in SysWOW64).
+# PowerShell objects are no COM objects; a few lines of C# make the two host objects. Use the Windows
+# PowerShell (5.1) of the library's word size (the 32-bit one lies in SysWOW64).
+#requires -Version 5.1 -PSEdition Desktop
 param(
     [Parameter(Mandatory)] [string] $Verbindung,
     [Parameter(Mandatory)] [int] $Bereich,
@@ -14,7 +15,7 @@ param(
 )
 $ErrorActionPreference = 'Stop'
 
-Add-Type -ReferencedAssemblies System.Data -TypeDefinition @'
+Add-Type -ReferencedAssemblies System.Data, System.Xml -TypeDefinition @'
 using System;
 using System.Data.OleDb;
 using System.Runtime.InteropServices;
@@ -92,6 +93,8 @@ try {
     # events 1 created + 2 changed + 4 deleted
     $server.gCSVAusgabe((New-Object Database $Verbindung), $Bereich, $Mitarbeiter, $Von, $Bis, 7)
     'Fertig.'
-} catch [System.Runtime.InteropServices.COMException] {
-    Write-Error ('Fehler {0:X8}: {1}' -f $_.Exception.ErrorCode, $_.Exception.Message)
+} catch {
+    # Not only COMException: .NET has exceptions of its own for some numbers, such as IOException for a file.
+    $fault = $_.Exception.GetBaseException()
+    Write-Error ('Fehler {0:X8}: {1}' -f $fault.HResult, $fault.Message)
 }

@@ -5,12 +5,17 @@
 Arguments: connection string, number of the section, folder of the file.
 """
 
+import datetime
 import os
 import sys
 
 import pythoncom
 import win32com.client
 from win32com.server.util import wrap
+
+
+# Day 0 of automation dates, which leaves a side of the range open; a number is no date for pywin32.
+OPEN = datetime.datetime(1899, 12, 30, tzinfo=datetime.timezone.utc)
 
 
 class Database:
@@ -75,8 +80,8 @@ def main():
     server.poParent = wrap(Progress())
     server.psCommandline = f"/sektion:{section}/autostart"
     try:
-        # user (empty: all), first and last day (0: open), events 1 created + 2 changed + 4 deleted
-        server.gCSVAusgabe(wrap(Database(connection)), section, "", 0, 0, 7)
+        # user (empty: all), first and last day, events 1 created + 2 changed + 4 deleted
+        server.gCSVAusgabe(wrap(Database(connection)), section, "", OPEN, OPEN, 7)
     except pythoncom.com_error as error:
         number, text, details, _ = error.args
         if details:

@@ -69,7 +69,7 @@ ComPtr<IDispatch> create_component(std::string_view program_id) {
     return object;
 }
 
-bool is_registered(std::string_view program_id) noexcept {
+bool is_registered(std::string_view program_id) {
     CLSID class_id = {};
     return SUCCEEDED(CLSIDFromProgID(to_wide(program_id).c_str(), &class_id));
 }

@@ -17,7 +17,7 @@ namespace prot {
 ComPtr<IDispatch> create_component(std::string_view program_id);
 
 /// Whether the system knows a class of that name.
-bool is_registered(std::string_view program_id) noexcept;
+bool is_registered(std::string_view program_id);
 
 /// The problem report, srvZQ.ZQErrorClass.
 std::unique_ptr<ErrorDisplay> suite_error_display();

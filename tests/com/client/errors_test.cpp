@@ -189,6 +189,20 @@ TEST_F(Errors, OfTheProgressObjectEndTheRunAndLeaveNoFile) {
     exporter->putref_poParent(nullptr);
 }
 
+// The exporter outlives its runs; it kept the unfinished file until the next one.
+TEST_F(Errors, TheExporterOfTheRatesLeavesNoUnfinishedFileEither) {
+    InterfaceDatabase database;
+    NamedProgress progress;
+    progress.on_progress = [&](long index) {
+        if (index == 1) progress.failure = HostError{code(5), "Host", "Angehalten"};
+    };
+    const auto exporter = rate_exporter();
+    exporter->putref_poParent(&progress);
+    EXPECT_EQ(export_by_function(*exporter.borrow(), &database).result, code(5));
+    EXPECT_TRUE(folder.files().empty());
+    exporter->putref_poParent(nullptr);
+}
+
 TEST_F(Errors, AnEventWithoutNameEndsTheRunAndLeavesNoFile) {
     InterfaceDatabase database;
     Table rows = sample_rows();

@@ -166,7 +166,7 @@ TEST_F(Registration, TakesTheNewPathWhenTheServerHasMoved) {
     EXPECT_EQ(server.unregister_server(), S_OK);
 }
 
-TEST_F(Registration, TakenAwayLeavesTheTypeLibraryOfTheOtherWordSize) {
+TEST_F(Registration, TakenAwayLeavesWhatTheLibraryOfTheOtherWordSizeShares) {
     const std::wstring other = version_key() + L"\\0\\" + other_platform;
     write_registry_text(HKEY_LOCAL_MACHINE, other, L"C:\\anderswo\\srvprotqrbcsv.dll");
     EXPECT_EQ(server.register_server(), S_OK);
@@ -174,6 +174,9 @@ TEST_F(Registration, TakenAwayLeavesTheTypeLibraryOfTheOtherWordSize) {
     EXPECT_EQ(registry_text(HKEY_LOCAL_MACHINE, other), L"C:\\anderswo\\srvprotqrbcsv.dll");
     EXPECT_EQ(registry_text(HKEY_LOCAL_MACHINE, version_key()), L"Stammdatenprotokollierung");
     EXPECT_FALSE(registry_key_exists(HKEY_LOCAL_MACHINE, version_key() + L"\\0\\" + own_platform));
+    // It is found by the same names.
+    for (const wchar_t* const program : {L"srvProtQRBCsv.ProtCsvClass", L"srvProtQRBCsv.CProtDevCsv"})
+        EXPECT_TRUE(registry_key_exists(HKEY_LOCAL_MACHINE, std::wstring(program) + L"\\CLSID"));
 }
 
 TEST_F(Registration, LetsClientsCreateTheClassesByTheirProgrammaticIdentifiers) {

@@ -129,6 +129,18 @@ TEST_F(Reentrancy, TheExporterOfTheRatesRefusesASecondRunAndFinishesTheFirst) {
     exporter->putref_poParent(nullptr);
 }
 
+TEST_F(Reentrancy, ARunKeepsTheParametersThatItBeganWith) {
+    InterfaceDatabase database;
+    NamedProgress progress;
+    const auto exporter = rate_exporter();
+    // Without parameters the run would show its file to a person.
+    progress.on_progress = [&](long) { exporter->put_psCommandline(nullptr); };
+    exporter->putref_poParent(&progress);
+    EXPECT_EQ(export_by_function(*exporter.borrow(), &database).result, S_OK);
+    EXPECT_EQ(folder.only_file(), sample_file(false));
+    exporter->putref_poParent(nullptr);
+}
+
 TEST_F(Reentrancy, ARunKeepsTheProgressObjectThatItBeganWith) {
     for (const bool by_entry : {true, false}) {
         InterfaceDatabase database;
