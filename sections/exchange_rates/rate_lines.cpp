@@ -34,12 +34,8 @@ std::string_view RateLines::caption(std::string_view field, std::string_view tab
 }
 
 void RateLines::translate_values(std::string_view field, std::string_view, const LogRow& row, CsvLine& line) {
-    constexpr std::size_t first_common = rate_captions.size();
-    for (const CommonCell which : {CommonCell::old_value, CommonCell::new_value}) {
-        std::string& value = line[first_common + static_cast<std::size_t>(which)];
-        if (value.empty()) continue;
-        if (std::string text = msTranslateID(value, field, row, run_); !text.empty()) value = std::move(text);
-    }
+    translate_both(line, rate_captions.size(),
+                   [&](std::string_view value) { return msTranslateID(value, field, row, run_); });
 }
 
 const RateLines::Currency& RateLines::mGetWaehrInfos(std::int32_t lId) try {
