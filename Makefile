@@ -1,27 +1,35 @@
 # Everyday commands. Each does all the set-up it needs; the work itself is in CMake presets and scripts.
 
-.PHONY: help demo test test-asan build bench fuzz clean
+.PHONY: help demo test test-asan test-windows build build-linux bench fuzz clean
 .DEFAULT_GOAL := help
 
 help: ## show the commands
-	@sed -n 's/^\([a-z-]*\): .*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 12
+	@sed -n 's/^\([a-z-]*\): .*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 16
 
-build: ## build out/linux/protcsv
-	@scripts/build linux protcsv
+build: build-linux ## build the programs and the automation server for Linux and Windows into out/
+	@scripts/build win64 products
+	@scripts/build win32 products
 
-demo: build ## write a sample database, export its logs to out/demo/ and show them
+build-linux: ## build out/linux/protcsv alone
+	@scripts/build linux products
+
+demo: build-linux ## write a sample database, export its logs to out/demo/ and show them
 	@scripts/demo
 
-test: ## build and run every test, then again under the sanitizers
+test: ## build and run every test: on Linux, under the sanitizers, and for Windows under Wine
 	@scripts/build linux
 	@scripts/test linux
 	@$(MAKE) --no-print-directory test-asan
+	@$(MAKE) --no-print-directory test-windows
 
 test-asan: ## build and run every test under the address and undefined-behaviour sanitizers
 	@scripts/build linux-asan
 	@scripts/test linux-asan
 
-bench: build ## measure protcsv against script peers and the raw floor
+test-windows: ## build for Windows and run the tests of that build under Wine; says what was skipped and why
+	@scripts/test-windows
+
+bench: build-linux ## measure protcsv against script peers and the raw floor
 	@scripts/bench
 
 fuzz: ## run each fuzzer for SECONDS=30 seconds

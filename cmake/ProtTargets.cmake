@@ -14,9 +14,14 @@ if(WIN32)
     # in it, so that the same sources give the same bytes.
     add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" -fstack-protector-strong)
     add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
-    add_link_options(-s -static -fstack-protector-strong -Wl,--no-insert-timestamp,--dynamicbase,--nxcompat)
+    # By itself the linker derives a library's preferred address from the path of the file that it writes.
+    add_link_options(-s -static -fstack-protector-strong
+                     -Wl,--no-insert-timestamp,--disable-auto-image-base,--dynamicbase,--nxcompat)
     if(CMAKE_SIZEOF_VOID_P EQUAL 8)
         add_link_options(-Wl,--high-entropy-va)
+    else()
+        # Definition files name the exports as clients look for them, without the size of their arguments.
+        add_link_options(-Wl,--enable-stdcall-fixup)
     endif()
 endif()
 

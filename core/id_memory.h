@@ -36,7 +36,8 @@ private:
     /// free.
     std::size_t place_of(std::int32_t id) const {
         const std::size_t mask = slots_.size() - 1;
-        std::size_t place = (static_cast<std::uint32_t>(id) * std::uint64_t{0x9E3779B97F4A7C15} >> 32) & mask;
+        const std::uint64_t mixed = static_cast<std::uint32_t>(id) * std::uint64_t{0x9E3779B97F4A7C15};
+        std::size_t place = static_cast<std::size_t>(mixed >> 32) & mask;
         while (slots_[place].answer && slots_[place].id != id) place = (place + 1) & mask;
         return place;
     }

@@ -4,11 +4,12 @@
 #include <filesystem>
 #include <ostream>
 
-#include <unistd.h>
-
 #include "apps/protcsv/interruption.h"
 #include "apps/protcsv/sample_database.h"
 #include "platform/automation/error.h"
+#include "platform/portable/folder_access.h"
+#include "platform/portable/paths.h"
+#include "platform/portable/temporary_name.h"
 
 namespace prot {
 
@@ -24,7 +25,7 @@ public:
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;
     ~UnfinishedFile() {
         std::error_code ignored;
-        fs::remove(path_, ignored);
+        fs::remove(text_path(path_), ignored);
         set_unfinished_file({});
     }
 
@@ -44,15 +45,15 @@ void require_free_place(const fs::path& path, bool overwrite) {
     std::error_code ignored;
     const fs::path folder = path.parent_path();
     if (!folder.empty() && !fs::is_directory(folder, ignored))
-        fail("Den Ordner „" + folder.string() + "“ gibt es nicht.");
-    if (access(folder.empty() ? "." : folder.c_str(), W_OK) != 0)
-        fail("In den Ordner „" + (folder.empty() ? "." : folder.string()) +
+        fail("Den Ordner „" + path_text(folder) + "“ gibt es nicht.");
+    if (folder_refusal(folder))
+        fail("In den Ordner „" + (folder.empty() ? "." : path_text(folder)) +
              "“ darf nicht geschrieben werden.");
     const fs::file_status status = fs::status(path, ignored);
     if (!fs::exists(status)) return;
-    if (!fs::is_regular_file(status)) fail("„" + path.string() + "“ ist keine gewöhnliche Datei.");
-    if (!overwrite && fs::file_size(path, ignored) > 0 && !is_sample_database(path.string()))
-        fail("Die Datei „" + path.string() + "“ gibt es schon; --overwrite ersetzt sie.");
+    if (!fs::is_regular_file(status)) fail("„" + path_text(path) + "“ ist keine gewöhnliche Datei.");
+    if (!overwrite && fs::file_size(path, ignored) > 0 && !is_sample_database(path_text(path)))
+        fail("Die Datei „" + path_text(path) + "“ gibt es schon; --overwrite ersetzt sie.");
 }
 
 }  // namespace
@@ -82,11 +83,12 @@ int print_sections(const Console& console, SectionTable sections) {
 }
 
 int write_sample(const Options& options, const Console& console) {
-    require_free_place(options.sample_file, options.overwrite);
-    const UnfinishedFile unfinished(options.sample_file + ".unfertig-" + std::to_string(getpid()));
+    const fs::path place = text_path(options.sample_file);
+    require_free_place(place, options.overwrite);
+    const UnfinishedFile unfinished(path_text(temporary_name(place)));
     write_sample_database(unfinished.path(), options.sample);
     std::error_code error;
-    fs::rename(unfinished.path(), options.sample_file, error);
+    fs::rename(text_path(unfinished.path()), place, error);
     if (error) fail("Die Datei „" + options.sample_file + "“ lässt sich nicht anlegen.");
     return print(console, options.sample_file + '\n');
 }

@@ -11,6 +11,7 @@ struct Console {
     std::ostream& err;
     bool in_is_terminal = false;
     bool err_is_terminal = false;
+    bool full_screen = false;  ///< forms may take the whole terminal, or windows of their own
 };
 
 }  // namespace prot

@@ -1,10 +1,7 @@
 #include "apps/protcsv/host.h"
 
-#include <chrono>
-#include <ctime>
-
 #include "apps/protcsv/interruption.h"
-#include "platform/portable/atomic_file.h"
+#include "platform/portable/paths.h"
 #include "platform/portable/pugi_xml_select.h"
 #include "platform/portable/sqlite_database.h"
 #include "platform/portable/terminal_error_display.h"
@@ -12,20 +9,12 @@
 
 namespace prot {
 
-CivilTime Host::SystemClock::now() {
-    const std::time_t seconds = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-    std::tm local{};
-    localtime_r(&seconds, &local);
-    // A leap second counts as the last ordinary one.
-    return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
-            local.tm_hour,        local.tm_min,     local.tm_sec > 59 ? 59 : local.tm_sec};
-}
-
-Host::Host(const Options& options, Terminal& terminal)
+Host::Host(const Options& options, Terminal& terminal, bool full_screen)
     : csv_(options.csv),
       terminal_(terminal),
       message_boxes_(terminal, options.yes),
       forms_(terminal),
+      full_screen_(full_screen ? full_screen_if_usable({terminal_, forms_, message_boxes_}) : nullptr),
       connection_information_(sqlite_connection_information(options.database)) {
     csv_.never_replaced = {text_path(options.database)};
     if (!options.statement_log.empty()) csv_.never_replaced.push_back(text_path(options.statement_log));
@@ -33,7 +22,9 @@ Host::Host(const Options& options, Terminal& terminal)
 }
 
 Environment Host::environment() {
-    return {*this, message_boxes_, forms_, pointer_, *connection_information_, clock_, notices_};
+    MessageBoxes& boxes = full_screen_ ? full_screen_->message_boxes() : message_boxes_;
+    FormDisplay& forms = full_screen_ ? full_screen_->forms() : forms_;
+    return {*this, boxes, forms, pointer_, *connection_information_, clock_, notices_};
 }
 
 std::unique_ptr<CsvWriter> Host::create_csv_writer() { return std::make_unique<CsvFileWriter>(csv_, *this); }
@@ -41,14 +32,17 @@ std::unique_ptr<CsvWriter> Host::create_csv_writer() { return std::make_unique<C
 std::unique_ptr<XmlSelect> Host::create_xml_select() { return create_pugi_xml_select(); }
 
 std::unique_ptr<ErrorDisplay> Host::create_error_display() {
+    if (full_screen_) return full_screen_->create_error_display();
     return std::make_unique<TerminalErrorDisplay>(terminal_);
 }
 
 std::unique_ptr<HelpDisplay> Host::create_help_display() {
-    return std::make_unique<TerminalHelpDisplay>(terminal_);
+    if (full_screen_) return full_screen_->create_help_display();
+    return std::make_unique<TerminalHelpDisplay>(terminal_, HelpTopics::beside_program());
 }
 
 std::optional<std::string> Host::ask_file_name(const std::string& suggestion) {
+    if (full_screen_) return full_screen_->ask_file_name(suggestion, path_text(csv_.folder));
     return terminal_.ask("Dateiname", suggestion);
 }
 
@@ -60,6 +54,18 @@ void Host::characters_replaced(const std::string& path) {
     terminal_.complain("Was die Kodierung nicht kennt, steht als ? in der Datei „" + path + "“.");
 }
 
-void Host::show_file(const std::string& /*path*/) {}
+void Host::show_file(const std::string& path) {
+    if (full_screen_) full_screen_->show_file(path);
+}
+
+ProgressParent* Host::progress() { return full_screen_ ? full_screen_->progress() : nullptr; }
+
+void Host::tell(std::string_view text) {
+    if (text.empty()) return;
+    if (full_screen_)
+        full_screen_->tell(text);
+    else
+        terminal_.write(text);
+}
 
 }  // namespace prot

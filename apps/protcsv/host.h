@@ -3,9 +3,11 @@
 #include <memory>
 #include <string>
 
+#include "apps/protcsv/full_screen.h"
 #include "apps/protcsv/notices_report.h"
 #include "apps/protcsv/options.h"
 #include "platform/environment.h"
+#include "platform/portable/system_clock.h"
 #include "platform/portable/terminal.h"
 #include "platform/portable/terminal_forms.h"
 #include "platform/portable/terminal_message_boxes.h"
@@ -16,9 +18,15 @@ namespace prot {
 /// what the program tells at the end.
 class Host : public Components, public CsvFileHost {
 public:
-    Host(const Options& options, Terminal& terminal);
+    /// `full_screen`: forms take the whole terminal where it can show them.
+    Host(const Options& options, Terminal& terminal, bool full_screen);
 
     Environment environment();
+
+    /// What shows how far the run is, other than the terminal's lines; null: they do.
+    ProgressParent* progress();
+    /// Says something at the end of the run.
+    void tell(std::string_view text);
 
     const std::string& finished_file() const { return finished_file_; }  ///< empty: none was written
     const NoticesReport& notices() const { return notices_; }
@@ -33,7 +41,7 @@ public:
     void unfinished_file(const std::string& path) override;
     void file_finished(const std::string& path) override;
     void characters_replaced(const std::string& path) override;
-    /// The path on standard output is all the presentation there is.
+    /// At a terminal the path on standard output is all the presentation there is.
     void show_file(const std::string& path) override;
 
 private:
@@ -41,15 +49,12 @@ private:
     public:
         void set(Pointer /*pointer*/) override {}
     };
-    class SystemClock : public Clock {
-    public:
-        CivilTime now() override;
-    };
 
     CsvFileOptions csv_;
     Terminal& terminal_;
     TerminalMessageBoxes message_boxes_;
     TerminalForms forms_;
+    std::unique_ptr<FullScreen> full_screen_;  // null: forms are questions
     NoPointer pointer_;
     SystemClock clock_;
     std::unique_ptr<ConnectionInformation> connection_information_;

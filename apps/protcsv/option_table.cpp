@@ -89,7 +89,7 @@ constexpr OptionRow option_rows[] = {
      "Parametertext, etwa \"/autostart/vondevi:EUR\"; ohne\nautostart werden die Filter am Terminal erfragt",
      [](Options& o, const std::string& value, SectionTable) { o.parameters = as_text(value); }},
     {"--out", "ORDNER", writing, 0, "Ausgabe", "Zielordner, wird angelegt (Vorgabe: aktueller Ordner)",
-     [](Options& o, const std::string& value, SectionTable) { o.csv.folder = not_empty(value); }},
+     [](Options& o, const std::string& value, SectionTable) { o.csv.folder = text_path(not_empty(value)); }},
     {"--out", "ORDNER", deleting, 0, "", "",   // a script may swap the commands and keep its options
      [](Options&, const std::string&, SectionTable) {}},
     {"--separator", "ZEICHEN", writing, 0, "Ausgabe", "Trennzeichen oder tab (Vorgabe: ;)",
@@ -103,6 +103,8 @@ constexpr OptionRow option_rows[] = {
     {"--answers", "DATEI", any_log, 0, "Ablauf",
      "Antworten auf die Fragen, eine je Zeile; - liest\ndie Standardeingabe",
      [](Options& o, const std::string& value, SectionTable) { o.answers = not_empty(value); }},
+    {"--plain", "", any_log, 0, "Ablauf", "Fragen Zeile für Zeile statt als Bildschirmformular",
+     [](Options& o, const std::string&, SectionTable) { o.plain = true; }},
     {"--sql-log", "DATEI", any_log, 0, "Ablauf", "schreibt jede SQL-Anweisung als JSON-Zeile mit",
      [](Options& o, const std::string& value, SectionTable) { o.statement_log = not_empty(value); }},
     {"--quiet", "", any_log, 0, "Ablauf", "kein Fortschrittsbalken, keine Hinweise",

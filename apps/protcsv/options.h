@@ -32,6 +32,7 @@ struct Options {
     CsvFileOptions csv;
     std::string statement_log;           ///< file; empty: none
     std::optional<std::string> answers;  ///< file of prepared answers, "-" for standard input
+    bool plain = false;
     bool quiet = false;
     bool yes = false;
     std::string sample_file;

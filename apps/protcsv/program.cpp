@@ -1,14 +1,13 @@
 #include "apps/protcsv/program.h"
 
-#include <iostream>
 #include <new>
+#include <ostream>
 #include <vector>
-
-#include <unistd.h>
 
 #include "apps/protcsv/commands.h"
 #include "apps/protcsv/interruption.h"
 #include "apps/protcsv/options.h"
+#include "apps/protcsv/process.h"
 #include "apps/protcsv/usage_error.h"
 #include "platform/automation/error.h"
 #include "sections/section_table.h"
@@ -60,11 +59,8 @@ int run_program(std::span<const std::string> arguments, const Console& console, 
 
 int run_program(int argument_count, char** arguments) {
     handle_interruptions();
-    const Console console{std::cin, std::cout, std::cerr, isatty(STDIN_FILENO) != 0,
-                          isatty(STDERR_FILENO) != 0};
-    const std::vector<std::string> texts(arguments + (argument_count > 0 ? 1 : 0),
-                                         arguments + argument_count);
-    return run_program(texts, console, section_table());
+    const Console console = standard_console();
+    return run_program(process_arguments(argument_count, arguments), console, section_table());
 }
 
 }  // namespace prot

@@ -18,7 +18,6 @@
 #include "platform/portable/atomic_file.h"
 #include "platform/portable/csv_encoding.h"
 #include "platform/portable/sqlite_database.h"
-#include "platform/portable/terminal_error_display.h"
 
 namespace prot {
 
@@ -40,7 +39,7 @@ std::string read_all(std::istream& in) { return {std::istreambuf_iterator<char>(
 std::optional<std::string> read_answers(const Options& options, const Console& console) {
     if (!options.answers) return std::nullopt;
     if (*options.answers == standard_input) return read_all(console.in);
-    std::ifstream file(*options.answers, std::ios::binary);
+    std::ifstream file(text_path(*options.answers), std::ios::binary);
     try {
         if (file.peek() != std::ifstream::traits_type::eof() || file.eof()) return read_all(file);
     } catch (const std::ios_base::failure&) {
@@ -61,10 +60,15 @@ TerminalSettings terminal_settings(const Options& options, const Console& consol
     return settings;
 }
 
+/// Prepared answers are given to questions line by line.
+bool full_screen(const Options& options, const Console& console) {
+    return console.full_screen && !options.plain && !options.answers;
+}
+
 /// The log is about to be created anew, which must not cost the database.
 void require_two_files(const Options& options) {
     std::error_code ignored;
-    if (std::filesystem::equivalent(options.database, options.statement_log, ignored))
+    if (std::filesystem::equivalent(text_path(options.database), text_path(options.statement_log), ignored))
         throw UsageError("--sql-log: „" + options.statement_log + "“ ist die Datenbank selbst");
 }
 
@@ -88,7 +92,7 @@ public:
           console_(console),
           sections_(sections),
           terminal_(terminal_settings(options, console)),
-          host_(options, terminal_),
+          host_(options, terminal_, full_screen(options, console)),
           environment_(host_.environment()) {}
 
     int run() {
@@ -117,7 +121,8 @@ private:
     void run_section(const LogRequest& request, Database& database) {
         ProgressBar progress(terminal_);
         ProtCsvClass entry(environment_, sections_);
-        if (console_.err_is_terminal && !options_.quiet) entry.poParent = &progress;
+        if (!options_.quiet)
+            entry.poParent = host_.progress() || !console_.err_is_terminal ? host_.progress() : &progress;
         entry.psCommandline = options_.parameters;
         entry.pbLoeschen = options_.command == Command::delete_log;
         Value spare;
@@ -135,13 +140,13 @@ private:
 
     void report(const AutomationError& error) {
         const std::string source = error.source().empty() ? std::string(own_source) : error.source();
-        TerminalErrorDisplay(terminal_).ZQ_gShowError(error.number(), source, error.description());
+        host_.create_error_display()->ZQ_gShowError(error.number(), source, error.description());
     }
 
     int finish() {
         if (host_.message_boxes().left_unanswered())
             terminal_.complain("Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.");
-        terminal_.write(host_.notices().failures_text());
+        host_.tell(host_.notices().failures_text());
         // A deletion says how many records it found before it deletes them. The question that fails counts as
         // answered no, without a word.
         if (options_.command == Command::delete_log && terminal_.outcome() == Outcome::done &&
@@ -150,7 +155,7 @@ private:
             terminal_.complain("Die Löschfrage ließ sich nicht stellen; es wurde nichts gelöscht.");
         }
         if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
-        if (!options_.quiet) terminal_.write(host_.notices().text());
+        if (!options_.quiet) host_.tell(host_.notices().text());
         return host_.finished_file().empty() ? exit_done : print(console_, host_.finished_file() + '\n');
     }
 

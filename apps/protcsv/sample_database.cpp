@@ -7,6 +7,7 @@
 
 #include "apps/protcsv/sample_sections.h"
 #include "platform/automation/error.h"
+#include "platform/portable/paths.h"
 
 namespace prot {
 namespace {
@@ -99,7 +100,7 @@ void write_sample_database(const std::string& path, const SampleOptions& options
 }
 
 bool is_sample_database(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(text_path(path), std::ios::binary);
     std::array<unsigned char, 4> bytes{};
     file.seekg(sample_mark_place);
     file.read(reinterpret_cast<char*>(bytes.data()), bytes.size());

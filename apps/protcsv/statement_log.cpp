@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/automation/error.h"
+#include "platform/portable/paths.h"
 
 namespace prot {
 
@@ -25,7 +26,7 @@ void write_line(std::ostream& file, const nlohmann::ordered_json& line) {
 }  // namespace
 
 StatementLog::StatementLog(Database& database, const std::string& path)
-    : database_(database), path_(path), file_(path, std::ios::binary | std::ios::trunc) {
+    : database_(database), path_(path), file_(text_path(path), std::ios::binary | std::ios::trunc) {
     if (!file_)
         throw AutomationError(ErrorNumber::file,
                               "Die Datei „" + path_ + "“ lässt sich nicht zum Schreiben öffnen.");

@@ -46,18 +46,17 @@ public:
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) noexcept override {
         if (!info) return E_POINTER;
         *info = nullptr;
-        return index == 0 ? type_information(__uuidof(Interface), info) : DISP_E_BADINDEX;
+        return index == 0 ? type_.get(info) : DISP_E_BADINDEX;
     }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID,
                                             DISPID* ids) noexcept override {
-        return iid == IID_NULL ? ids_of_names(__uuidof(Interface), names, count, ids)
-                               : DISP_E_UNKNOWNINTERFACE;
+        return iid == IID_NULL ? type_.ids_of_names(names, count, ids) : DISP_E_UNKNOWNINTERFACE;
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* arguments,
                                      VARIANT* result, EXCEPINFO* exception, UINT* bad) noexcept override {
         if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-        return invoke(__uuidof(Interface), static_cast<Interface*>(this),
-                      {member, flags, arguments, result, exception, bad});
+        return type_.invoke(static_cast<Interface*>(this),
+                            {member, flags, arguments, result, exception, bad});
     }
 
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) noexcept override {
@@ -69,6 +68,7 @@ protected:
 
 private:
     std::atomic<ULONG> references_ = 0;
+    TypeInformation type_{__uuidof(Interface)};
     module::Reference module_;
 };
 

@@ -2,7 +2,10 @@
 
 #include <windows.h>
 
+#include "platform/portable/help_topics.h"
 #include "platform/portable/pugi_xml_select.h"
+#include "platform/windows/browser_help_display.h"
+#include "platform/windows/finished_file.h"
 #include "platform/windows/suite_components.h"
 #include "platform/windows/system_names.h"
 #include "platform/windows/wide_text.h"
@@ -12,8 +15,8 @@ namespace prot {
 namespace {
 
 constexpr std::string_view no_form =
-    "Der Auswahldialog kann hier nicht gezeigt werden: Der Automatisierungsserver läuft nur mit einem "
-    "Parametertext, der für diesen Bereich vollständig ist (psCommandline mit \"/autostart\").";
+    "Ohne interaktiven Desktop lässt sich der Auswahldialog nicht zeigen: Der Automatisierungsserver braucht "
+    "dann einen Parametertext, der für diesen Bereich vollständig ist (psCommandline mit \"/autostart\").";
 
 /// The folder of batch files; empty: the current one.
 constexpr std::string_view output_folder_variable = "PROTCSV_AUSGABE";
@@ -21,11 +24,33 @@ constexpr std::string_view output_folder_variable = "PROTCSV_AUSGABE";
 /// For whoever watches the process with a debugger's eyes; nobody else is there to be told.
 void trace(const std::string& text) { OutputDebugStringW(to_wide("srvProtQRBCsv: " + text + "\n").c_str()); }
 
+/// Asks for the folder anew for each file, because an exporter keeps its writer for all of them.
+class ServerCsvWriter : public CsvWriter {
+public:
+    explicit ServerCsvWriter(CsvFileHost& host) : host_(host) {}
+
+    bool open(std::string& file_name, bool ask_user) override {
+        CsvFileOptions options;
+        options.folder = text_path(environment_text(output_folder_variable));
+        file_.emplace(std::move(options), host_);
+        return file_->open(file_name, ask_user);
+    }
+    void write_line(std::span<const std::string> cells) override { file_->write_line(cells); }
+    void close() override { file_->close(); }
+    void show() override { file_->show(); }
+
+private:
+    CsvFileHost& host_;
+    std::optional<CsvFileWriter> file_;
+};
+
 }  // namespace
 
 ServerHost::ServerHost()
     : message_boxes_([this](AutomationError error) { refuse(std::move(error)); }),
-      environment_{*this, message_boxes_, *this, pointer_, *this, clock_, *this} {}
+      forms_([this] { refuse_form(); }),
+      save_dialog_(message_boxes_, [this] { refuse_form(); }),
+      environment_{*this, message_boxes_, forms_, pointer_, *this, clock_, *this} {}
 
 void ServerHost::begin(HostDatabase& database) {
     database_ = &database;
@@ -43,24 +68,25 @@ void ServerHost::abandon() noexcept {
 }
 
 std::unique_ptr<CsvWriter> ServerHost::create_csv_writer() {
-    CsvFileOptions options;
-    options.folder = text_path(environment_text(output_folder_variable));
-    return std::make_unique<CsvFileWriter>(std::move(options), static_cast<CsvFileHost&>(*this));
+    return std::make_unique<ServerCsvWriter>(static_cast<CsvFileHost&>(*this));
 }
 
 std::unique_ptr<XmlSelect> ServerHost::create_xml_select() { return create_pugi_xml_select(); }
 std::unique_ptr<ErrorDisplay> ServerHost::create_error_display() { return suite_error_display(); }
-std::unique_ptr<HelpDisplay> ServerHost::create_help_display() { return suite_help_display(); }
+std::unique_ptr<HelpDisplay> ServerHost::create_help_display() {
+    return help_display([](std::string_view map_file, std::string_view help_id) {
+        return HelpTopics::beside_program().page(map_file, help_id);
+    });
+}
 
-std::optional<std::string> ServerHost::ask_file_name(const std::string& /*suggestion*/) {
-    refuse({ErrorNumber::internal, std::string(no_form)});
-    return std::nullopt;
+std::optional<std::string> ServerHost::ask_file_name(const std::string& suggestion) {
+    return save_dialog_.ask(suggestion, environment_text(output_folder_variable));
 }
 
 void ServerHost::unfinished_file(const std::string& /*path*/) {}
 void ServerHost::file_finished(const std::string& path) { trace("geschrieben: " + path); }
 void ServerHost::characters_replaced(const std::string& path) { trace("Zeichen ersetzt: " + path); }
-void ServerHost::show_file(const std::string& /*path*/) {}
+void ServerHost::show_file(const std::string& path) { open_finished_file(path, message_boxes_); }
 
 std::array<std::string, 10> ServerHost::fields(int code) {
     std::optional<std::array<std::string, 10>> answer;
@@ -69,13 +95,6 @@ std::array<std::string, 10> ServerHost::fields(int code) {
     std::array<std::string, 10> texts;
     texts.back() = computer_name();
     return texts;
-}
-
-void ServerHost::standard_setup(Form& /*form*/, int /*code*/) {}
-
-void ServerHost::show_modal(Form& form) {
-    form.shown = false;
-    refuse({ErrorNumber::internal, std::string(no_form)});
 }
 
 void ServerHost::field_without_caption(std::string_view table, std::string_view column) {
@@ -89,6 +108,8 @@ void ServerHost::lookup_failed(std::string_view error) {
 void ServerHost::unreadable_document(std::int64_t log_id) {
     trace("Protokollsatz nicht lesbar: " + std::to_string(log_id));
 }
+
+void ServerHost::refuse_form() { refuse({ErrorNumber::internal, std::string(no_form)}); }
 
 void ServerHost::refuse(AutomationError error) {
     if (!refusal_) refusal_ = std::move(error);

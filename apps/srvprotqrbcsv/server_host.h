@@ -10,18 +10,19 @@
 #include "platform/portable/csv_file_writer.h"
 #include "platform/portable/system_clock.h"
 #include "platform/windows/host_database.h"
+#include "platform/windows/save_dialog.h"
 #include "platform/windows/system_message_boxes.h"
 #include "platform/windows/system_pointer.h"
+#include "platform/windows/window_forms.h"
 
 namespace prot {
 
-/// The outside world of one automation object: the system's boxes and pointer, files, the suite's components.
-/// What a run cannot show to a person becomes the error of its call, because the procedures between here and
-/// there end their errors themselves.
+/// The outside world of one automation object: the system's windows and pointer, files, the suite's
+/// components. What a run cannot show to a person becomes the error of its call, because the procedures
+/// between here and there end their errors themselves.
 class ServerHost : private Components,
                    private CsvFileHost,
                    private ConnectionInformation,
-                   private FormDisplay,
                    private ExportNotices {
 public:
     ServerHost();
@@ -49,18 +50,18 @@ private:
 
     std::array<std::string, 10> fields(int code) override;
 
-    void standard_setup(Form& form, int code) override;
-    void show_modal(Form& form) override;
-
     void field_without_caption(std::string_view table, std::string_view column) override;
     void lookup_failed(std::string_view error) override;
     void unreadable_document(std::int64_t log_id) override;
 
+    void refuse_form();
     void refuse(AutomationError error);
 
     HostDatabase* database_ = nullptr;  // during a run
     std::optional<AutomationError> refusal_;
     SystemMessageBoxes message_boxes_;
+    WindowForms forms_;
+    SaveDialog save_dialog_;
     SystemPointer pointer_;
     SystemClock clock_;
     Environment environment_;

@@ -2,8 +2,9 @@
 //
 //   cscript //nologo export.js "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15 C:\Protokolle
 //
-// Arguments: connection string, number of the section, folder of the file. The language has no arrays of two
-// dimensions of its own, but it can pass on the one that GetRows makes.
+// Arguments: connection string, number of the section, folder of the file (the environment variable
+// PROTCSV_AUSGABE goes before it). The language has no arrays of two dimensions of its own, but it can pass on the one
+// that GetRows makes.
 
 function Database(text) {
     var connection = new ActiveXObject("ADODB.Connection");
@@ -40,11 +41,13 @@ function Database(text) {
     this.LikeWildcard = function (flag) { return "%"; };
 }
 
-// The progress object; both members are needed.
+// The progress object; both members are needed. Index and count arrive by reference, which not every engine of the
+// language can read, so it counts for itself.
+var records = 0;
 var progress = {
     gRefresh: function () {},
-    gSetFortschritt: function (index, count) {
-        if (index % 1000 === 0) WScript.Echo(index + " von " + count);
+    gSetFortschritt: function () {
+        if (++records % 1000 === 0) WScript.Echo(records + " Sätze");
     }
 };
 
@@ -52,7 +55,7 @@ if (WScript.Arguments.Length !== 3) {
     WScript.Echo("Aufruf: export.js VERBINDUNG BEREICH ORDNER");
     WScript.Quit(2);
 }
-new ActiveXObject("WScript.Shell").Environment("PROCESS")("PROTCSV_AUSGABE") = WScript.Arguments(2);
+new ActiveXObject("WScript.Shell").CurrentDirectory = WScript.Arguments(2);
 
 var section = parseInt(WScript.Arguments(1), 10);
 var server = new ActiveXObject("srvProtQRBCsv.ProtCsvClass");

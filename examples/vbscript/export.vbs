@@ -2,11 +2,12 @@
 '
 '   cscript //nologo export.vbs "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15 C:\Protokolle
 '
-' Arguments: connection string, number of the section, folder of the file.
+' Arguments: connection string, number of the section, folder of the file (the environment variable PROTCSV_AUSGABE goes
+' before it).
 Option Explicit
 
 ' The database object that the server asks. Every statement of the server goes through it.
-Class Database
+Class HostDatabase
     Private connection
 
     Public Sub Connect(text)
@@ -53,7 +54,7 @@ Class Database
 End Class
 
 ' The progress object; both members are needed.
-Class Progress
+Class HostProgress
     Public Sub gRefresh()
     End Sub
 
@@ -67,13 +68,13 @@ If WScript.Arguments.Count <> 3 Then
     WScript.Echo "Aufruf: export.vbs VERBINDUNG BEREICH ORDNER"
     WScript.Quit 2
 End If
-CreateObject("WScript.Shell").Environment("PROCESS")("PROTCSV_AUSGABE") = WScript.Arguments(2)
+CreateObject("WScript.Shell").CurrentDirectory = WScript.Arguments(2)
 
-Set database = New Database
+Set database = New HostDatabase
 database.Connect WScript.Arguments(0)
 
 Set server = CreateObject("srvProtQRBCsv.ProtCsvClass")
-Set server.poParent = New Progress
+Set server.poParent = New HostProgress
 server.psCommandline = "/sektion:" & WScript.Arguments(1) & "/autostart"
 
 On Error Resume Next

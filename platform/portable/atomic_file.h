@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "platform/automation/error.h"
+#include "platform/portable/paths.h"
 
 namespace prot {
 
@@ -44,20 +45,20 @@ public:
     /// A file to be written to `target`; nothing is made yet. Fails when `target` is a folder or names no
     /// file.
     ///
-    /// The file is made in the target's folder under a name of its own, readable by its owner only, and
-    /// renamed over the target when complete, with the permissions of the user's umask. Where `target` is a
-    /// symbolic link, the link stays and the file that it leads to is replaced. A target that is not a
-    /// regular file (a device, a pipe), or is reached through the system's own links (/dev/stdout), is
-    /// written directly.
+    /// The file is made in the target's folder under a name of its own and renamed over the target when
+    /// complete. A target that is not a regular file (a device, a pipe) is written directly.
+    ///
+    /// POSIX: until complete only its owner can read it, then it has the permissions of the user's umask.
+    /// Where `target` is a symbolic link, the link stays and the file that it leads to is replaced. What is
+    /// reached through the system's own links (/dev/stdout) is written directly.
+    ///
+    /// Windows: it has the permissions that its folder hands down; a symbolic link itself is replaced. A
+    /// target that another program has open is an error at complete.
     virtual std::unique_ptr<PendingFile> prepare(const std::filesystem::path& target) = 0;
 };
 
 /// The files of the system that the program runs on.
 FileLayer& system_files();
-
-/// The path as UTF-8, and back.
-std::string path_text(const std::filesystem::path& path);
-std::filesystem::path text_path(std::string_view text);
 
 /// The error of a file that cannot be written: number ErrorNumber::file, no source; the description is one
 /// German line with the path (lexically normal, control characters as "?") and the reason.

@@ -83,12 +83,12 @@ private:
             throw file_error(text_path(name), "der Name enthält ein Nullzeichen");
         }
         const std::filesystem::path file = text_path(name);
-        const std::filesystem::path target = options_.folder / file;
+        const std::filesystem::path target = joined_path(options_.folder, file);
         require_own_file(target);
-        if (file.is_relative() && !options_.folder.empty()) files_.make_folder(options_.folder);
+        if (!is_absolute_path(file) && !options_.folder.empty()) files_.make_folder(options_.folder);
         std::unique_ptr<PendingFile> pending = files_.prepare(target);
         encoder_.emplace(options_.separator, options_.encoding, options_.raw_cells);
-        path_ = path_text(target.lexically_normal());
+        path_ = path_text(shortest_path(target));
         file_ = std::move(pending);
         try {
             const std::filesystem::path& temporary = file_->temporary_path();

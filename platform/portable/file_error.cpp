@@ -39,34 +39,30 @@ constexpr Reason reasons[] = {
 };
 // clang-format on
 
+// Standard C++ has no name for it.
+#ifdef _WIN32
+constexpr int quota_exhausted = 1295;  // ERROR_DISK_QUOTA_EXCEEDED
+#else
+constexpr int quota_exhausted = EDQUOT;
+#endif
+
 std::string reason_text(std::error_code reason) {
     const auto* const found = std::find_if(std::begin(reasons), std::end(reasons),
                                            [&](const Reason& row) { return reason == row.code; });
     if (found != std::end(reasons)) return std::string(found->text);
-#ifdef EDQUOT
-    if (reason.value() == EDQUOT) return "das Speicherkontingent ist erschöpft";
-#endif
+    if (reason.value() == quota_exhausted) return "das Speicherkontingent ist erschöpft";
     return "Systemfehler " + std::to_string(reason.value());
 }
 
 // One line, whatever the path holds.
 std::string shown(const std::filesystem::path& path) {
-    std::string text = path_text(path.lexically_normal());
+    std::string text = path_text(shortest_path(path));
     std::replace_if(
         text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, '?');
     return text;
 }
 
 }  // namespace
-
-std::string path_text(const std::filesystem::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
-
-std::filesystem::path text_path(std::string_view text) {
-    return std::filesystem::path(std::u8string(text.begin(), text.end()));
-}
 
 AutomationError file_error(const std::filesystem::path& path, std::string_view reason) {
     return {ErrorNumber::file,

@@ -1,8 +1,8 @@
 #include "platform/portable/sqlite_database.h"
 
 #include <cstdio>
-#include <filesystem>
 
+#include "platform/portable/paths.h"
 #include "platform/portable/sqlite_cells.h"
 #include "platform/portable/sqlite_connection.h"
 #include "platform/portable/sqlite_statements.h"
@@ -113,11 +113,7 @@ public:
 private:
     static constexpr int server_name = 1206;
 
-    std::string file_name() const {
-        const std::filesystem::path path(std::u8string(path_.begin(), path_.end()));
-        const std::u8string name = path.filename().u8string();
-        return {name.begin(), name.end()};
-    }
+    std::string file_name() const { return path_text(text_path(path_).filename()); }
 
     std::string path_;
 };

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <system_error>
 
-#include "platform/portable/atomic_file.h"
+#include "platform/portable/paths.h"
 #include "platform/portable/sqlite_connection.h"
 
 namespace prot {
@@ -77,7 +77,7 @@ std::string check_sqlite_file(const std::string& path) {
     if (status.type() != fs::file_type::regular) refuse(SQLITE_CANTOPEN, "ist keine gewöhnliche Datei");
     if (fs::file_size(file, error) == 0 && !error)
         refuse(SQLITE_NOTADB, "ist leer und enthält keine Datenbank");
-    return path_text(fs::absolute(file));
+    return path_text(absolute_path(file));
 }
 
 void refuse_sqlite_file(const std::string& path, int code, std::string_view message) {

@@ -12,6 +12,13 @@ namespace prot {
 /// How a run ended, in ascending precedence: a run that was cancelled after an error has failed.
 enum class Outcome { done, cancelled, failed, refused };
 
+/// How a person at the keyboard ends the input.
+#ifdef _WIN32
+inline constexpr std::string_view cancel_hint = "Strg-Z+Eingabe bricht ab";
+#else
+inline constexpr std::string_view cancel_hint = "Strg-D bricht ab";
+#endif
+
 struct TerminalSettings {
     std::string program;                 ///< begins every line the terminal says of its own accord
     std::ostream* output = nullptr;      ///< questions, messages, status line

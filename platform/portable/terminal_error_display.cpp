@@ -2,7 +2,6 @@
 
 #include <cinttypes>
 #include <cstdio>
-#include <string>
 
 namespace prot {
 
@@ -28,11 +27,16 @@ std::string indented(std::string_view text) {
 
 }  // namespace
 
+std::string problem_report_text(std::int32_t number, std::string_view source, std::string_view description) {
+    return "Fehler-Nr: " + number_text(number) + "\nFehlerquelle: " + indented(source) +
+           "\nBeschreibung: " + indented(description);
+}
+
 void TerminalErrorDisplay::ZQ_gShowError(std::int32_t lNummer, std::string_view sQuelle,
                                          std::string_view sBeschreibung) {
     terminal_.note(Outcome::failed);
-    terminal_.write("Problembericht\nFehler-Nr: " + number_text(lNummer) + "\nFehlerquelle: " +
-                    indented(sQuelle) + "\nBeschreibung: " + indented(sBeschreibung) + '\n');
+    terminal_.write(std::string(problem_report_title) + '\n' +
+                    problem_report_text(lNummer, sQuelle, sBeschreibung) + '\n');
 }
 
 }  // namespace prot

@@ -8,7 +8,8 @@ namespace prot {
 
 namespace {
 
-constexpr std::string_view hint = "(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, Strg-D bricht ab)\n";
+const std::string hint =
+    "(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, " + std::string(cancel_hint) + ")\n";
 constexpr std::string_view help_request = "?";
 constexpr std::size_t entries_in_a_refusal = 20;
 

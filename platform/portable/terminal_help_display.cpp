@@ -2,9 +2,18 @@
 
 namespace prot {
 
+std::string missing_topic_text(std::string_view map_file, std::string_view help_id) {
+    return "Das Thema " + std::string(help_id) + " (" + std::string(map_file) +
+           ") fehlt; die Hilfe gehört in den Ordner „hilfe“ neben dem Programm.";
+}
+
 bool TerminalHelpDisplay::show_topic(std::string_view map_file, std::string_view help_id) {
-    terminal_.write("Hilfe: Thema " + std::string(help_id) + " in " + std::string(map_file) + '\n');
-    return true;
+    if (const std::optional<std::string> text = topics_.text(map_file, help_id)) {
+        terminal_.write('\n' + *text + '\n');
+        return true;
+    }
+    terminal_.write("Hilfe: " + missing_topic_text(map_file, help_id) + '\n');
+    return false;
 }
 
 }  // namespace prot

@@ -1,12 +1,11 @@
 #include "platform/portable/terminal_message_boxes.h"
 
 #include "platform/automation/letter_case.h"
+#include "platform/portable/terminal_error_display.h"
 
 namespace prot {
 
 namespace {
-
-constexpr std::string_view problem_report_title = "Problembericht";
 
 bool is_yes(std::string_view answer) { return answer == "ja" || answer == "j"; }
 bool is_no(std::string_view answer) { return answer.empty() || answer == "nein" || answer == "n"; }
@@ -15,8 +14,11 @@ bool is_no(std::string_view answer) { return answer.empty() || answer == "nein" 
 
 BoxAnswer TerminalMessageBoxes::show(std::string_view text, BoxStyle style, std::string_view title) {
     terminal_.write("[" + std::string(title) + "] " + std::string(text) + '\n');
+    return note(style == BoxStyle::question_yes_no ? ask() : BoxAnswer::ok, title);
+}
+
+BoxAnswer TerminalMessageBoxes::note(BoxAnswer answer, std::string_view title) {
     if (title == problem_report_title) terminal_.note(Outcome::failed);
-    const BoxAnswer answer = style == BoxStyle::question_yes_no ? ask() : BoxAnswer::ok;
     if (answer == BoxAnswer::no) terminal_.note(Outcome::cancelled);
     shown_ = true;
     return answer;

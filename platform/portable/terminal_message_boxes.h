@@ -15,6 +15,12 @@ public:
 
     BoxAnswer show(std::string_view text, BoxStyle style, std::string_view title) override;
 
+    /// Marks the run by a box that was shown elsewhere, with its answer, which is returned.
+    BoxAnswer note(BoxAnswer answer, std::string_view title);
+
+    /// Whether the run was told beforehand to answer yes.
+    bool answers_yes() const { return answer_yes_; }
+
     /// Whether a question was answered no because nobody was there to be asked.
     bool left_unanswered() const { return left_unanswered_; }
 

@@ -14,7 +14,6 @@ namespace prot {
 namespace {
 
 constexpr std::string_view error_class = "srvZQ.ZQErrorClass";
-constexpr std::string_view help_class = "srvZQ.ZQHelpClass";
 
 /// Component cannot create object.
 constexpr auto error_not_created = static_cast<std::int32_t>(0x800A01AD);
@@ -68,6 +67,11 @@ ComPtr<IDispatch> create_component(std::string_view program_id) {
                               "Die Komponente " + std::string(program_id) +
                                   " lässt sich nicht erstellen: " + system_text(result));
     return object;
+}
+
+bool is_registered(std::string_view program_id) noexcept {
+    CLSID class_id = {};
+    return SUCCEEDED(CLSIDFromProgID(to_wide(program_id).c_str(), &class_id));
 }
 
 std::unique_ptr<ErrorDisplay> suite_error_display() { return std::make_unique<SuiteErrorDisplay>(); }

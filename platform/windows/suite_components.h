@@ -16,8 +16,13 @@ namespace prot {
 /// and says why.
 ComPtr<IDispatch> create_component(std::string_view program_id);
 
+/// Whether the system knows a class of that name.
+bool is_registered(std::string_view program_id) noexcept;
+
 /// The problem report, srvZQ.ZQErrorClass.
 std::unique_ptr<ErrorDisplay> suite_error_display();
+
+inline constexpr std::string_view help_class = "srvZQ.ZQHelpClass";
 
 /// The help viewer, srvZQ.ZQHelpClass. Its show-help operation is the first own member that its type
 /// information tells of, when that takes the three arguments help map, help id and result; else the member

@@ -12,7 +12,10 @@
 #include <string>
 #include <vector>
 
+#include "tests/golden/program.h"
+
 /// Whole runs of the program. Each folder beside this file is a case:
+// clang-format off
 ///   purpose.txt      why the case exists
 ///   command.txt      the arguments, as a shell reads them; $DB is the database, $OUT an empty folder
 ///   input.sql        makes the database, on top of schema.sql; without it the case runs on the sample database
@@ -20,10 +23,14 @@
 ///   expected.csv     the file whose path the program printed; absent when it must print none
 ///   expected.sql     every statement sent, one a line; absent when the case does not look at them
 ///   expected.txt     exit status, standard error, and what the log holds afterwards
+// clang-format on
 /// PROT_UPDATE_GOLDEN=1 rewrites the expected files; the difference is reviewed before it is committed.
+/// PROT_PROGRAM_COMMAND names another program to run, such as the Windows one under Wine.
 namespace {
 
 namespace fs = std::filesystem;
+using prot::test::program_command;
+using prot::test::with_own_paths;
 
 const fs::path cases_folder = fs::path(PROT_SOURCE_DIR) / "tests" / "golden";
 
@@ -100,7 +107,9 @@ protected:
         EXPECT_EQ(read(folder / file), actual) << "in " << folder / file;
     }
     std::string quoted(const fs::path& path) const { return "'" + path.string() + "'"; }
-    std::string without_work_folder(std::string text) const {
+    /// Standard error without what differs from run to run.
+    std::string complaints() const {
+        std::string text = with_own_paths(read(work / "stderr"), "out");
         for (std::size_t at; (at = text.find(work.string())) != std::string::npos;)
             text.replace(at, work.string().size(), "$WORK");
         return text;
@@ -112,21 +121,23 @@ TEST_P(Golden, Case) {
     if (fs::exists(folder / "input.sql"))
         make_database(database, folder / "input.sql");
     else
-        ASSERT_EQ(run_shell(std::string(PROT_PROGRAM) + " sample " + quoted(database) + " >/dev/null"), 0);
+        ASSERT_EQ(run_shell("cd " + quoted(work) + " && " + program_command() + " sample log.db >/dev/null"),
+                  0);
 
     std::string arguments = read(folder / "command.txt");
     arguments.erase(arguments.find_last_not_of('\n') + 1);
     const fs::path answers =
         fs::exists(folder / "answers.txt") ? folder / "answers.txt" : fs::path("/dev/null");
-    const int status = run_shell("cd " + quoted(work) + " && DB=log.db OUT=out && " + PROT_PROGRAM + " " +
-                                 arguments + " --sql-log sql.json <" + quoted(answers) + " >stdout 2>stderr");
+    const int status =
+        run_shell("cd " + quoted(work) + " && DB=log.db OUT=out && " + program_command() + " " + arguments +
+                  " --sql-log sql.json <" + quoted(answers) + " >stdout 2>stderr");
 
-    compare("exit " + std::to_string(status) + "\n" + without_work_folder(read(work / "stderr")) +
-                "log records " + rows_in(database, "tProtokoll") + ", memo records " +
-                rows_in(database, "tProtokollMemo") + "\n",
+    compare("exit " + std::to_string(status) + "\n" + complaints() + "log records " +
+                rows_in(database, "tProtokoll") + ", memo records " + rows_in(database, "tProtokollMemo") +
+                "\n",
             "expected.txt");
     const bool updating = std::getenv("PROT_UPDATE_GOLDEN") != nullptr;
-    std::string printed = read(work / "stdout");
+    std::string printed = with_own_paths(read(work / "stdout"), "out");
     const bool wrote_file = !printed.empty();
     if (wrote_file) {
         ASSERT_EQ(printed.find('\n'), printed.size() - 1) << "exactly one path";

@@ -7,6 +7,8 @@
 #include <sstream>
 #include <string>
 
+#include "tests/golden/program.h"
+
 /// Two runs of the program at the same time.
 namespace {
 
@@ -22,7 +24,7 @@ std::string read(const fs::path& path) {
 TEST(TwoRuns, WriteTheSameFileOneAfterTheOtherAndLeaveItWhole) {
     const fs::path work = fs::temp_directory_path() / ("two-runs-" + std::to_string(getpid()));
     fs::create_directories(work);
-    const std::string program = PROT_PROGRAM;
+    const std::string program = prot::test::program_command();
     const std::string run = program + " export --db log.db --section 15 --quiet --answers answers.txt --out ";
     const std::string script = "set -em; cd '" + work.string() + "'; " + program +
                                " sample log.db --rows 20000 >/dev/null; printf '\\n\\n\\n' >answers.txt; " +
@@ -33,8 +35,8 @@ TEST(TwoRuns, WriteTheSameFileOneAfterTheOtherAndLeaveItWhole) {
                   ("bash '" + (work / "script").string() + "' 2>'" + (work / "err").string() + "'").c_str()),
               0)
         << read(work / "err");
-    EXPECT_EQ(read(work / "first"), "both/Prot_Devisenkurse.csv\n");
-    EXPECT_EQ(read(work / "second"), "both/Prot_Devisenkurse.csv\n");
+    EXPECT_EQ(prot::test::with_own_paths(read(work / "first"), "both"), "both/Prot_Devisenkurse.csv\n");
+    EXPECT_EQ(prot::test::with_own_paths(read(work / "second"), "both"), "both/Prot_Devisenkurse.csv\n");
     EXPECT_FALSE(read(work / "alone/Prot_Devisenkurse.csv").empty());
     EXPECT_TRUE(read(work / "both/Prot_Devisenkurse.csv") == read(work / "alone/Prot_Devisenkurse.csv"));
     EXPECT_EQ(std::distance(fs::directory_iterator(work / "both"), fs::directory_iterator()), 1)

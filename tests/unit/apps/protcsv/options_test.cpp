@@ -27,11 +27,11 @@ std::string refusal(const Arguments& arguments) {
 
 TEST(Options, ReadsAnExport) {
     const Options options =
-        parse({"export",    "--db",        "x.db",       "--section",  "exchange-rates", "--user",
-               "O'Neil",    "--from",      "2026-01-01", "--to",       "31.12.2026",     "--events",
-               "created",   "--params",    "/autostart", "--out",      "ordner",         "--sql-log",
-               "log",       "--separator", "tab",        "--encoding", "utf-8",          "--raw-cells",
-               "--answers", "-",           "--quiet"});
+        parse({"export",  "--db",        "x.db",       "--section",  "exchange-rates", "--user",
+               "O'Neil",  "--from",      "2026-01-01", "--to",       "31.12.2026",     "--events",
+               "created", "--params",    "/autostart", "--out",      "ordner",         "--sql-log",
+               "log",     "--separator", "tab",        "--encoding", "utf-8",          "--raw-cells",
+               "--plain", "--answers",   "-",          "--quiet"});
     EXPECT_EQ(options.command, Command::export_log);
     EXPECT_EQ(options.database, "x.db");
     EXPECT_EQ(options.request.section, 15);
@@ -46,6 +46,7 @@ TEST(Options, ReadsAnExport) {
     EXPECT_TRUE(options.csv.raw_cells);
     EXPECT_EQ(options.statement_log, "log");
     EXPECT_EQ(options.answers, "-");
+    EXPECT_TRUE(options.plain);
     EXPECT_TRUE(options.quiet);
 }
 
@@ -55,6 +56,7 @@ TEST(Options, LeavesTheDefaultsOfAnExportWithoutOptions) {
     EXPECT_TRUE(options.request.from.is_null());
     EXPECT_TRUE(options.request.to.is_null());
     EXPECT_EQ(options.request.events, 7);
+    EXPECT_FALSE(options.plain);
     EXPECT_EQ(options.parameters, "");
     EXPECT_EQ(options.csv.folder, "");
     EXPECT_EQ(options.csv.separator, ";");

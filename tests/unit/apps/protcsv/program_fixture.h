@@ -1,8 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -12,8 +10,7 @@
 #include "apps/protcsv/program.h"
 #include "apps/protcsv/sample_database.h"
 #include "core/section_table.h"
-
-#include <unistd.h>
+#include "tests/unit/platform/portable/temporary_folder.h"
 
 namespace prot::test {
 
@@ -23,15 +20,15 @@ SectionTable scripted_sections();
 /// Runs the whole program in this process, with streams of text and a folder of its own.
 class ProgramTest : public testing::Test {
 protected:
-    ProgramTest() { std::filesystem::create_directories(folder_); }
-    ~ProgramTest() override { std::filesystem::remove_all(folder_); }
-
-    std::string path(const std::string& name) const { return (folder_ / name).string(); }
+    /// As the system writes paths.
+    std::string path(const std::string& name) const {
+        return path_text(text_path(folder_.text(name)).make_preferred());
+    }
 
     /// The path of a database; made at the first call.
     std::string database() const {
         const std::string file = path("x.db");
-        if (!std::filesystem::exists(file)) write_sample_database(file, {});
+        if (!std::filesystem::exists(text_path(file))) write_sample_database(file, {});
         return file;
     }
 
@@ -52,16 +49,13 @@ protected:
         return run(more);
     }
 
-    std::string read(const std::string& name) const {
-        std::ifstream file(path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::string read(const std::string& name) const { return content_of(text_path(path(name))); }
+
+    void write(const std::string& name, const std::string& text) const {
+        write_file(text_path(path(name)), text);
     }
 
-    void write(const std::string& name, const std::string& text) const { std::ofstream(path(name)) << text; }
-
-    std::size_t files() const {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder_), {}));
-    }
+    std::size_t files() const { return folder_.entries(); }
 
     std::string input;
     bool in_is_terminal = false;
@@ -70,9 +64,7 @@ protected:
     std::string errors;  ///< standard error of the last run
 
 private:
-    const std::filesystem::path folder_ = std::filesystem::temp_directory_path() /
-                                          ("protcsv_" + std::to_string(getpid()) + "_" +
-                                           testing::UnitTest::GetInstance()->current_test_info()->name());
+    const TemporaryFolder folder_;
 };
 
 }  // namespace prot::test

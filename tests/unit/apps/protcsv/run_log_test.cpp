@@ -1,5 +1,6 @@
 #include <nlohmann/json.hpp>
 
+#include "platform/portable/terminal.h"
 #include "tests/unit/apps/protcsv/program_fixture.h"
 
 namespace prot::test {
@@ -118,9 +119,10 @@ TEST_F(RunLog, IsCancelledWhenTheAnswersRunOut) {
 TEST_F(RunLog, IsCancelledAtTheEndOfATerminalsInput) {
     in_is_terminal = err_is_terminal = true;
     EXPECT_EQ(run_section("export", "form"), 3);
-    EXPECT_EQ(errors,
-              "Auswahl\n(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, Strg-D bricht ab)\nWährung "
-              "[EUR]: \n");
+    EXPECT_EQ(errors, "Auswahl\n(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, " +
+                          std::string(cancel_hint) +
+                          ")\nWährung "
+                          "[EUR]: \n");
 }
 
 TEST_F(RunLog, TakesAnEmptyAnswersFileForOneEmptyAnswer) {

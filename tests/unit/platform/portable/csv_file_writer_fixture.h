@@ -22,13 +22,13 @@ struct RecordingHost : CsvFileHost {
         return choice;
     }
     void unfinished_file(const std::string& path) override {
-        EXPECT_FALSE(std::filesystem::exists(last_unfinished)) << "told after the removal";
-        EXPECT_FALSE(std::filesystem::exists(path)) << "told before the file is made";
+        EXPECT_FALSE(std::filesystem::exists(text_path(last_unfinished))) << "told after the removal";
+        EXPECT_FALSE(std::filesystem::exists(text_path(path))) << "told before the file is made";
         told.push_back(path.empty() ? "no unfinished file" : "unfinished file");
         last_unfinished = path;
     }
     void file_finished(const std::string& path) override {
-        EXPECT_TRUE(std::filesystem::exists(path)) << path;
+        EXPECT_TRUE(std::filesystem::exists(text_path(path))) << path;
         told.push_back("finished " + path);
     }
     void characters_replaced(const std::string& path) override { told.push_back("replaced " + path); }

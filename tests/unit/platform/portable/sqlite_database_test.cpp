@@ -151,7 +151,7 @@ TEST_F(SqliteDatabaseTest, AnswersEverythingWithTheErrorOfAFailedConnection) {
     for (int i = 0; i < 200; ++i) filler += "INSERT INTO U VALUES (hex(randomblob(500)));";
     write("CREATE TABLE U (a);" + filler);
     const auto database = open();
-    const auto size = std::filesystem::file_size(path());
+    const auto size = static_cast<std::size_t>(std::filesystem::file_size(path()));
     std::fstream file(path(), std::ios::in | std::ios::out | std::ios::binary);
     file.seekp(4096 * 3);  // the schema and the first pages stay whole
     file << std::string(size - 4096 * 3, '\xFF');

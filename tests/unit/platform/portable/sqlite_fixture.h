@@ -2,31 +2,21 @@
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "platform/automation/error.h"
 #include "platform/automation/text_forms.h"
 #include "platform/portable/sqlite_database.h"
+#include "tests/unit/platform/portable/temporary_folder.h"
 
 namespace prot {
 
 /// A temporary folder of the running test, with a database file in it that is written by plain SQLite.
 class SqliteFixture : public testing::Test {
 protected:
-    SqliteFixture() {
-        const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
-        folder_ = std::filesystem::temp_directory_path() / (std::string(test->test_suite_name()) + "." +
-                                                            test->name() + "." + std::to_string(getpid()));
-        std::filesystem::create_directories(folder_);
-    }
-    ~SqliteFixture() override { std::filesystem::remove_all(folder_); }
-
-    std::string path(const std::string& name = "x.db") const { return (folder_ / name).string(); }
+    std::string path(const std::string& name = "x.db") const { return folder_.text(name); }
 
     /// Runs SQLite's own dialect on the file; makes the file when there is none.
     void write(const std::string& sql) const {
@@ -38,13 +28,13 @@ protected:
         sqlite3_close(handle);
     }
 
-    void write_bytes(const std::string& bytes) const { std::ofstream(path(), std::ios::binary) << bytes; }
+    void write_bytes(const std::string& bytes) const { write_file(text_path(path()), bytes); }
 
     std::unique_ptr<Database> open(SqliteAccess access = SqliteAccess::read_only) const {
         return open_sqlite_database(path(), access);
     }
 
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
 };
 
 /// The error that `action` raises; number 0 when it raises none.

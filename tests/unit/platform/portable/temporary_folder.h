@@ -1,12 +1,16 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
+#include <system_error>
+
+#include "platform/portable/paths.h"
 
 namespace prot {
 
@@ -15,8 +19,10 @@ class TemporaryFolder {
 public:
     TemporaryFolder() {
         const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+        const std::string name = std::string(test.test_suite_name()) + "-" + test.name();
+        // Tests run at the same time, also the same one from several builds.
         path_ = std::filesystem::temp_directory_path() /
-                ("prot-" + std::to_string(::getpid()) + "-" + test.test_suite_name() + "-" + test.name());
+                ("prot-" + std::to_string(std::random_device()()) + "-" + name_of_file(name));
         std::filesystem::create_directories(path_);
     }
     ~TemporaryFolder() {
@@ -28,6 +34,8 @@ public:
 
     const std::filesystem::path& path() const { return path_; }
     std::filesystem::path operator/(const std::filesystem::path& name) const { return path_ / name; }
+    /// The path of `name` in it, as UTF-8.
+    std::string text(const std::string& name) const { return path_text(path_ / text_path(name)); }
 
     /// How many files and folders lie in it.
     std::size_t entries() const {
@@ -36,24 +44,13 @@ public:
     }
 
 private:
+    // A parameter's test has a slash in its name.
+    static std::string name_of_file(std::string name) {
+        std::ranges::replace(name, '/', '-');
+        return name;
+    }
+
     std::filesystem::path path_;
-};
-
-/// An ordinary user's rights while it lives, when the tests run as root, whom no permission stops.
-class OrdinaryUser {
-public:
-    OrdinaryUser() {
-        constexpr uid_t nobody = 65534;
-        EXPECT_TRUE(!was_root_ || (::setegid(nobody) == 0 && ::seteuid(nobody) == 0));
-    }
-    ~OrdinaryUser() {
-        EXPECT_TRUE(!was_root_ || (::seteuid(0) == 0 && ::setegid(0) == 0));
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    bool was_root_ = ::geteuid() == 0;
 };
 
 inline std::string content_of(const std::filesystem::path& file) {

@@ -136,9 +136,10 @@ TEST_F(TerminalFormsTest, ShowsEntriesAndHelpForAQuestionMarkAtTheKeyboard) {
     settings.keyboard = &keyboard;
     EXPECT_EQ(show(), Outcome::done);
     EXPECT_EQ(keys, std::vector<int>{key_f1});
-    EXPECT_EQ(output.str(),
-              "Protokollausgabe\n(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, Strg-D bricht ab)\n"
-              "von [AUD]: Auswahl: AUD, EUR, ÖRE\nvon [AUD]: bis [ÖRE]: ");
+    EXPECT_EQ(output.str(), "Protokollausgabe\n(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, " +
+                                std::string(cancel_hint) +
+                                ")\n"
+                                "von [AUD]: Auswahl: AUD, EUR, ÖRE\nvon [AUD]: bis [ÖRE]: ");
 }
 
 TEST_F(TerminalFormsTest, TakesAQuestionMarkInPreparedAnswersForAnAnswer) {

@@ -11,17 +11,17 @@
 namespace prot {
 namespace {
 
-class InterruptionTest : public testing::TestWithParam<int> {
+class InterruptionPosixTest : public testing::TestWithParam<int> {
 protected:
-    InterruptionTest() { std::ofstream(path) << "halb"; }
-    ~InterruptionTest() override { std::filesystem::remove(path); }
+    InterruptionPosixTest() { std::ofstream(path) << "halb"; }
+    ~InterruptionPosixTest() override { std::filesystem::remove(path); }
 
     const std::string path =
         std::filesystem::temp_directory_path() /
         ("interruption_test_" + std::to_string(getpid()) + "_" + std::to_string(GetParam()));
 };
 
-TEST_P(InterruptionTest, RemovesTheUnfinishedFileAndExitsWithTheSignalsStatus) {
+TEST_P(InterruptionPosixTest, RemovesTheUnfinishedFileAndExitsWithTheSignalsStatus) {
     EXPECT_EXIT(
         {
             handle_interruptions();
@@ -32,7 +32,7 @@ TEST_P(InterruptionTest, RemovesTheUnfinishedFileAndExitsWithTheSignalsStatus) {
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST_P(InterruptionTest, LeavesAFinishedFile) {
+TEST_P(InterruptionPosixTest, LeavesAFinishedFile) {
     EXPECT_EXIT(
         {
             handle_interruptions();
@@ -44,9 +44,9 @@ TEST_P(InterruptionTest, LeavesAFinishedFile) {
     EXPECT_TRUE(std::filesystem::exists(path));
 }
 
-INSTANTIATE_TEST_SUITE_P(Signals, InterruptionTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
+INSTANTIATE_TEST_SUITE_P(Signals, InterruptionPosixTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
-TEST(Interruption, WaitsForAStatementThatMustRunToItsEnd) {
+TEST(InterruptionPosix, WaitsForAStatementThatMustRunToItsEnd) {
     EXPECT_EXIT(
         {
             handle_interruptions();
@@ -60,7 +60,7 @@ TEST(Interruption, WaitsForAStatementThatMustRunToItsEnd) {
         testing::ExitedWithCode(130), "ausgeführt");
 }
 
-TEST(Interruption, KeepsAHangUpIgnoredThatTheCallerIgnores) {
+TEST(InterruptionPosix, KeepsAHangUpIgnoredThatTheCallerIgnores) {
     EXPECT_EXIT(
         {
             std::signal(SIGHUP, SIG_IGN);

@@ -15,6 +15,9 @@ constexpr int stopping_signals[] = {SIGINT, SIGTERM, SIGHUP};
 // The handler reads it; set_unfinished_file writes it while the signals are blocked.
 char unfinished_path[PATH_MAX] = "";
 
+int waits = 0;  // one within the other
+sigset_t mask_before_waits;
+
 sigset_t stopping_set() {
     sigset_t set;
     sigemptyset(&set);
@@ -54,10 +57,13 @@ void set_unfinished_file(const std::string& path) {
 }
 
 InterruptionsWait::InterruptionsWait() {
+    if (waits++ > 0) return;
     const sigset_t stopping = stopping_set();
-    sigprocmask(SIG_BLOCK, &stopping, &earlier_);
+    sigprocmask(SIG_BLOCK, &stopping, &mask_before_waits);
 }
 
-InterruptionsWait::~InterruptionsWait() { sigprocmask(SIG_SETMASK, &earlier_, nullptr); }
+InterruptionsWait::~InterruptionsWait() {
+    if (--waits == 0) sigprocmask(SIG_SETMASK, &mask_before_waits, nullptr);
+}
 
 }  // namespace prot

@@ -5,9 +5,10 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdint>
-#include <random>
 #include <utility>
+
+#include "platform/portable/folder_access.h"
+#include "platform/portable/temporary_name.h"
 
 namespace prot {
 
@@ -48,23 +49,6 @@ Place place_of(const fs::path& target) {
         path = path.parent_path() / fs::read_symlink(path, error);
     }
     return {path, false};
-}
-
-// The target's own name and 64 random bits. Long names are cut, at the start of a character, so that the
-// temporary name is not longer than file systems allow.
-fs::path temporary_name(const fs::path& target) {
-    constexpr std::size_t longest = 200;
-    std::string name = target.filename().string();
-    if (name.size() > longest) {
-        std::size_t end = longest;
-        while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
-        name.resize(end);
-    }
-    std::random_device random;
-    std::uint64_t bits = static_cast<std::uint64_t>(random()) << 32 | random();
-    name += '.';
-    for (int digit = 0; digit < 16; ++digit, bits >>= 4) name += "0123456789abcdef"[bits & 0xF];
-    return target.parent_path() / (name + ".tmp");
 }
 
 mode_t permissions_of_umask() {
@@ -150,7 +134,7 @@ public:
     void make_folder(const fs::path& folder) override {
         std::error_code error;
         fs::create_directories(folder, error);
-        if (!error && faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) != 0) error.assign(errno, std::generic_category());
+        if (!error) error = folder_refusal(folder);
         if (error) throw folder_error(folder, error);
     }
 

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/form.h"
+#include "platform/portable/screen/key.h"
+#include "platform/portable/screen/list_search.h"
+#include "platform/portable/screen/text_line.h"
+
+namespace prot {
+
+/// What keys do to an open form: they move the focus, select, type and press buttons, and the form's own
+/// functions are called for it. Whatever those change is followed before the next key.
+///   Tab, Shift-Tab      next and previous field or button
+///   arrows              within a list or options; otherwise as Tab
+///   letters             in a list: the entry that begins so
+///   Alt and a letter    the field or button that is marked with it
+///   Enter               OK, or Cancel while that has the focus
+///   Esc                 Cancel
+/// A text field is checked when the focus leaves it for anything but a Cancel that works without that; a
+/// refused one keeps the focus, and what was pressed does nothing.
+class FormSession {
+public:
+    /// `form` outlives the session; its focus is where the session begins.
+    explicit FormSession(Form& form);
+
+    void press(const Key& key);
+
+    /// Presses Cancel without any check, and ends the form even if that leaves it open.
+    void abandon();
+
+    /// Whether the form was ended by Cancel.
+    bool cancelled() const { return cancelled_; }
+
+    /// What has the focus: a field's index, ok() or cancel().
+    std::size_t target() const { return target_; }
+    std::size_t ok() const { return form_.fields.size(); }
+    std::size_t cancel() const { return form_.fields.size() + 1; }
+
+    /// The text field that has the focus; null when it is something else.
+    const TextLine* line() const { return on_text() ? &line_ : nullptr; }
+
+    /// How many lines of the list that has the focus are on view.
+    void set_page(std::size_t rows) { page_ = rows; }
+
+private:
+    bool on_field() const { return target_ < form_.fields.size(); }
+    bool on_text() const { return on_field() && form_.fields[target_].kind == FieldKind::text; }
+    Field& field() { return form_.fields[target_]; }
+    const Button& button(std::size_t target) const { return target == ok() ? form_.ok : form_.cancel; }
+    bool can_have_focus(std::size_t target) const;
+
+    void dispatch(const Key& key);
+    bool press_access_key(const Key& key);
+    void press_in_field(const Key& key);
+    void press_in_choice(const Key& key);
+    std::optional<std::size_t> entry_after(const Key& key);
+
+    bool may_leave_to(std::size_t target);
+    void go_to(std::size_t target);
+    void move(bool forward);
+    void enter(std::size_t target);
+    void press_button(std::size_t target);
+    void follow_form();
+
+    Form& form_;
+    std::size_t target_ = 0;
+    std::size_t focus_ = 0;                 // form_.focus when it was last looked at
+    std::optional<std::size_t> unchecked_;  // the text field whose check is still due
+    TextLine line_;
+    ListSearch search_;
+    std::size_t page_ = 1;
+    bool cancelled_ = false;
+};
+
+}  // namespace prot

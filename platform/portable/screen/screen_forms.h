@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/form.h"
+#include "platform/portable/screen/screen.h"
+#include "platform/portable/terminal.h"
+
+namespace prot {
+
+/// Forms as windows on the whole screen. Cancel, and a terminal that is gone, mark the run as cancelled. A
+/// form that the screen has no room for is left to `plain`.
+class ScreenForms : public FormDisplay {
+public:
+    ScreenForms(Screen& screen, Terminal& terminal, FormDisplay& plain)
+        : screen_(screen), terminal_(terminal), plain_(plain) {}
+
+    void standard_setup(Form& form, int code) override { plain_.standard_setup(form, code); }
+    void show_modal(Form& form) override;
+
+private:
+    bool show(Form& form);
+
+    Screen& screen_;
+    Terminal& terminal_;
+    FormDisplay& plain_;
+};
+
+}  // namespace prot

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <windows.h>
+
+#include <chrono>
+#include <exception>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/windows/dialog_window.h"
+#include "platform/windows/form_controls.h"
+#include "platform/windows/type_ahead.h"
+
+namespace prot {
+
+/// One form that is open as a window of the system. What a person does goes into the form, its functions
+/// answer, and then the window follows the form. They run one at a time: what happens meanwhile, while one of
+/// them shows a message box, is no event of the form.
+class FormWindow {
+public:
+    /// Nothing is on view yet. `form` outlives the window.
+    explicit FormWindow(Form& form) : form_(form) {}
+    ~FormWindow();
+    FormWindow(const FormWindow&) = delete;
+    FormWindow& operator=(const FormWindow&) = delete;
+
+    /// Shows the form over `owner`, which may be null. False when no window can be made.
+    bool open(HWND owner);
+
+    /// Passes messages on until one of the form's functions ends its display. Raises what one of them raised.
+    void run();
+
+private:
+    static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM word, LPARAM number);
+    INT_PTR answer(UINT message, WPARAM word);
+    void command(WORD id, WORD notification);
+
+    bool make_controls();
+    void destroy_controls();
+
+    template <class Action>
+    void handle(Action action);
+    void choose(std::size_t field, std::optional<std::size_t> entry);
+    void edit(std::size_t field, std::string text);
+    void press(const Button& button);
+    void settle();
+    bool holds_other_selection(std::size_t number) const;
+    std::optional<std::size_t> selection_at(std::size_t number) const;
+    bool may_be_at(const FormControl& here);
+    bool validated();
+
+    bool preview(const MSG& message);
+    bool preview_key(const MSG& message);
+    bool preview_letter(const MSG& message);
+
+    void follow();
+    void follow_control(std::size_t number);
+    void follow_list(std::size_t number);
+    void arrange();
+    void give_focus();
+    void leave_unusable_control();
+
+    std::optional<std::size_t> number_of(HWND window) const;
+    std::optional<FormControl> focused() const;
+    /// The control of a field that the focus goes to; null when it cannot have it.
+    HWND target_of(std::size_t field) const;
+    void post_settle() const;
+
+    Form& form_;
+    HWND dialog_ = nullptr;
+    std::unique_ptr<DialogMeasure> measure_;
+    std::vector<FormControl> controls_;
+    std::vector<HWND> windows_;                // of controls_
+    std::vector<std::vector<Entry>> entries_;  // that the lists hold, of fields
+    FormLayout layout_;
+    bool unarranged_ = true;              // what the layout depends on has changed
+    bool busy_ = true;                    // while it opens, and while an event is being handled
+    std::size_t focus_before_ = 0;        // the form's focus when it began
+    std::optional<std::size_t> unasked_;  // text field entered and not validated since
+    TypeAhead type_ahead_;
+    std::exception_ptr failure_;
+};
+
+}  // namespace prot

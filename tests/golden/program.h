@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdlib>
+#include <string>
+
+namespace prot::test {
+
+/// The program that the cases run, as a shell reads it: PROT_PROGRAM_COMMAND, else the one of this build. The
+/// command may start a program of Windows; the cases expect the same bytes of it.
+inline std::string program_command() {
+    const char* const command = std::getenv("PROT_PROGRAM_COMMAND");
+    return command == nullptr ? PROT_PROGRAM : command;
+}
+
+/// `text` with the paths of the files in `folder`, which the program names, as this system writes them.
+inline std::string with_own_paths(std::string text, const std::string& folder) {
+    const std::string written = folder + "\\";
+    for (std::size_t at = 0; (at = text.find(written, at)) != std::string::npos;)
+        text.replace(at, written.size(), folder + "/");
+    return text;
+}
+
+}  // namespace prot::test
