@@ -19,6 +19,7 @@ bool FilterForm::accepted(Database& oDBU, std::string& sCommandline) {
     if (failed_) return false;
     if (!sCommandline.empty() && mbCommandlineOk(sCommandline)) return !failed_;
     sCommandline.clear();
+    if (!failed_) fill_for_person();
     if (failed_) return false;
     form_.shown = true;
     environment_.form_display.show_modal(form_);

@@ -29,6 +29,8 @@ protected:
 
     /// Fills the fields from the database.
     virtual void fill(Database& oDBU) = 0;
+    /// Fills what only a person needs, just before the form is shown.
+    virtual void fill_for_person() {}
     /// Takes the selection from a batch text; never empty.
     virtual bool mbCommandlineOk(const std::string& sCommandline) = 0;
 

@@ -76,11 +76,10 @@ std::string msTranslateID(std::string_view sWert, std::string_view sFeld, const 
     // compare the files with those of earlier years.
     if (!upper_equals(sFeld, "idDevisenKurs")) return {};
     const std::optional<Date> moment = row.moment();
-    const double number = val(sWert);
-    if (!moment || number < -2147483648.0 || number > 2147483647.0) return {};
-    const std::int32_t id = to_long(number);
-    if (id == 0) return "ohne ISOKennzeichen";
-    return PROT_gsGetValueByDate("tDevisenWaehr", "dCISOKENNZ", "idDevisenWaehr", std::to_string(id), *moment,
+    const std::optional<std::int32_t> id = number_in_range(sWert);
+    if (!moment || !id) return {};
+    if (*id == 0) return "ohne ISOKennzeichen";
+    return PROT_gsGetValueByDate("tDevisenWaehr", "dCISOKENNZ", "idDevisenWaehr", std::to_string(*id), *moment,
                                  run);
 } catch (...) {
     leave(owner, "msTranslateID");
