@@ -17,13 +17,12 @@ namespace prot {
 struct Entry {
     std::int64_t key = 0;
     std::string text{};
-    std::string number{};  ///< picker: stands before the text, and finds the entry too
+    std::string number{};  ///< what the entry goes by besides its text; may be empty
 };
 
 enum class FieldKind {
     list,     ///< one of its entries is selected
     text,     ///< a line of text
-    picker,   ///< as list, for thousands of entries: typing narrows them by number or text
     options,  ///< all entries are on view, one is selected
     label,    ///< only its label; never has the focus
 };
@@ -33,7 +32,7 @@ struct Field {
     FieldKind kind = FieldKind::list;
     std::string name{};                     ///< the control's name
     std::string label{};                    ///< stands before the field; & marks the access key, && is a &
-    std::vector<Entry> entries{};           ///< list, picker, options; they keep their order
+    std::vector<Entry> entries{};           ///< list, options; they keep their order
     std::optional<std::size_t> selected{};  ///< index into entries
     std::string text{};                     ///< text: what the person sees and edits
     std::size_t longest = 255;              ///< text: most characters that the person can type

@@ -36,10 +36,7 @@ Form ProtOPFrmFilter::described_form() {
     form.help_id = "HID_MIVRA_ALLGEMEIN_PROTOKOLLIERUNG_OFFENE_POSTEN";
     form.fields = {
         {.name = "cboMandant", .label = "&Auswahl", .changed = [this] { mMandantAuswahl(); }},
-        {.kind = FieldKind::picker,
-         .name = "ctlMandant",
-         .label = "&Mandant",
-         .changed = [this] { ctlMandant_Change(); }},
+        {.name = "ctlMandant", .label = "&Mandant", .changed = [this] { ctlMandant_Change(); }},
         {.name = "cboWirtschaftsjahr", .label = "&Wirtschaftsjahr"},
         {.kind = FieldKind::text,
          .name = "txtKLNr(0)",
