@@ -15,7 +15,7 @@ namespace {
 constexpr std::string_view no_data = "Keine Daten vorhanden!";
 
 /// The captions of the common cells, in the order of CommonCell.
-constexpr std::array<std::string_view, 9> common_captions = {
+constexpr std::array<std::string_view, common_cells> common_captions = {
     "Datum der Änderung", "Mitarbeiter", "Feld der Änderung", "Aktion", "alter Wert", "neuer Wert",
     "Arbeitsstation",     "Applikation", "Datenbankbenutzer",
 };

@@ -28,6 +28,8 @@ enum class CommonCell : std::size_t {
     database_user,
 };
 
+inline constexpr std::size_t common_cells = 9;
+
 /// What a section adds to the lines of its file.
 class SectionLines {
 public:
@@ -44,6 +46,17 @@ public:
     virtual void translate_values(std::string_view field, std::string_view table, const LogRow& row,
                                   CsvLine& line) = 0;
 };
+
+/// Replaces the old and the new value, each where it is not empty, by what `translate` answers for it; an
+/// empty answer leaves the value as logged. leading: how many cells stand before the common ones.
+template <class Translate>
+void translate_both(CsvLine& line, std::size_t leading, Translate translate) {
+    for (const CommonCell which : {CommonCell::old_value, CommonCell::new_value}) {
+        std::string& value = line[leading + static_cast<std::size_t>(which)];
+        if (value.empty()) continue;
+        if (std::string text = translate(std::string_view(value)); !text.empty()) value = std::move(text);
+    }
+}
 
 /// The caption of a field by the field descriptions; empty without one, and then the notices hear of it.
 std::string_view caption_or_empty(std::string_view field, std::string_view table, Run& run);

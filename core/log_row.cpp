@@ -15,6 +15,12 @@ std::int32_t number_of(const Cell& cell) {
     return to_long(val(to_text(cell.value())));
 }
 
+std::optional<std::int32_t> number_in_range(std::string_view text) {
+    const double number = val(text);
+    if (number < -2147483648.0 || number > 2147483647.0) return std::nullopt;
+    return to_long(number);
+}
+
 void append_text(std::string& text, const Cell& cell) {
     switch (cell.type()) {
         case Cell::Type::null:

@@ -34,6 +34,9 @@ inline constexpr std::size_t log_columns = static_cast<std::size_t>(LogColumn::d
 /// CLng(Val(cell)): the number of a cell whatever its type; Null is 0. Outside 32 bits: automation error 6.
 std::int32_t number_of(const Cell& cell);
 
+/// CLng(Val(text)); nothing outside 32 bits, where a logged value simply has no translation.
+std::optional<std::int32_t> number_in_range(std::string_view text);
+
 /// The text form of a cell, appended to `text`.
 void append_text(std::string& text, const Cell& cell);
 

@@ -17,6 +17,7 @@ namespace prot {
 struct Entry {
     std::int64_t key = 0;
     std::string text{};
+    std::string number{};  ///< what the entry goes by besides its text; may be empty
 };
 
 enum class FieldKind {

@@ -4,7 +4,6 @@
 
 #include "core/Prot0000UtilitiesBAS.h"
 #include "core/ZQErrorHandling.h"
-#include "core/help.h"
 #include "platform/automation/text_forms.h"
 #include "platform/automation/text_parts.h"
 
@@ -13,8 +12,6 @@ namespace prot {
 namespace {
 
 constexpr std::string_view owner = "ProtDevFrmFilter";
-constexpr std::string_view help_id = "HID_MIVRA_ALLGEMEIN_PROTOKOLLIERUNG_DEVISENKURSE";
-constexpr int filter_form_setup = 1000;
 
 enum RangeField : std::size_t { from_field, to_field };
 
@@ -27,60 +24,41 @@ std::int64_t key_of(const Cell& id) {
 
 }  // namespace
 
+ProtDevFrmFilter::ProtDevFrmFilter(Environment& environment) : FilterForm(environment, owner) {}
+
 Form ProtDevFrmFilter::described_form() {
     Form form;
     form.caption = "Protokollausgabe Devisenkurse";
-    form.help_id = help_id;
+    form.help_id = "HID_MIVRA_ALLGEMEIN_PROTOKOLLIERUNG_DEVISENKURSE";
     form.fields = {
         {.name = "cboWaehrung(0)", .label = "&von ISO Währungscode"},
         {.name = "cboWaehrung(1)", .label = "&bis ISO Währungscode"},
     };
     form.groups = {{"Währungen", from_field, 2}};
-    form.ok = {.name = "cmdOK", .text = "OK", .click = [this] { cmdOK_Click(); }};
-    form.cancel = {.name = "cmdCancel", .text = "Abbrechen", .click = [this] { cmdCancel_Click(); }};
-    form.key_down = [this](const KeyStroke& key) { Form_KeyDown(key); };
+    add_buttons(form, [this] { cmdOK_Click(); });
     return form;
 }
 
 bool ProtDevFrmFilter::gbGetFilter(std::string& sWhere, std::string& sFilter, Database& oDBU,
                                    std::string& sCommandline) try {
-    environment_.screen_pointer.set(Pointer::standard);
-    load(oDBU);
-    Range range;
-    const bool ready = mIsoWaehrungLesen() && accept(sCommandline, range);
+    const bool ready = accepted(oDBU, sCommandline);
     if (ready) {
+        const Range range = sCommandline.empty() ? selected_range() : range_;
         sWhere = " WHERE dcISOKennz BETWEEN '" + range.from + "' AND '" + range.to + "'";
-        filter_ = "Von ISO Währungscode: " + range.from + " bis ISO Währungscode: " + range.to;
-        sFilter = filter_;
+        sFilter = "Von ISO Währungscode: " + range.from + " bis ISO Währungscode: " + range.to;
     }
     Form_Unload();
     return ready;
 } catch (...) {
-    show_and_end(environment_, owner, "gbGetFilter");
+    fail("gbGetFilter");
     Form_Unload();
     return false;
 }
 
-void ProtDevFrmFilter::load(Database& oDBU) {
-    form_ = described_form();
-    accepted_ = failed_ = false;
-    oDBU_ = &oDBU;
-    Form_Load();
-}
-
-/// Takes the range from the parameter text, or from the person.
-bool ProtDevFrmFilter::accept(std::string& sCommandline, Range& range) {
-    if (mbCommandlineOk(sCommandline, range)) return !failed_;
-    sCommandline.clear();
-    if (failed_) return false;
-    form_.shown = true;
-    environment_.form_display.show_modal(form_);
-    range = selected_range();
-    return accepted_ && !failed_;
-}
+void ProtDevFrmFilter::fill(Database&) { mIsoWaehrungLesen(); }
 
 /// Fills both lists. The default range is all currencies, from the lowest to the highest code.
-bool ProtDevFrmFilter::mIsoWaehrungLesen() try {
+void ProtDevFrmFilter::mIsoWaehrungLesen() try {
     const RowSet rows =
         oDBU_ ? oDBU_->query_array("SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz")
               : RowSet();
@@ -97,21 +75,18 @@ bool ProtDevFrmFilter::mIsoWaehrungLesen() try {
         form_.fields[from_field].select_key(form_.fields[from_field].entries.front().key);
         form_.fields[to_field].select_key(form_.fields[to_field].entries.back().key);
     }
-    return true;
 } catch (...) {
-    show_and_end(environment_, owner, "mIsoWaehrungLesen");
-    return false;
+    fail("mIsoWaehrungLesen");
 }
 
-bool ProtDevFrmFilter::mbCommandlineOk(const std::string& sCommandline, Range& range) try {
-    if (sCommandline.empty()) return false;
-    range = selected_range();
+bool ProtDevFrmFilter::mbCommandlineOk(const std::string& sCommandline) try {
+    range_ = selected_range();
     bool autostart = false;
     for (const std::string& part : split(sCommandline, '/')) {
         autostart = autostart || pbCommandVorhanden(part, "autostart");
         if (!autostart) continue;  // parameters before "autostart" are ignored, deliberately
-        std::string* const bound = pbCommandVorhanden(part, "vondevi")   ? &range.from
-                                   : pbCommandVorhanden(part, "bisdevi") ? &range.to
+        std::string* const bound = pbCommandVorhanden(part, "vondevi")   ? &range_.from
+                                   : pbCommandVorhanden(part, "bisdevi") ? &range_.to
                                                                          : nullptr;
         if (!bound) continue;
         const std::string item = psComWert("/" + part, environment_);
@@ -119,8 +94,7 @@ bool ProtDevFrmFilter::mbCommandlineOk(const std::string& sCommandline, Range& r
     }
     return autostart;
 } catch (...) {
-    failed_ = true;
-    show_and_end(environment_, owner, "mbCommandlineOk");
+    fail("mbCommandlineOk");
     return false;
 }
 
@@ -128,41 +102,17 @@ ProtDevFrmFilter::Range ProtDevFrmFilter::selected_range() const {
     return {form_.fields[from_field].selected_text(), form_.fields[to_field].selected_text()};
 }
 
-void ProtDevFrmFilter::Form_Load() try {
-    environment_.form_display.standard_setup(form_, filter_form_setup);
-    form_.key_preview = true;
-    form_.cancel.causes_validation = false;
-} catch (...) {
-    failed_ = true;
-    show_and_end(environment_, owner, "Form_Load");
-}
-
-void ProtDevFrmFilter::Form_KeyDown(const KeyStroke& key) try {
-    if (key.code == key_f1 && !key.shift && !key.control && !key.alt) gShowWikiHelpxxx(help_id, environment_);
-} catch (...) {
-    show_and_end(environment_, owner, "Form_KeyDown");
-}
-
-void ProtDevFrmFilter::Form_Unload() { oDBU_ = nullptr; }
-
 void ProtDevFrmFilter::cmdOK_Click() try {
     const Range range = selected_range();
-    if (range.to < range.from) {  // by bytes, which is the order of code points
-        environment_.message_boxes.show(
+    if (range.to < range.from)  // by bytes, which is the order of code points
+        refuse(
             "Der Wert im Feld 'bis ISO Währungscode' darf nicht kleiner sein als der Wert im Feld 'von ISO "
             "Währungscode' !",
-            BoxStyle::exclamation, "Unzulässige Aktion");
-        form_.set_focus(to_field);
-        return;
-    }
-    accepted_ = true;
-    form_.shown = false;
+            not_allowed, to_field);
+    else
+        accept();
 } catch (...) {
-    failed_ = true;
-    form_.shown = false;
-    show_and_end(environment_, owner, "cmdOK_Click");
+    fail("cmdOK_Click");
 }
-
-void ProtDevFrmFilter::cmdCancel_Click() { form_.shown = false; }
 
 }  // namespace prot

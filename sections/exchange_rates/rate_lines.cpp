@@ -34,12 +34,8 @@ std::string_view RateLines::caption(std::string_view field, std::string_view tab
 }
 
 void RateLines::translate_values(std::string_view field, std::string_view, const LogRow& row, CsvLine& line) {
-    constexpr std::size_t first_common = rate_captions.size();
-    for (const CommonCell which : {CommonCell::old_value, CommonCell::new_value}) {
-        std::string& value = line[first_common + static_cast<std::size_t>(which)];
-        if (value.empty()) continue;
-        if (std::string text = msTranslateID(value, field, row, run_); !text.empty()) value = std::move(text);
-    }
+    translate_both(line, rate_captions.size(),
+                   [&](std::string_view value) { return msTranslateID(value, field, row, run_); });
 }
 
 const RateLines::Currency& RateLines::mGetWaehrInfos(std::int32_t lId) try {
@@ -80,11 +76,10 @@ std::string msTranslateID(std::string_view sWert, std::string_view sFeld, const 
     // compare the files with those of earlier years.
     if (!upper_equals(sFeld, "idDevisenKurs")) return {};
     const std::optional<Date> moment = row.moment();
-    const double number = val(sWert);
-    if (!moment || number < -2147483648.0 || number > 2147483647.0) return {};
-    const std::int32_t id = to_long(number);
-    if (id == 0) return "ohne ISOKennzeichen";
-    return PROT_gsGetValueByDate("tDevisenWaehr", "dCISOKENNZ", "idDevisenWaehr", std::to_string(id), *moment,
+    const std::optional<std::int32_t> id = number_in_range(sWert);
+    if (!moment || !id) return {};
+    if (*id == 0) return "ohne ISOKennzeichen";
+    return PROT_gsGetValueByDate("tDevisenWaehr", "dCISOKENNZ", "idDevisenWaehr", std::to_string(*id), *moment,
                                  run);
 } catch (...) {
     leave(owner, "msTranslateID");

@@ -15,7 +15,6 @@ enum RateCell : std::size_t { rate_iso_code, rate_currency_name, rate_valid_from
 
 inline constexpr std::array<std::string_view, 3> rate_captions = {"ISO Währungscode", "Bezeichnung",
                                                                   "Gültig ab"};
-inline constexpr std::size_t rate_line_cells = 12;
 
 /// The lines of exchange rates: currency and validity of the rate as they are now, captions, values as
 /// logged.

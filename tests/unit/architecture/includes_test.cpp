@@ -29,6 +29,7 @@ const std::vector<Layer> layers = {
     {"platform/", {"platform/"}, false},
     {"core/", {"core/", "platform/"}, false},
     {"sections/exchange_rates/", {"sections/exchange_rates/", "core/", "platform/"}, false},
+    {"sections/open_items/", {"sections/open_items/", "core/", "platform/"}, false},
     {"sections/", {"sections/", "core/", "platform/"}, false},
     {"apps/", {"apps/", "sections/", "core/", "platform/"}, true},
 };

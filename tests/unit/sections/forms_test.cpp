@@ -8,6 +8,7 @@
 
 #include "platform/automation/utf8.h"
 #include "sections/exchange_rates/ProtDevFrmFilter.h"
+#include "sections/open_items/ProtOPFrmFilter.h"
 #include "tests/unit/support/fakes.h"
 
 /// What holds for every filter form, looked at in its description. A new form gets a row below.
@@ -16,12 +17,15 @@ namespace {
 
 Form exchange_rates(Environment& environment) { return ProtDevFrmFilter(environment).described_form(); }
 
+Form open_items(Environment& environment) { return ProtOPFrmFilter(environment).described_form(); }
+
 struct FormRow {
     const char* name;
     Form (*described)(Environment& environment);
 };
 constexpr FormRow rows[] = {
     {"exchange_rates", exchange_rates},
+    {"open_items", open_items},
 };
 
 constexpr std::size_t longest_label = 40;  // half a terminal's line

@@ -1,0 +1,174 @@
+#include "sections/open_items/ProtOPCsvClass.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/event_names.h"
+#include "sections/open_items/item_lines.h"
+#include "sections/open_items/item_selection.h"
+#include "tests/unit/support/fakes.h"
+
+namespace prot {
+namespace {
+
+using test::FakeDatabase;
+using test::FakeHost;
+using test::Row;
+using Lines = std::vector<std::vector<std::string>>;
+
+constexpr const char* client_query =
+    "SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = "
+    "Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id Where "
+    "Mandant_Zeit.MaZt_Kanzlei  = 0  AND Person_v4.Ps_Nr = 10001";
+constexpr const char* main_query =
+    "SELECT idProtokoll, dcTable, dcWorkstation, dcUser, ddDatum, dlEvent, dmData, dcSystemUser, "
+    "dcApplication, dlPrimaryKey1, dlSuchId1,  dlSuchId2,  dlSuchId3,  dlSuchId4 FROM tProtokoll WHERE  "
+    "((dcTable = 'OFFENER_POSTEN' AND dlPrimaryKey1 IN (SELECT OP_ID FROM OFFENER_POSTEN  WHERE OP_SkNr "
+    "BETWEEN 10000 AND 10001)) ) ORDER BY ddDatum";
+constexpr const char* item_query =
+    "SELECT OP_SKNR, OP_BELEG2, OP_DATUM_BELEG FROM OFFENER_POSTEN WHERE OP_ID = 5";
+
+std::string caption_query(const std::string& column) {
+    return "SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON "
+           "tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName = "
+           "'OFFENER_POSTEN' AND   tSysQuvoColumns.dcColumnName = '" +
+           column + "'";
+}
+
+class ItemExport : public testing::Test {
+protected:
+    FakeHost host;
+    FakeDatabase oDBU;
+    ProtOPCsvClass exporter{host.environment};
+    Value para;
+
+    ItemExport() {
+        fill_event_names();
+        oDBU.answers["SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = 6"] = {
+            {std::string("tProtokoll")}};
+        oDBU.answers[item_query] = {
+            {std::int64_t{10000}, std::string("RE-17"), to_date(CivilTime{2026, 1, 15})}};
+        for (const char* column : {"OP_ART", "OP_SPERR_KZ", "op_art", "OP_BETRAG"})
+            oDBU.answers[caption_query(column)] = {{std::string("Feld ") + column}};
+        host.documents["kind"] = {{"OP_ART", "1", "2"}, {"OP_SPERR_KZ", "0", "2"}};
+        host.documents["suppressed"] = {{"op_datum", "a", "b"}, {"BU_ID", "1", "2"}};
+        host.documents["large"] = {{"OP_ART", "99999999999", ""}, {"OP_BETRAG", "99999999999", "x"}};
+        log("kind");
+    }
+    void log(const std::string& document, std::int64_t event = 1) {
+        oDBU.answers[main_query] = {{std::int64_t{1}, std::string("OFFENER_POSTEN"), std::string("WS-07"),
+                                     std::string("Müller"), to_date(CivilTime{2026, 3, 5, 14, 7, 9}), event,
+                                     document, std::string("sa"), std::string("srvOp"), std::int64_t{5},
+                                     Value(), Value(), Value(), Value()}};
+    }
+    void run(const std::string& parameters = "/autostart") {
+        exporter.psCommandline = parameters;
+        exporter.gCSVAusgabe(oDBU, 6, "", {}, {}, 7, para);
+    }
+    const Lines& lines() { return host.written.files.at(0).lines; }
+};
+
+TEST_F(ItemExport, NamesTheItemAndPutsKindAndDunningBlockIntoWords) {
+    run();
+    EXPECT_EQ(
+        lines(),
+        (Lines{{"Mandant:  , von Konto: 10000 bis Konto: 10001", "", "", "", "", "", "", "", "", "", "", ""},
+               {"Konto", "Op-Nr", "Belegdatum", "Datum der Änderung", "Mitarbeiter", "Feld der Änderung",
+                "Aktion", "alter Wert", "neuer Wert", "Arbeitsstation", "Applikation", "Datenbankbenutzer"},
+               {"10000", "RE-17", "15.01.2026", "05.03.2026 14:07:09", "Müller", "Feld OP_ART", "geändert",
+                "Rechnung", "Zahlung", "WS-07", "srvOp", "Standardbenutzer"},
+               {"10000", "RE-17", "15.01.2026", "05.03.2026 14:07:09", "Müller", "Feld OP_SPERR_KZ",
+                "geändert", "keine Sperrung", "2 mal gesperrt", "WS-07", "srvOp", "Standardbenutzer"}}));
+    EXPECT_EQ(host.written.files.at(0).name, "Prot_OffenePosten_20261115_100715.csv");
+}
+
+TEST_F(ItemExport, AnItemDeletedSinceShowsNichtVorhanden) {
+    oDBU.answers.erase(item_query);
+    run();
+    EXPECT_EQ(lines().at(2)[0], "nicht vorhanden");
+    EXPECT_EQ(lines().at(2)[1], "");
+    EXPECT_EQ(lines().at(2)[2], "");
+}
+
+TEST_F(ItemExport, SuppressedFieldsStaySuppressedInLowerCase) {
+    log("suppressed");
+    run();
+    EXPECT_EQ(lines().size(), 2U);
+}
+
+TEST_F(ItemExport, AValueOutside32BitsStaysAsLogged) {
+    log("large");
+    run();
+    EXPECT_EQ(lines().at(2)[7], "99999999999");
+    EXPECT_EQ(lines().at(3)[7], "99999999999");
+}
+
+TEST_F(ItemExport, AnEventOutside0To2EndsTheRun) {
+    log("kind", 3);
+    EXPECT_THROW(run(), AutomationError);
+    EXPECT_FALSE(host.written.files.at(0).closed);
+}
+
+TEST_F(ItemExport, ADeletionCountsAndDeletesByTheSameCondition) {
+    const std::string condition =
+        " tProtokoll WHERE  ((dcTable = 'OFFENER_POSTEN' AND dlPrimaryKey1 IN (SELECT OP_ID FROM "
+        "OFFENER_POSTEN  WHERE OP_SkNr BETWEEN 10000 AND 10001)) )";
+    oDBU.answers["SELECT COUNT(*) FROM" + condition] = {{std::int64_t{3}}};
+    host.answer = BoxAnswer::yes;
+    exporter.pbLoeschen = true;
+    run();
+    EXPECT_EQ(oDBU.statements.back(), "execute: DELETE" + condition);
+    EXPECT_TRUE(host.written.files.empty());
+}
+
+TEST(ItemCondition, AnEmptyConditionSelectsEveryLoggedItem) {
+    EXPECT_EQ(open_items::msWHERE(""), " ((dcTable = 'OFFENER_POSTEN'))");
+    EXPECT_EQ(open_items::msWHERE(" WHERE  WJ_ID = 5"),
+              " ((dcTable = 'OFFENER_POSTEN' AND dlPrimaryKey1 IN (SELECT OP_ID FROM OFFENER_POSTEN  WHERE  "
+              "WJ_ID = 5)) )");
+}
+
+TEST(ItemValues, AreTranslatedByField) {
+    const struct {
+        const char* field;
+        const char* value;
+        const char* text;
+        const char* why;
+    } rows[] = {
+        {"OP_ART", "0", "", "no kind"},
+        {"OP_ART", "1", "Rechnung", "an invoice"},
+        {"OP_ART", "2", "Zahlung", "a payment"},
+        {"OP_ART", "3", "", "no kind"},
+        {"op_art", "1", "Rechnung", "names are compared without letter case"},
+        {"OP_ART", "1,9", "Rechnung", "the number at the start, up to the comma"},
+        {"OP_ART", "1.5", "Zahlung", "rounded to the even one"},
+        {"OP_ART", "abc", "", "no number counts as 0"},
+        {"OP_SPERR_KZ", "-1", "", "below 0"},
+        {"OP_SPERR_KZ", "0", "keine Sperrung", "none"},
+        {"OP_SPERR_KZ", "1", "1 mal gesperrt", "once"},
+        {"OP_SPERR_KZ", "9", "9 mal gesperrt", "the most"},
+        {"OP_SPERR_KZ", "10", "", "above 9"},
+        {"OP_SPERR_KZ", "11", "", "above 9"},
+        {"OP_SPERR_KZ", "abc", "keine Sperrung", "no number counts as 0"},
+        {"OP_SPERR_KZ", "2147483648", "", "outside 32 bits"},
+        {"OP_BETRAG", "1", "", "any other field"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(open_items::msTranslateID(row.value, row.field), row.text)
+            << row.field << " " << row.value << ": " << row.why;
+}
+
+TEST_F(ItemExport, ReadsTheClientOfTheBatchTextOnce) {
+    oDBU.answers[client_query] = {{std::int64_t{7}, std::string("Maier")}};
+    run("/autostart/mandant:10001/vonkonto:1/biskonto:999999999");
+    EXPECT_NE(std::ranges::find(oDBU.statements, std::string("array: ") + client_query),
+              oDBU.statements.end());
+    EXPECT_TRUE(std::ranges::any_of(oDBU.statements, [](const std::string& statement) {
+        return statement.find("FROM OFFENER_POSTEN  WHERE  WJ_ID IN ())) ) ORDER BY ddDatum") !=
+               std::string::npos;
+    })) << "a client without fiscal years gives an empty list, and the server says so";
+}
+
+}  // namespace
+}  // namespace prot
