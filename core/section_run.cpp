@@ -38,6 +38,7 @@ bool SectionRun::mbAusgabeCSV(Run& run, const RowSet& rows) try {
     return frame.write_file(*writer_, psCommandline.empty(), gCSVFile, filter_text_, names_.captions, rows,
                             *section);
 } catch (...) {
+    writer_.reset();  // and with it the unfinished file, however long the host keeps this object
     leave(names_.owner, "mbAusgabeCSV");
 }
 
