@@ -1,6 +1,6 @@
 # Everyday commands. Each does all the set-up it needs; the work itself is in CMake presets and scripts.
 
-.PHONY: help demo test test-asan test-windows build build-linux bench fuzz clean
+.PHONY: help demo test test-asan test-windows build build-linux bench screenshots fuzz clean
 .DEFAULT_GOAL := help
 
 help: ## show the commands
@@ -31,6 +31,9 @@ test-windows: ## build for Windows and run the tests of that build under Wine; s
 
 bench: build-linux ## measure protcsv against script peers and the raw floor
 	@scripts/bench
+
+screenshots: ## photograph the dialogs and terminal forms into docs/bilder/
+	@scripts/screenshots
 
 fuzz: ## run each fuzzer for SECONDS=30 seconds
 	@scripts/fuzz run $(SECONDS)
