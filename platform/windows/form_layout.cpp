@@ -16,7 +16,7 @@ constexpr int least_field = 60, longest_field = 200, field_padding = 8, arrow_wi
 constexpr int option_mark = 14;
 constexpr int longest_text_line = 260;
 constexpr int button_width = 50, button_height = 14, button_padding = 12, button_gap = 4;
-constexpr int caption_padding = 40;  // the title bar's own buttons
+constexpr int caption_padding = 72;  // the title bar's icon, its buttons, its bolder letters
 
 /// Pixels, at every resolution, by which the system's closed list is higher than its text.
 constexpr int field_border = 8;

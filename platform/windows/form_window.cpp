@@ -253,7 +253,9 @@ bool FormWindow::preview_letter(const MSG& message) {
     Field& field = form_.fields[controls_[*number].index];
     const auto letter = static_cast<char32_t>(message.wParam);
     const auto now = std::chrono::steady_clock::now();
-    if (field.kind != FieldKind::list || !type_ahead_.takes(letter, now)) return false;
+    if (field.kind != FieldKind::list) return false;
+    if (std::exchange(typed_into_, message.hwnd) != message.hwnd) type_ahead_.forget();
+    if (!type_ahead_.takes(letter, now)) return false;
     const auto entry = type_ahead_.typed(letter, now, field.entries, selected_in(message.hwnd));
     if (!entry) return true;
     show_selected(message.hwnd, entry);

@@ -80,6 +80,7 @@ private:
     std::size_t focus_before_ = 0;        // the form's focus when it began
     std::optional<std::size_t> unasked_;  // text field entered and not validated since
     TypeAhead type_ahead_;
+    HWND typed_into_ = nullptr;  // the list that type_ahead_ is at
     std::exception_ptr failure_;
 };
 
