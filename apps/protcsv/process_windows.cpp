@@ -46,6 +46,11 @@ std::wstring read_from(HANDLE console) {
     return text;
 }
 
+/// Takes everything and keeps nothing.
+class Nowhere : public std::streambuf {
+    int_type overflow(int_type c) override { return traits_type::not_eof(c); }
+};
+
 struct LocalMemory {
     void operator()(LPWSTR* memory) const noexcept { LocalFree(memory); }
 };
@@ -84,6 +89,8 @@ Console standard_console() {
     // Started without a console, and nobody reads the standard streams: then windows are how to talk.
     const bool alone = GetConsoleWindow() == nullptr && !leads_anywhere(STD_INPUT_HANDLE) &&
                        !leads_anywhere(STD_ERROR_HANDLE);
+    // Writing to a stream that is not there fails; a run that a person was told of has not failed.
+    if (alone && !leads_anywhere(STD_OUTPUT_HANDLE)) std::cout.rdbuf(new Nowhere);
     return {std::cin, std::cout, std::cerr, in_is_console, err_is_console, alone};
 }
 
