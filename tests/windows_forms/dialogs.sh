@@ -25,18 +25,16 @@ keys Escape
 check "Esc: no file" tells "no file"
 check "closed after Esc" ends
 
-scripts/wine "$programs/form_demo.exe" hold 'C:\protokolle\offen.csv' >"$work/held.txt" 2>/dev/null &
-eventually grep -q held "$work/held.txt"
+scripts/wine "$programs/form_demo.exe" hold 'C:\protokolle\offen.csv' >"$PROT_GROUP_FOLDER/held.txt" 2>/dev/null &
+eventually grep -q held "$PROT_GROUP_FOLDER/held.txt"
 show save 'C:\protokolle\offen.csv'
 check "a file that is open: the dialog opens" opens Speichern
 keys Return
-sleep 1
-check "the system asks before it replaces" look 'Speichern' 5
+check "the system asks before it replaces" asks_to_replace
 keys alt+j
 check "a file that is open: a message" opens Protokollierung
 check "it names the path" grep -qF 'C:\protokolle\offen.csv' "$seen"
 check "it says why" grep -qF 'in einem anderen Programm' "$seen"
-photograph save_open_file
 keys Return
 check "the dialog comes again" opens Speichern
 keys Escape
@@ -47,7 +45,6 @@ check "ended" ends
 show open 'C:\protokolle\fertig.unbekannt'
 check "a file that no program opens: a message" opens Protokollierung
 check "that names the path" grep -qF 'C:\protokolle\fertig.unbekannt' "$seen"
-photograph open_failed
 keys Return
 check "the message closes" ends
 
@@ -58,4 +55,3 @@ check "how many" grep -qP '\t10000 von 20000 Datensätzen\t' "$seen"
 check "the share" grep -qP '\t50 %\t' "$seen"
 keys Escape
 check "Esc does not close it" look $title 1
-stop_wine

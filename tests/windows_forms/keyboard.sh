@@ -24,6 +24,8 @@ keys Home shift+End
 letters 20251
 check "no more characters than the field may have" holds 114 2025
 
+keys alt+b
+letters 1
 keys alt+w
 letters cz
 check "letters select the entry that begins with them" holds 116 CZK

@@ -54,4 +54,3 @@ check "once for the list" told_times "year refused" 2
 keys Escape
 check "Esc asks nothing" tells cancel
 check "and closes, too" ends
-stop_wine

@@ -1,18 +1,20 @@
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <iostream>
 #include <string>
-#include <vector>
 
 #include "platform/windows/wide_text.h"
 
-/// What a person sees of a window. Usage: window_dump TITLE [SECONDS]
-/// Waits until a window is on view whose title begins with TITLE (ASCII, as other letters depend on the
-/// caller's locale), and prints it and its controls, one a line, fields separated by TAB: class, id, text,
-/// "on" or "off", "visible" or "hidden", "focus" or "-", left, top, width, height on the screen. The text of
-/// an option that is chosen is followed by " (*)". Exit status 1 when no such window came (10 seconds unless
-/// told).
+/// What a person sees of windows. Stays for as long as standard input lasts, because starting a program takes
+/// longer than looking. Each line of input is SECONDS TITLE (UTF-8): waits that long for a window on view
+/// whose title begins with TITLE, and prints it and its controls, one a line, fields separated by TAB: class,
+/// id, text, "on" or "off", "visible" or "hidden", "focus" or "-", left, top, width, height on the screen, a
+/// list's entries with commas between them. The text of an option that is chosen is followed by " (*)". A
+/// line "." ends each answer; it is alone when no such window came.
 namespace {
 
 constexpr DWORD pause = 20;  // milliseconds
@@ -38,6 +40,22 @@ std::string text_of(HWND window) {
     return line;
 }
 
+std::string entries_of(HWND window) {
+    std::string entries;
+    if (class_of(window) != "COMBOBOX") return entries;
+    const LRESULT count = SendMessageW(window, CB_GETCOUNT, 0, 0);
+    for (LRESULT entry = 0; entry < count; ++entry) {
+        const auto index = static_cast<WPARAM>(entry);
+        const LRESULT size = SendMessageW(window, CB_GETLBTEXTLEN, index, 0);
+        if (size < 0) break;
+        std::wstring text(static_cast<std::size_t>(size) + 1, L'\0');
+        SendMessageW(window, CB_GETLBTEXT, index, reinterpret_cast<LPARAM>(text.data()));
+        text.pop_back();
+        entries += (entry > 0 ? "," : "") + prot::to_utf8(text);
+    }
+    return entries;
+}
+
 HWND focus_of(HWND window) {
     GUITHREADINFO thread{};
     thread.cbSize = sizeof thread;
@@ -48,11 +66,11 @@ HWND focus_of(HWND window) {
 void print_window(HWND window, HWND focus) {
     RECT place{};
     GetWindowRect(window, &place);
-    std::printf("%s\t%ld\t%s\t%s\t%s\t%s\t%ld\t%ld\t%ld\t%ld\n", class_of(window).c_str(),
+    std::printf("%s\t%ld\t%s\t%s\t%s\t%s\t%ld\t%ld\t%ld\t%ld\t%s\n", class_of(window).c_str(),
                 static_cast<long>(GetWindowLongW(window, GWL_ID)), text_of(window).c_str(),
                 IsWindowEnabled(window) ? "on" : "off", IsWindowVisible(window) ? "visible" : "hidden",
                 window == focus ? "focus" : "-", place.left, place.top, place.right - place.left,
-                place.bottom - place.top);
+                place.bottom - place.top, entries_of(window).c_str());
 }
 
 BOOL CALLBACK print_child(HWND child, LPARAM focus) {
@@ -73,20 +91,33 @@ BOOL CALLBACK compare_title(HWND window, LPARAM parameter) {
     return search.found == nullptr;
 }
 
-}  // namespace
-
-int wmain(int argument_count, wchar_t** arguments) {
-    if (argument_count < 2) return 2;
-    const DWORD patience = 1000 * (argument_count > 2 ? wcstoul(arguments[2], nullptr, 10) : 10);
-    Search search{arguments[1]};
+HWND window_titled(const std::wstring& title, DWORD patience) {
+    Search search{title};
     const DWORD start = GetTickCount();
     do {
         EnumWindows(compare_title, reinterpret_cast<LPARAM>(&search));
         if (!search.found) Sleep(pause);
     } while (!search.found && GetTickCount() - start < patience);
-    if (!search.found) return 1;
-    const HWND focus = focus_of(search.found);
-    print_window(search.found, focus);
-    EnumChildWindows(search.found, print_child, reinterpret_cast<LPARAM>(focus));
-    return 0;
+    return search.found;
+}
+
+void answer(const std::wstring& title, DWORD patience) {
+    if (const HWND window = window_titled(title, patience)) {
+        const HWND focus = focus_of(window);
+        print_window(window, focus);
+        EnumChildWindows(window, print_child, reinterpret_cast<LPARAM>(focus));
+    }
+    std::printf(".\n");
+    std::fflush(stdout);
+}
+
+}  // namespace
+
+int main() {
+    _setmode(_fileno(stdout), _O_BINARY);
+    std::string title;
+    for (DWORD seconds = 0; std::cin >> seconds && std::getline(std::cin >> std::ws, title);) {
+        if (title.ends_with('\r')) title.pop_back();
+        answer(prot::to_wide(title), 1000 * seconds);
+    }
 }

@@ -2,6 +2,7 @@
 # repository's root, after the build; $PROT_GROUP_FOLDER is empty and its own. A group calls `check` for each thing it
 # claims and ends with `finish`. Exit status 77 and a line of reason: nothing was tested.
 
+: "${PROT_GROUP_FOLDER:?is set by scripts/test-windows}" "${PROTCSV_WINEPREFIX:?is set by scripts/test-windows}"
 checks=0
 failures=0
 recordings=out/windows-tests/recordings
