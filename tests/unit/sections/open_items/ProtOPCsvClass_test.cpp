@@ -168,6 +168,16 @@ TEST(ItemValues, AreTranslatedByField) {
             << row.field << " " << row.value << ": " << row.why;
 }
 
+TEST(ItemValues, ADunningBlockIsCountedInWordsFrom0To9AndElseStaysAsLogged) {
+    for (int count = -1; count <= 11; ++count) {
+        const std::string value = std::to_string(count);
+        const std::string expected = count == 0                 ? "keine Sperrung"
+                                     : count >= 1 && count <= 9 ? value + " mal gesperrt"
+                                                                : "";
+        EXPECT_EQ(open_items::msTranslateID(value, "OP_SPERR_KZ"), expected) << value;
+    }
+}
+
 TEST_F(ItemExport, ReadsTheClientOfTheBatchTextOnce) {
     oDBU.answers[client_query] = {{std::int64_t{7}, std::string("Maier")}};
     run("/autostart/mandant:10001/vonkonto:1/biskonto:999999999");
