@@ -22,6 +22,7 @@ struct Entry {
 
 enum class FieldKind {
     list,     ///< one of its entries is selected
+    picker,   ///< a list of up to some ten thousand; typing leaves those on view that match (EntrySearch)
     text,     ///< a line of text
     options,  ///< all entries are on view, one is selected
     label,    ///< only its label; never has the focus
@@ -32,14 +33,15 @@ struct Field {
     FieldKind kind = FieldKind::list;
     std::string name{};                     ///< the control's name
     std::string label{};                    ///< stands before the field; & marks the access key, && is a &
-    std::vector<Entry> entries{};           ///< list, options; they keep their order
+    std::vector<Entry> entries{};           ///< list, picker, options; they keep their order
     std::optional<std::size_t> selected{};  ///< index into entries
-    std::string text{};                     ///< text: what the person sees and edits
-    std::size_t longest = 255;              ///< text: most characters that the person can type
+    std::string text{};                     ///< text: what the person sees and edits; picker: what is typed
+    std::size_t longest = 255;              ///< text, picker: most characters that the person can type
     bool enabled = true;
     bool visible = true;
 
-    /// The person chose another entry, or changed the text; the field holds it already.
+    /// The person chose another entry, or changed the text; the field holds it already. Typing into a picker
+    /// is a change when it leads to another entry.
     std::function<void()> changed{};
     /// The person leaves a text field. False: the entry is refused, and the focus stays; what is wrong has
     /// been said. Cancel may leave without asking.

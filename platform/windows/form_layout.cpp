@@ -98,6 +98,7 @@ private:
         const int longest = across(longest_field);
         switch (field.kind) {
             case FieldKind::list:
+            case FieldKind::picker:
                 return std::min(longest, entries_width(field, longest) + across(field_padding + arrow_width));
             case FieldKind::text: {
                 const auto characters = static_cast<int>(std::min<std::size_t>(field.longest, 1000));

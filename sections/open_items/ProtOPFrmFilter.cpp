@@ -36,7 +36,11 @@ Form ProtOPFrmFilter::described_form() {
     form.help_id = "HID_MIVRA_ALLGEMEIN_PROTOKOLLIERUNG_OFFENE_POSTEN";
     form.fields = {
         {.name = "cboMandant", .label = "&Auswahl", .changed = [this] { mMandantAuswahl(); }},
-        {.name = "ctlMandant", .label = "&Mandant", .changed = [this] { ctlMandant_Change(); }},
+        {.kind = FieldKind::picker,
+         .name = "ctlMandant",
+         .label = "&Mandant",
+         .longest = 60,
+         .changed = [this] { ctlMandant_Change(); }},
         {.name = "cboWirtschaftsjahr", .label = "&Wirtschaftsjahr"},
         {.kind = FieldKind::text,
          .name = "txtKLNr(0)",
@@ -113,6 +117,7 @@ void ProtOPFrmFilter::mMandantAuswahl() try {
     const bool all = kind == ClientKind::all;
     clients.entries = all ? std::vector<Entry>() : open_items::client_entries(*oDBU_, kind);
     clients.selected.reset();
+    clients.text.clear();
     clients.enabled = !all;
     if (!all) clients.label = kind == ClientKind::office ? "&Kanzlei" : "&Mandant";
     form_.ok.enabled = all;

@@ -149,6 +149,7 @@ private:
                 place.value = {{column, row_}, 0, 1};
                 break;
             case FieldKind::list:
+            case FieldKind::picker:
                 place.value = {{column, row_ + 1}, std::min(list_width(field), width_), list_height(field)};
                 break;
             case FieldKind::text:

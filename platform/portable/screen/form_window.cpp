@@ -116,6 +116,7 @@ void FormWindow::draw_field(Picture& picture, std::size_t index, const FieldPlac
     draw_label(picture, form_.fields[index], place);
     switch (form_.fields[index].kind) {
         case FieldKind::list:
+        case FieldKind::picker:
             draw_list(picture, index, place);
             break;
         case FieldKind::options:

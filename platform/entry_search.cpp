@@ -1,0 +1,72 @@
+#include "platform/entry_search.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include "platform/automation/letter_case.h"
+#include "platform/automation/text_parts.h"
+
+namespace prot {
+
+namespace {
+
+std::vector<std::string_view> words_of(std::string_view typed) {
+    std::vector<std::string_view> words;
+    for (const auto part : std::views::split(typed, ' '))
+        if (!part.empty()) words.emplace_back(part.begin(), part.end());
+    return words;
+}
+
+std::string folded(std::string_view typed) { return to_lower(trim_blanks(typed)); }
+
+}  // namespace
+
+void EntrySearch::look_through(const std::vector<Entry>& entries) {
+    items_.resize(entries.size());
+    std::ranges::transform(entries, items_.begin(), [](const Entry& entry) {
+        return Item{to_lower(std::string_view(entry.number)), to_lower(std::string_view(entry.text))};
+    });
+}
+
+bool EntrySearch::matches_all(const Item& item, const std::vector<std::string_view>& words) const {
+    return std::ranges::all_of(words, [&item](std::string_view word) {
+        return item.number.starts_with(word) || item.text.find(word) != std::string::npos;
+    });
+}
+
+std::vector<std::size_t> EntrySearch::matches(std::string_view typed) const {
+    const std::string whole = folded(typed);
+    const std::vector<std::string_view> words = words_of(whole);
+    std::vector<std::size_t> found;
+    for (std::size_t i = 0; i < items_.size(); ++i)
+        if (matches_all(items_[i], words)) found.push_back(i);
+    return found;
+}
+
+/// The one entry of just that number, or else of just that text.
+std::optional<std::size_t> EntrySearch::same(const std::string& whole) const {
+    for (const auto part : {&Item::number, &Item::text}) {
+        const auto found = std::ranges::find(items_, whole, part);
+        if (found == items_.end()) continue;
+        if (std::ranges::find(found + 1, items_.end(), whole, part) != items_.end()) return std::nullopt;
+        return static_cast<std::size_t>(found - items_.begin());
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> EntrySearch::chosen(std::string_view typed,
+                                               std::optional<std::size_t> before) const {
+    const std::string whole = folded(typed);
+    if (before && *before >= items_.size()) before.reset();
+    if (whole.empty()) return before;
+    if (const auto entry = same(whole)) return entry;
+    const std::vector<std::string_view> words = words_of(whole);
+    const auto match = [&](const Item& item) { return matches_all(item, words); };
+    const auto first = std::ranges::find_if(items_, match);
+    if (first == items_.end()) return std::nullopt;
+    if (std::find_if(first + 1, items_.end(), match) == items_.end())
+        return static_cast<std::size_t>(first - items_.begin());
+    return before && match(items_[*before]) ? before : std::nullopt;
+}
+
+}  // namespace prot
