@@ -76,10 +76,12 @@ all_well() {
 
 reports() { diff -u "tests/com/scripts/expected/$1" "$report"; }
 
-# The one file that the client's export wrote, under the name of an unattended run.
+# The one file that the client's export wrote, under the name of an unattended run; $section_word is the section's
+# word in it.
+section_word=Devisenkurse
 exported_file() {
     local found=("$files"/*)
-    [ ${#found[@]} -eq 1 ] && [[ ${found[0]##*/} =~ ^Prot_Devisenkurse_[0-9]{8}_[0-9]{6}\.csv$ ]] || {
+    [ ${#found[@]} -eq 1 ] && [[ ${found[0]##*/} =~ ^Prot_${section_word}_[0-9]{8}_[0-9]{6}\.csv$ ]] || {
         echo "expected one export, found: ${found[*]##*/}" >&2
         return 1
     }
