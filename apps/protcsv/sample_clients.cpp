@@ -127,24 +127,33 @@ constexpr int yes = -1, no = 0;
 std::span<const Period> ClientBook::periods() { return all_periods; }
 
 ClientBook::ClientBook(Random& random, std::int64_t rows) {
-    for (const KnownClient& known : known_clients())
+    for (const KnownClient& known : known_clients()) {
+        const Years years = known.years == Years::as_it_falls ? any_years(random) : known.years;
         add({.number = known.number,
              .short_name = std::string(known.short_name),
              .name = std::string(known.name),
              .office = known.office,
              .discarded = known.discarded},
-            known.years == Years::as_it_falls ? any_years(random) : known.years);
+            years);
+    }
     const auto count = static_cast<std::size_t>(std::min(fewest_clients + rows / 10, most_clients));
     std::int32_t number = last_known_number;
     while (clients_.size() < count) {
         number += static_cast<std::int32_t>(random.between(1, 3));
-        std::string name = std::string(random.pick(trades())) + " " + std::string(random.pick(families()));
-        add({.number = number,
-             .short_name = name,
-             .name = name + " " + std::string(random.pick(company_forms())),
-             .office = clients_.size() % clients_per_office == 0},
-            any_years(random));
+        add_any(number, random);
     }
+}
+
+/// One draw a statement: the order of draws within an expression differs between compilers.
+void ClientBook::add_any(std::int32_t number, Random& random) {
+    std::string name(random.pick(trades()));
+    name.append(" ").append(random.pick(families()));
+    Client client;
+    client.number = number;
+    client.short_name = name;
+    client.name = name.append(" ").append(random.pick(company_forms()));
+    client.office = clients_.size() % clients_per_office == 0;
+    add(std::move(client), any_years(random));
 }
 
 void ClientBook::add(Client client, Years years) {

@@ -59,6 +59,7 @@ public:
 
 private:
     void add(Client client, Years years);
+    void add_any(std::int32_t number, Random& random);
     void write_clients(SampleFile& file) const;
     void write_years(SampleFile& file) const;
 

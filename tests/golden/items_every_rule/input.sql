@@ -72,7 +72,11 @@ INSERT INTO tProtokoll (idProtokoll, dcTable, dcWorkstation, dcUser, ddDatum, dl
 (20, 'OFFENER_POSTEN', 'WS-01', 'Müller', '2025-01-16 10:00:03', 1,
  '<Cols></Cols>',
  'sa', 'Mahnwesen', 21),
+-- A change without a moment: its values stay as logged.
+(21, 'OFFENER_POSTEN', 'WS-01', 'Müller', NULL, 1,
+ '<Cols><Col Name="OP_ART"><OldValue>1</OldValue><NewValue>2</NewValue></Col><Col Name="OP_SPERR_KZ"><OldValue>0</OldValue><NewValue>3</NewValue></Col></Cols>',
+ 'sa', 'Mahnwesen', 20),
 -- Another table of the same log.
-(21, 'Person_v4', 'WS-01', 'Müller', '2025-01-17 10:00:00', 1,
+(22, 'Person_v4', 'WS-01', 'Müller', '2025-01-17 10:00:00', 1,
  '<Cols><Col Name="Ps_KurzName"><OldValue>a</OldValue><NewValue>b</NewValue></Col></Cols>',
  'sa', 'Mahnwesen', 71);
