@@ -107,8 +107,8 @@ void FormSession::press_in_choice(const Key& key) {
 std::optional<std::size_t> FormSession::entry_after(const Key& key) {
     const Field& choice = field();
     if (choice.entries.empty()) return std::nullopt;
-    if (key.types()) return search_.press(key.character, choice);
-    search_.forget();
+    if (key.types()) return entry_typed(key.character);
+    type_ahead_.forget();
     const std::size_t last = choice.entries.size() - 1;
     if (!choice.selected) return key.is(Key::Kind::end) ? last : 0;
     const std::size_t now = *choice.selected;
@@ -131,6 +131,12 @@ std::optional<std::size_t> FormSession::entry_after(const Key& key) {
         default:
             return std::nullopt;
     }
+}
+
+std::optional<std::size_t> FormSession::entry_typed(char32_t letter) {
+    const auto now = std::chrono::steady_clock::now();
+    if (!type_ahead_.takes(letter, now)) return std::nullopt;
+    return type_ahead_.typed(letter, now, field().entries, field().selected);
 }
 
 /// Makes up for the check that is due. False: the entry was refused, and its field has the focus again.
@@ -166,7 +172,7 @@ void FormSession::move(bool forward) {
 /// The focus arrives, without any check of where it was.
 void FormSession::enter(std::size_t target) {
     target_ = std::min(target, cancel());
-    search_.forget();
+    type_ahead_.forget();
     if (!on_field()) return;
     form_.focus = focus_ = target_;
     if (!on_text()) return;

@@ -5,8 +5,8 @@
 
 #include "platform/form.h"
 #include "platform/portable/screen/key.h"
-#include "platform/portable/screen/list_search.h"
 #include "platform/portable/screen/text_line.h"
+#include "platform/type_ahead.h"
 
 namespace prot {
 
@@ -14,7 +14,7 @@ namespace prot {
 /// functions are called for it. Whatever those change is followed before the next key.
 ///   Tab, Shift-Tab      next and previous field or button
 ///   arrows              within a list or options; otherwise as Tab
-///   letters             in a list: the entry that begins so
+///   letters             in a list or options: the entry that begins so
 ///   Alt and a letter    the field or button that is marked with it
 ///   Enter               OK, or Cancel while that has the focus
 ///   Esc                 Cancel
@@ -56,6 +56,7 @@ private:
     void press_in_field(const Key& key);
     void press_in_choice(const Key& key);
     std::optional<std::size_t> entry_after(const Key& key);
+    std::optional<std::size_t> entry_typed(char32_t letter);
 
     bool may_leave_to(std::size_t target);
     void go_to(std::size_t target);
@@ -69,7 +70,7 @@ private:
     std::size_t focus_ = 0;                 // form_.focus when it was last looked at
     std::optional<std::size_t> unchecked_;  // the text field whose check is still due
     TextLine line_;
-    ListSearch search_;
+    TypeAhead type_ahead_;
     std::size_t page_ = 1;
     bool cancelled_ = false;
 };
