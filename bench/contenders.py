@@ -6,6 +6,7 @@ from dataclasses import dataclass
 from typing import Callable, Optional
 
 from process import Job
+from sections import Section
 
 PEERS = pathlib.Path(__file__).parent / "peers"
 
@@ -14,6 +15,7 @@ PEERS = pathlib.Path(__file__).parent / "peers"
 class Task:
     """What every contender is given."""
     program: str             # the program under test
+    section: Section
     database: pathlib.Path
     query: str               # the main query, as the program sends it
     columns: list            # its columns
@@ -40,16 +42,16 @@ def program_output(task):
 
 
 def export(task, *arguments):
-    return [task.program, "export", "--db", str(task.database), "--section", "15", "--out", str(task.folder), *arguments]
+    return [task.program, "export", "--db", str(task.database), "--section", task.section.number,
+            "--out", str(task.folder), *arguments]
 
 
 def program_to_file(task):
-    return Job(export(task, "--params", "/autostart"), str(program_output(task)))
+    return Job(export(task, "--params", task.section.parameters), str(program_output(task)))
 
 
 def program_to_null(task):
-    # Interactive: the range of currencies as proposed, then the name of the file.
-    return Job(export(task, "--answers", "-"), "/dev/null", b"\n\n/dev/null\n")
+    return Job(export(task, "--answers", "-"), "/dev/null", task.section.answers)
 
 
 def program_csv(task):
@@ -78,16 +80,29 @@ FLOORS = {"file": "sqlite3 dump, file", "null": "sqlite3 dump, /dev/null"}
 PROGRAMS = {"file": "protcsv, file", "null": "protcsv, /dev/null"}
 
 
-def contenders(with_slow_ones):
+def contenders(section, with_slow_ones):
     """In the order of a round. with_slow_ones: the plain script at any size."""
     return [
         Contender(FLOORS["file"], "file", lambda task: shell(task, task.query, task.folder / "dump.csv")),
         Contender(PROGRAMS["file"], "file", program_to_file, program_csv),
+        *(scripts(with_slow_ones) if section.scripts else []),
+        *(to_null() if section.answers else []),
+        Contender("scan only", "null" if section.answers else "file",
+                  lambda task: shell(task, scan_statement(task), "/dev/null")),
+    ]
+
+
+def scripts(with_slow_ones):
+    return [
         Contender("good script, file", "file", script("good"), lambda task: task.folder / "good.csv",
                   lambda rows: 3 if rows > 100_000 else sys.maxsize),
         Contender("plain script, file", "file", script("plain"), lambda task: task.folder / "plain.csv",
                   lambda rows: sys.maxsize if rows <= 10_000 else 1 if rows <= 100_000 or with_slow_ones else 0),
+    ]
+
+
+def to_null():
+    return [
         Contender(FLOORS["null"], "null", lambda task: shell(task, task.query, "/dev/null")),
         Contender(PROGRAMS["null"], "null", program_to_null),
-        Contender("scan only", "null", lambda task: shell(task, scan_statement(task), "/dev/null")),
     ]

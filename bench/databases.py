@@ -20,25 +20,25 @@ def file_hash(path):
         return hashlib.file_digest(file, "sha256").hexdigest()
 
 
-def write_sample(program, path, rows):
-    subprocess.run([program, "sample", str(path), "--rows", str(rows), "--seed", SEED, "--overwrite"],
-                   check=True, stdout=subprocess.DEVNULL)
+def write_sample(program, section, path, rows):
+    subprocess.run([program, "sample", str(path), "--section", section.number, "--rows", str(rows), "--seed", SEED,
+                    "--overwrite"], check=True, stdout=subprocess.DEVNULL)
 
 
-def sample(program, folder, rows):
-    """The database of `rows` log rows, made unless one of the same content is there already.
+def sample(program, section, folder, rows):
+    """The database of `rows` log rows of the section, made unless one of the same content is there already.
 
     Whether the program still writes what it wrote then is seen from a small database, made anew each time.
     """
     with tempfile.TemporaryDirectory() as temporary:
         probe = pathlib.Path(temporary) / "probe.db"
-        write_sample(program, probe, PROBE_ROWS)
+        write_sample(program, section, probe, PROBE_ROWS)
         mark = file_hash(probe)
-    database, mark_file = folder / f"log-{rows}.db", folder / f"log-{rows}.mark"
+    database, mark_file = (folder / f"log-{section.number}-{rows}.{end}" for end in ("db", "mark"))
     if not (database.exists() and mark_file.exists() and mark_file.read_text() == mark):
         mark_file.unlink(missing_ok=True)
-        print(f"Writing a database of {rows} log rows", flush=True)
-        write_sample(program, database, rows)
+        print(f"Writing a database of {rows} log rows of section {section.number}", flush=True)
+        write_sample(program, section, database, rows)
         mark_file.write_text(mark)
     return database
 
@@ -52,12 +52,12 @@ class StatementKind:
         return statistics.median(self.times)
 
 
-def statements(program, database, folder):
+def statements(program, section, database, folder):
     """The statements of one export: the main query as sent, and all statements by kind, the dearest kind first."""
     log = folder / "statements.jsonl"
     finished = subprocess.run(
-        [program, "export", "--db", str(database), "--section", "15", "--params", "/autostart", "--out", str(folder),
-         "--sql-log", str(log), "--quiet"], check=True, stdout=subprocess.PIPE, encoding="utf-8")
+        [program, "export", "--db", str(database), "--section", section.number, "--params", section.parameters,
+         "--out", str(folder), "--sql-log", str(log), "--quiet"], check=True, stdout=subprocess.PIPE, encoding="utf-8")
     pathlib.Path(finished.stdout.strip()).unlink()
     times = defaultdict(list)
     main_query = None

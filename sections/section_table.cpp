@@ -1,6 +1,7 @@
 #include "sections/section_table.h"
 
 #include "sections/exchange_rates/CProtDevCsv.h"
+#include "sections/open_items/ProtOPCsvClass.h"
 
 namespace prot {
 
@@ -8,6 +9,7 @@ namespace {
 
 // clang-format off
 constexpr Section sections[] = {
+    {6, "open-items", "Offene Posten", create_open_item_exporter},
     {15, "exchange-rates", "Devisenkurse", create_exchange_rate_exporter},
 };
 // clang-format on

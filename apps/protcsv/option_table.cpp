@@ -39,7 +39,8 @@ constexpr CommandRow command_rows[] = {
      "--db ZIEL --section NR|NAME [Optionen]",
      "Beispiele:\n"
      "  protcsv export --db firma.db --section exchange-rates --from 01.01.2026\n"
-     "  protcsv export --db firma.db --section 15 --params \"/autostart/vondevi:EUR\""},
+     "  protcsv export --db firma.db --section 15 --params \"/autostart/vondevi:EUR\"\n"
+     "  protcsv export --db firma.db --section 6 --params \"/autostart/mandant:123\""},
     {Command::delete_log, "delete", "Löscht die ausgewählten Protokollsätze",
      "--db ZIEL --section NR|NAME [Optionen]",
      "Beispiel:\n"
@@ -116,6 +117,10 @@ constexpr OptionRow option_rows[] = {
     {"--rows", "ZAHL", sampling, 0, "Ablauf", "Protokollsätze (Vorgabe: ein kleines Protokoll)",
      [](Options& o, const std::string& value, SectionTable) {
          o.sample.rows = static_cast<std::int64_t>(parse_number(value, 1, most_sample_rows));
+     }},
+    {"--section", "NR|NAME", sampling, 0, "Ablauf", "nur Protokollsätze dieses Bereichs (Vorgabe: aller)",
+     [](Options& o, const std::string& value, SectionTable sections) {
+         o.sample.section = find_section(value, sections).number;
      }},
     {"--overwrite", "", sampling, 0, "Ablauf", "ersetzt auch eine Datei, die keine Beispieldatenbank ist",
      [](Options& o, const std::string&, SectionTable) { o.overwrite = true; }},

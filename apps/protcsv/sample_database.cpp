@@ -14,52 +14,59 @@ namespace {
 
 using sample::SampleFile;
 
-constexpr std::uint64_t moments_stream = 1000;
-constexpr std::uint64_t turns_stream = 1001;
+constexpr std::uint64_t first_moments_stream = 1000;
 
+/// A section, and what it still has to log.
 struct Part {
     std::unique_ptr<sample::Section> section;
+    sample::Moments moments;
     std::int64_t rows_left;
+    sample::Moment next;  ///< of its next change; meaningless when there is none
 };
 
-std::int64_t usual_rows() {
+bool takes_part(const sample::SectionKind& kind, const SampleOptions& options) {
+    return !options.section || *options.section == kind.number;
+}
+
+std::int64_t usual_rows(const SampleOptions& options) {
     std::int64_t sum = 0;
-    for (const sample::SectionKind& kind : sample::section_kinds()) sum += kind.usual_rows;
+    for (const sample::SectionKind& kind : sample::section_kinds())
+        if (takes_part(kind, options)) sum += kind.usual_rows;
     return sum;
 }
 
-/// Shares `rows` out among the sections, in proportion to their usual rows and without a rest.
-std::vector<Part> create_parts(std::uint64_t seed, std::int64_t rows) {
+/// Shares `rows` out among the sections, in proportion to their usual rows and without a rest. A section that
+/// takes no part gets none.
+std::vector<Part> create_parts(const SampleOptions& options, std::int64_t rows) {
     std::vector<Part> parts;
     std::int64_t rows_left = rows;
-    std::int64_t weight_left = usual_rows();
+    std::int64_t weight_left = usual_rows(options);
     for (const sample::SectionKind& kind : sample::section_kinds()) {
-        const std::int64_t share = rows_left * kind.usual_rows / weight_left;
-        parts.push_back({kind.create(sample::Random(seed, parts.size()), share), share});
+        const std::int64_t weight = takes_part(kind, options) ? kind.usual_rows : 0;
+        const std::int64_t share = weight == 0 ? 0 : rows_left * weight / weight_left;
+        const std::uint64_t stream = parts.size();
+        sample::Moments moments(sample::Random(options.seed, first_moments_stream + stream), share);
+        const sample::Moment first = share == 0 ? sample::Moment() : moments.next();
+        parts.push_back({kind.create(sample::Random(options.seed, stream), share), moments, share, first});
         rows_left -= share;
-        weight_left -= kind.usual_rows;
+        weight_left -= weight;
     }
     return parts;
 }
 
-/// The part whose turn it is: by chance, each as likely as it still has rows to log.
-Part& next_part(std::vector<Part>& parts, std::int64_t rows_left, sample::Random& random) {
-    std::int64_t place = random.below(rows_left);
-    for (Part& part : parts) {
-        if (place < part.rows_left) return part;
-        place -= part.rows_left;
-    }
-    return parts.back();
+/// The part that changes something next; null when all have logged everything.
+Part* next_part(std::vector<Part>& parts) {
+    Part* earliest = nullptr;
+    for (Part& part : parts)
+        if (part.rows_left > 0 && (earliest == nullptr || part.next < earliest->next)) earliest = &part;
+    return earliest;
 }
 
-void write_log(SampleFile& file, std::vector<Part>& parts, std::uint64_t seed, std::int64_t rows) {
-    sample::Moments moments(sample::Random(seed, moments_stream), rows);
-    sample::Random turns(seed, turns_stream);
+void write_log(SampleFile& file, std::vector<Part>& parts) {
     sample::LogWriter log(file);
-    for (std::int64_t rows_left = rows; rows_left > 0; --rows_left) {
-        Part& part = next_part(parts, rows_left, turns);
-        log.add(part.section->log_change(moments.next()));
-        --part.rows_left;
+    while (Part* const part = next_part(parts)) {
+        log.add(part->section->log_change(part->next));
+        if (--part->rows_left > 0) part->next = part->moments.next();
     }
     log.finish();
 }
@@ -78,7 +85,7 @@ void check_rows(std::int64_t rows) {
 }  // namespace
 
 void write_sample_database(const std::string& path, const SampleOptions& options) {
-    const std::int64_t rows = options.rows.value_or(usual_rows());
+    const std::int64_t rows = options.rows.value_or(usual_rows(options));
     check_rows(rows);
 
     SampleFile file(path);
@@ -88,8 +95,8 @@ void write_sample_database(const std::string& path, const SampleOptions& options
         "PRAGMA application_id = " +
         std::to_string(sample_mark) + ";");
     sample::create_log_tables(file);
-    std::vector<Part> parts = create_parts(options.seed, rows);
-    write_log(file, parts, options.seed, rows);
+    std::vector<Part> parts = create_parts(options, rows);
+    write_log(file, parts);
     for (const Part& part : parts) {
         part.section->write_master_data(file);
         sample::write_captions(file, part.section->captions());

@@ -11,6 +11,8 @@ struct SampleOptions {
     std::uint64_t seed = 1;
     /// Rows of the whole log; without it, the small log that people look at.
     std::optional<std::int64_t> rows;
+    /// Only changes of this section; the others have their master data, but log nothing. All by default.
+    std::optional<std::int32_t> section = {};
 };
 
 /// The largest SampleOptions::rows.

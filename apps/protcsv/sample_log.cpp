@@ -41,6 +41,19 @@ void ChangeDocument::add(std::string_view column, std::string_view old_value, st
 
 std::string ChangeDocument::finish() { return std::move(text_) + "</Cols>"; }
 
+std::string decimal_text(std::int64_t number, int decimals) {
+    const auto places = static_cast<std::size_t>(decimals);
+    std::string digits = std::to_string(number < 0 ? -number : number);
+    if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
+    digits.insert(digits.size() - places, 1, ',');
+    return number < 0 ? "-" + digits : digits;
+}
+
+Event event_of(const void* before, const void* after) {
+    if (before == nullptr) return Event::created;
+    return after == nullptr ? Event::deleted : Event::changed;
+}
+
 LogWriter::LogWriter(SampleFile& file)
     : file_(file),
       insert_(

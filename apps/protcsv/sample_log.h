@@ -57,6 +57,12 @@ std::string change_document(std::span<const Field<Record>> fields, const Record*
     return document.finish();
 }
 
+/// A whole number of 10^-decimals, as text with a decimal comma: decimal_text(-125, 2) is -1,25.
+std::string decimal_text(std::int64_t number, int decimals);
+
+/// What a change from `before` to `after` is. Null `before`: created; null `after`: deleted.
+Event event_of(const void* before, const void* after);
+
 /// One row of the log. Empty optionals are NULL.
 struct LogRow {
     std::string_view table;  ///< of static storage

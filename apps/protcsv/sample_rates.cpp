@@ -31,11 +31,6 @@ constexpr Field<Rate> rate_fields[] = {
     {"flMitarbeiter", [](const Rate& rate) { return std::to_string(rate.employee); }},
 };
 
-Event event_of(const void* before, const void* after) {
-    if (before == nullptr) return Event::created;
-    return after == nullptr ? Event::deleted : Event::changed;
-}
-
 constexpr std::int64_t unit_of_both_prices = 10'000'000'000;
 
 /// The reciprocal price, rounded.
@@ -46,14 +41,6 @@ std::int64_t reciprocal(std::int64_t price) { return (unit_of_both_prices + pric
 std::int64_t foreign_bid(const Quote& quote) { return reciprocal(quote.ask); }
 
 std::int64_t foreign_ask(const Quote& quote) { return reciprocal(quote.bid); }
-
-std::string decimal_text(std::int64_t number, int decimals) {
-    const auto places = static_cast<std::size_t>(decimals);
-    std::string digits = std::to_string(number < 0 ? -number : number);
-    if (digits.size() <= places) digits.insert(0, places + 1 - digits.size(), '0');
-    digits.insert(digits.size() - places, 1, ',');
-    return number < 0 ? "-" + digits : digits;
-}
 
 LogRow currency_row(const Occasion& occasion, const Currency* before, const Currency* after) {
     const std::int32_t id = (before == nullptr ? after : before)->id;

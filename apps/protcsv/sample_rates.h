@@ -41,9 +41,6 @@ struct Rate {
 std::int64_t foreign_bid(const Quote& quote);
 std::int64_t foreign_ask(const Quote& quote);
 
-/// A whole number of 10^-decimals, as text with a decimal comma: decimal_text(-125, 2) is -1,25.
-std::string decimal_text(std::int64_t number, int decimals);
-
 /// The log row of a change. Null `before`: created; null `after`: deleted. One of them is given.
 LogRow currency_row(const Occasion& occasion, const Currency* before, const Currency* after);
 LogRow rate_row(const Occasion& occasion, const Rate* before, const Rate* after);

@@ -1,12 +1,14 @@
 #include "apps/protcsv/sample_sections.h"
 
 #include "apps/protcsv/sample_exchange_rates.h"
+#include "apps/protcsv/sample_open_items.h"
 
 namespace prot::sample {
 namespace {
 
 constexpr SectionKind kinds[] = {
-    {120, create_exchange_rates},
+    {15, 120, create_exchange_rates},
+    {6, 140, create_open_items},
 };
 
 }  // namespace

@@ -25,11 +25,13 @@ public:
 };
 
 struct SectionKind {
+    std::int32_t number;      ///< IDSysQuvoLogSections
     std::int64_t usual_rows;  ///< of the small log, and the section's share in a larger one
     std::unique_ptr<Section> (*create)(Random random, std::int64_t rows);
 };
 
-/// All sections. A new one is added at the end, so that the others keep their content.
+/// All sections. A new one is added at the end; the others keep their content, as every section has its own
+/// chance and its own moments.
 std::span<const SectionKind> section_kinds();
 
 }  // namespace prot::sample

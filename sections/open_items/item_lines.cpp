@@ -50,7 +50,9 @@ std::string_view ItemLines::caption(std::string_view field, std::string_view tab
     return msDBGetFieldDescription(field, table, run_);
 }
 
-void ItemLines::translate_values(std::string_view field, std::string_view, const LogRow&, CsvLine& line) {
+void ItemLines::translate_values(std::string_view field, std::string_view, const LogRow& row, CsvLine& line) {
+    // A change without a moment is written as logged, in every section.
+    if (row.text(LogColumn::ddDatum, scratch_).empty()) return;
     translate_both(line, item_captions.size(),
                    [field](std::string_view value) { return msTranslateID(value, field); });
 }

@@ -34,6 +34,7 @@ private:
 
     Run& run_;
     IdMemory<Item> items_;  // each asked once in a run
+    std::string scratch_;
 };
 
 /// The caption of a changed field; empty for fields that are never exported, whatever their letter case, and

@@ -100,6 +100,8 @@ TEST(Options, ReadsTheSampleCommand) {
     EXPECT_EQ(options.sample.seed, 7u);
     EXPECT_EQ(options.sample.rows, 100);
     EXPECT_TRUE(options.overwrite);
+    EXPECT_FALSE(options.sample.section);
+    EXPECT_EQ(parse({"sample", "x", "--section", "exchange-rates"}).sample.section, 15);
     EXPECT_EQ(parse({"sample", "--", "--db"}).sample_file, "--db");
 }
 

@@ -2,16 +2,15 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <filesystem>
-#include <memory>
 #include <regex>
 #include <string>
 #include <vector>
 
+#include "apps/protcsv/sample_sections.h"
 #include "platform/automation/error.h"
-#include "tests/unit/platform/portable/temporary_folder.h"
+#include "tests/unit/apps/protcsv/sample_fixture.h"
 
 namespace prot {
 namespace {
@@ -21,31 +20,8 @@ using testing::HasSubstr;
 using testing::IsSupersetOf;
 using testing::Not;
 
-/// A folder of one test's own, removed at its end.
-class SampleDatabase : public testing::Test {
+class SampleDatabase : public SampleFixture {
 protected:
-    std::string write(const std::string& name, const SampleOptions& options) {
-        const std::string path = folder_.text(name);
-        write_sample_database(path, options);
-        return path;
-    }
-
-    /// The first column of the rows, NULL as the empty text.
-    std::vector<std::string> column(const std::string& path, const std::string& sql) {
-        sqlite3* connection = nullptr;
-        EXPECT_EQ(sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READONLY, nullptr), SQLITE_OK);
-        const std::unique_ptr<sqlite3, decltype(&sqlite3_close)> owner(connection, sqlite3_close);
-        std::vector<std::string> texts;
-        const auto keep = [](void* to, int, char** values, char**) {
-            static_cast<std::vector<std::string>*>(to)->push_back(values[0] == nullptr ? "" : values[0]);
-            return 0;
-        };
-        EXPECT_EQ(sqlite3_exec(connection, sql.c_str(), keep, &texts, nullptr), SQLITE_OK) << sql;
-        return texts;
-    }
-
-    int number(const std::string& path, const std::string& sql) { return std::stoi(column(path, sql).at(0)); }
-
     /// Everything that the file holds: its statements and each row of each table as text.
     std::vector<std::string> content(const std::string& path) {
         std::vector<std::string> all = column(path, "SELECT sql FROM sqlite_schema ORDER BY name");
@@ -59,8 +35,6 @@ protected:
         }
         return all;
     }
-
-    const TemporaryFolder folder_;
 };
 
 TEST_F(SampleDatabase, HasTheSameContentForTheSameSeed) {
@@ -77,7 +51,9 @@ TEST_F(SampleDatabase, SpellsTablesAndColumnsAsTheLogDoes) {
     EXPECT_THAT(
         column(path, "SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite%'"),
         testing::UnorderedElementsAre("tSysQuvoLogSections", "tProtokoll", "tProtokollMemo", "tSysQuvoTables",
-                                      "tSysQuvoColumns", "tDevisenWaehr", "TDEVISENKURS"));
+                                      "tSysQuvoColumns", "tDevisenWaehr", "TDEVISENKURS", "Person_v4",
+                                      "Personalie", "Mandant_Zeit", "Akten", "Zeitraum",
+                                      "Person_Wirtschaftsjahr", "OFFENER_POSTEN"));
     const auto columns = [&](const std::string& table) {
         return column(path, "SELECT name FROM pragma_table_info('" + table + "')");
     };
@@ -129,6 +105,14 @@ TEST_F(SampleDatabase, IsIndexedWhereTheLogIsSearched) {
                        " WHERE s.type = 'index' AND s.tbl_name LIKE 'tProtokoll%' GROUP BY s.name"),
                 testing::UnorderedElementsAre("dcTable,dlSuchId2,ddDatum", "dcTable,dlPrimaryKey1,ddDatum",
                                               "ddDatum", "flProtokoll"));
+    EXPECT_THAT(column(path,
+                       "SELECT s.tbl_name || ': ' || group_concat(c.name) FROM sqlite_schema AS s,"
+                       " pragma_index_info(s.name) AS c WHERE s.type = 'index' AND s.tbl_name IN"
+                       " ('OFFENER_POSTEN', 'Person_v4', 'Personalie', 'Mandant_Zeit', 'Akten',"
+                       " 'Person_Wirtschaftsjahr') GROUP BY s.name"),
+                testing::UnorderedElementsAre("OFFENER_POSTEN: WJ_ID,OP_SKNR", "OFFENER_POSTEN: OP_SKNR",
+                                              "Person_v4: Ps_Nr", "Personalie: Ps_Id", "Mandant_Zeit: Pl_Id",
+                                              "Akten: Ps_Id", "Person_Wirtschaftsjahr: Ps_Id"));
 }
 
 struct Feature {
@@ -186,15 +170,41 @@ TEST_F(SampleDatabase, ShowsEveryKindOfChangeAuthorAndValueWhateverTheSeed) {
     }
 }
 
-TEST_F(SampleDatabase, IsALogThatAPersonCanReadThrough) {
-    const int rows = number(write("a.db", {}), "SELECT COUNT(*) FROM tProtokoll");
-    EXPECT_GE(rows, 60);
-    EXPECT_LE(rows, 150);
+TEST_F(SampleDatabase, HasOfEachSectionALogThatAPersonCanReadThrough) {
+    for (const sample::SectionKind& kind : sample::section_kinds()) {
+        const std::string name = std::to_string(kind.number) + ".db";
+        const int rows = number(write(name, {1, {}, kind.number}), "SELECT COUNT(*) FROM tProtokoll");
+        EXPECT_GE(rows, 60) << kind.number;
+        EXPECT_LE(rows, 150) << kind.number;
+    }
 }
 
-TEST_F(SampleDatabase, NeverLogsTwoChangesInOneSecond) {
+TEST_F(SampleDatabase, KeepsASectionsRowsWhateverOthersLog) {
+    const std::string all = write("all.db", {});
+    for (const sample::SectionKind& kind : sample::section_kinds()) {
+        const std::string alone = write(std::to_string(kind.number) + ".db", {1, {}, kind.number});
+        const std::string rows =
+            "SELECT dcTable || ddDatum || dlPrimaryKey1 || quote(dmData) FROM tProtokoll";
+        const auto of_all = column(all, rows);
+        const auto own = column(alone, rows);
+        EXPECT_EQ(own.size(), static_cast<std::size_t>(kind.usual_rows));
+        EXPECT_THAT(of_all, IsSupersetOf(own)) << kind.number;
+    }
+}
+
+TEST_F(SampleDatabase, HasTheMasterDataOfSectionsThatLogNothing) {
+    const std::string rates_only = write("a.db", {1, 500, 15});
+    EXPECT_EQ(number(rates_only, "SELECT COUNT(*) FROM tProtokoll WHERE dcTable = 'OFFENER_POSTEN'"), 0);
+    EXPECT_EQ(number(rates_only, "SELECT COUNT(*) FROM tProtokoll"), 500);
+    EXPECT_GT(number(rates_only, "SELECT COUNT(*) FROM OFFENER_POSTEN"), 50);
+}
+
+TEST_F(SampleDatabase, NeverLogsTwoChangesOfASectionInOneSecond) {
     const std::string path = write("a.db", {1, 20000});
-    EXPECT_EQ(number(path, "SELECT COUNT(DISTINCT ddDatum) FROM tProtokoll"), 20000);
+    EXPECT_EQ(number(path,
+                     "SELECT COUNT(DISTINCT ddDatum || (dcTable IN ('TDEVISENKURS', 'tDevisenWaehr')))"
+                     " FROM tProtokoll"),
+              20000);
     EXPECT_EQ(
         number(path, "SELECT MIN(ddDatum) >= '2023-11-06' AND MAX(ddDatum) < '2026-11-02' FROM tProtokoll"),
         1);
@@ -227,13 +237,15 @@ TEST_F(SampleDatabase, LogsOldAndNewValuesAsTheEventDemands) {
     EXPECT_EQ(wrong("1", "<NewValue></NewValue>"), 0);
     EXPECT_EQ(number(path,
                      "SELECT COUNT(*) FROM tProtokoll WHERE dlEvent = 0"
-                     " AND dmData NOT LIKE '<Cols><Col Name=\"id%\"><OldValue></OldValue><NewValue>_%'"),
+                     " AND dmData NOT LIKE '<Cols><Col Name=\"id%\"><OldValue></OldValue><NewValue>_%'"
+                     " AND dmData NOT LIKE '<Cols><Col Name=\"OP_ID\"><OldValue></OldValue><NewValue>_%'"),
               0);
     EXPECT_EQ(
         number(
             path,
             "SELECT COUNT(*) FROM tProtokoll WHERE dlEvent = 2"
-            " AND dmData NOT LIKE '<Cols><Col Name=\"id%\"><OldValue>_%</OldValue><NewValue></NewValue>%'"),
+            " AND dmData NOT LIKE '<Cols><Col Name=\"id%\"><OldValue>_%</OldValue><NewValue></NewValue>%'"
+            " AND dmData NOT LIKE '<Cols><Col Name=\"OP_ID\"><OldValue>_%</OldValue><NewValue></NewValue>%'"),
         0);
 }
 
@@ -241,8 +253,8 @@ TEST_F(SampleDatabase, WritesEveryLoadableDocumentInTheLogsShape) {
     const std::string path = write("a.db", {1, 3000});
     const auto documents = column(path, "SELECT dmData FROM tProtokoll WHERE dmData LIKE '%</Cols>'");
     const std::regex column_of_a_document(
-        "<Col Name=\"[A-Za-z]+\"><OldValue>[^<>]*</OldValue><NewValue>[^<>]*");
-    EXPECT_EQ(documents.size(), 2997U);  // all but the missing, the empty and the broken one
+        "<Col Name=\"[A-Za-z_0-9]+\"><OldValue>[^<>]*</OldValue><NewValue>[^<>]*");
+    EXPECT_EQ(documents.size(), 2994U);  // all but a missing, an empty and a broken one in each section
     for (std::string document : documents) {
         // What is left when every column is taken out is the frame alone, when all columns have the one
         // shape.
@@ -274,7 +286,7 @@ TEST_F(SampleDatabase, LeavesTheLiveRatesAsTheLogLeftThem) {
 }
 
 TEST_F(SampleDatabase, HasExactlyTheRowsThatAreAskedFor) {
-    for (const int rows : {0, 1, 2, 37, 74, 1000, 12345}) {
+    for (const int rows : {0, 1, 2, 3, 37, 74, 1000, 12345}) {
         const std::string path = write(std::to_string(rows) + ".db", {1, rows});
         EXPECT_EQ(number(path, "SELECT COUNT(*) FROM tProtokoll"), rows);
         EXPECT_GT(number(path, "SELECT COUNT(*) FROM tDevisenWaehr"), 20) << rows;
@@ -282,8 +294,8 @@ TEST_F(SampleDatabase, HasExactlyTheRowsThatAreAskedFor) {
 }
 
 TEST_F(SampleDatabase, HasMoreRatesAndCurrenciesForALargerLog) {
-    const std::string small = write("small.db", {1, 1000});
-    const std::string large = write("large.db", {1, 40000});
+    const std::string small = write("small.db", {1, 1000, 15});
+    const std::string large = write("large.db", {1, 40000, 15});
     for (const std::string table : {"TDEVISENKURS", "tDevisenWaehr"}) {
         EXPECT_GT(number(large, "SELECT COUNT(*) FROM " + table),
                   2 * number(small, "SELECT COUNT(*) FROM " + table));

@@ -56,11 +56,12 @@ protected:
         host.documents["large"] = {{"OP_ART", "99999999999", ""}, {"OP_BETRAG", "99999999999", "x"}};
         log("kind");
     }
-    void log(const std::string& document, std::int64_t event = 1) {
+    void log(const std::string& document, std::int64_t event = 1,
+             const Value& moment = to_date(CivilTime{2026, 3, 5, 14, 7, 9})) {
         oDBU.answers[main_query] = {{std::int64_t{1}, std::string("OFFENER_POSTEN"), std::string("WS-07"),
-                                     std::string("Müller"), to_date(CivilTime{2026, 3, 5, 14, 7, 9}), event,
-                                     document, std::string("sa"), std::string("srvOp"), std::int64_t{5},
-                                     Value(), Value(), Value(), Value()}};
+                                     std::string("Müller"), moment, event, document, std::string("sa"),
+                                     std::string("srvOp"), std::int64_t{5}, Value(), Value(), Value(),
+                                     Value()}};
     }
     void run(const std::string& parameters = "/autostart") {
         exporter.psCommandline = parameters;
@@ -102,6 +103,14 @@ TEST_F(ItemExport, AValueOutside32BitsStaysAsLogged) {
     run();
     EXPECT_EQ(lines().at(2)[7], "99999999999");
     EXPECT_EQ(lines().at(3)[7], "99999999999");
+}
+
+TEST_F(ItemExport, AChangeWithoutMomentIsWrittenAsLogged) {
+    log("kind", 1, Value());
+    run();
+    EXPECT_EQ(lines().at(2)[3], "");
+    EXPECT_EQ(lines().at(2)[7], "1");
+    EXPECT_EQ(lines().at(2)[8], "2");
 }
 
 TEST_F(ItemExport, AnEventOutside0To2EndsTheRun) {
@@ -157,6 +166,16 @@ TEST(ItemValues, AreTranslatedByField) {
     for (const auto& row : rows)
         EXPECT_EQ(open_items::msTranslateID(row.value, row.field), row.text)
             << row.field << " " << row.value << ": " << row.why;
+}
+
+TEST(ItemValues, ADunningBlockIsCountedInWordsFrom0To9AndElseStaysAsLogged) {
+    for (int count = -1; count <= 11; ++count) {
+        const std::string value = std::to_string(count);
+        const std::string expected = count == 0                 ? "keine Sperrung"
+                                     : count >= 1 && count <= 9 ? value + " mal gesperrt"
+                                                                : "";
+        EXPECT_EQ(open_items::msTranslateID(value, "OP_SPERR_KZ"), expected) << value;
+    }
 }
 
 TEST_F(ItemExport, ReadsTheClientOfTheBatchTextOnce) {

@@ -265,6 +265,38 @@ TEST_F(ItemFilter, ReadsTheBatchText) {
     EXPECT_EQ(host.forms_shown, 0);
 }
 
+TEST_F(ItemFilter, ARangeOf1To999999999OrWiderHasNoAccountCondition) {
+    const struct {
+        const char* from;
+        const char* to;
+        bool all;
+    } rows[] = {
+        {"1", "999999999", true},  {"0.5", "999999999", true}, {"1", "1000000000", true},
+        {"2", "999999999", false}, {"1", "999999998", false},
+    };
+    for (const auto& row : rows) {
+        const std::string range = std::string("/vonkonto:") + row.from + "/biskonto:" + row.to;
+        EXPECT_TRUE(ask("/autostart" + range));
+        EXPECT_EQ(where, row.all ? "" : std::string(" WHERE OP_SkNr BETWEEN ") + row.from + " AND " + row.to);
+        EXPECT_EQ(filter, std::string("Mandant:  , von Konto: ") + row.from + " bis Konto: " + row.to);
+    }
+}
+
+TEST_F(ItemFilter, ABatchClientIsAnOfficeBehindKAndAClientBehindMOrAlone) {
+    const struct {
+        const char* value;
+        const char* kind;
+    } rows[] = {
+        {"k123", " <> 0 "}, {"K123", " <> 0 "}, {"m123", " = 0 "}, {"M123", " = 0 "}, {"123", " = 0 "},
+    };
+    for (const auto& row : rows) {
+        oDBU.statements.clear();
+        EXPECT_TRUE(ask(std::string("/autostart/mandant:") + row.value));
+        ASSERT_FALSE(oDBU.statements.empty()) << row.value;
+        EXPECT_EQ(oDBU.statements[0], "array: " + find_statement(row.kind, "123")) << row.value;
+    }
+}
+
 TEST_F(ItemFilter, ABatchTextSendsNoMoreThanItNeeds) {
     ask("/autostart/mandant:10001");
     EXPECT_EQ(oDBU.statements, (std::vector<std::string>{"array: " + find_statement(" = 0 ", "10001"),

@@ -1,0 +1,5 @@
+value: SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = 6
+array: SELECT idProtokoll, dcTable, dcWorkstation, dcUser, ddDatum, dlEvent, dmData, dcSystemUser, dcApplication, dlPrimaryKey1, dlSuchId1,  dlSuchId2,  dlSuchId3,  dlSuchId4 FROM tProtokoll WHERE  ((dcTable = 'OFFENER_POSTEN' AND dlPrimaryKey1 IN (SELECT OP_ID FROM OFFENER_POSTEN  WHERE OP_SkNr BETWEEN 10002 AND 99999)) ) ORDER BY ddDatum
+array: SELECT OP_SKNR, OP_BELEG2, OP_DATUM_BELEG FROM OFFENER_POSTEN WHERE OP_ID = 23
+value: SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName = 'OFFENER_POSTEN' AND   tSysQuvoColumns.dcColumnName = 'OP_TEXT'
+array: SELECT OP_SKNR, OP_BELEG2, OP_DATUM_BELEG FROM OFFENER_POSTEN WHERE OP_ID = 24

@@ -1,0 +1,21 @@
+INSERT INTO tProtokoll (idProtokoll, dcTable, dcWorkstation, dcUser, ddDatum, dlEvent, dmData, dcSystemUser,
+                        dcApplication, dlPrimaryKey1) VALUES
+(1, 'OFFENER_POSTEN', 'WS-01', 'Müller', '2025-02-01 10:00:00', 1,
+ '<Cols><Col Name="OP_SPERR_KZ"><OldValue>0</OldValue><NewValue>2</NewValue></Col></Cols>',
+ 'sa', 'Mahnwesen', 20),
+(2, 'OFFENER_POSTEN', 'WS-01', 'Müller', '2025-02-02 10:00:00', 1,
+ '<Cols><Col Name="OP_ART"><OldValue>1</OldValue><NewValue>2</NewValue></Col></Cols>',
+ 'sa', 'Mahnwesen', 21),
+(3, 'OFFENER_POSTEN', 'WS-01', 'Müller', '2025-02-03 10:00:00', 1,
+ '<Cols><Col Name="OP_TEXT"><OldValue>a</OldValue><NewValue>b</NewValue></Col></Cols>',
+ 'sa', 'Mahnwesen', 22),
+(4, 'OFFENER_POSTEN', 'WS-01', 'Müller', '2025-02-04 10:00:00', 1,
+ '<Cols><Col Name="OP_TEXT"><OldValue>c</OldValue><NewValue>d</NewValue></Col></Cols>',
+ 'sa', 'Mahnwesen', 23),
+(5, 'OFFENER_POSTEN', 'WS-01', 'Müller', '2025-02-05 10:00:00', 1,
+ '<Cols><Col Name="OP_TEXT"><OldValue>e</OldValue><NewValue>f</NewValue></Col></Cols>',
+ 'sa', 'Mahnwesen', 24),
+(6, 'OFFENER_POSTEN', 'WS-01', 'Müller', '2025-02-06 10:00:00', 2,
+ '<Cols><Col Name="OP_TEXT"><OldValue>g</OldValue><NewValue></NewValue></Col></Cols>',
+ 'sa', 'Mahnwesen', 98);
+INSERT INTO tProtokoll (idProtokoll, dcTable, ddDatum, dlEvent, dlPrimaryKey1) VALUES (7, 'TDEVISENKURS', '2025-02-07 10:00:00', 1, 10);

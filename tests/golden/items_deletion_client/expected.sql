@@ -1,0 +1,7 @@
+array: SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id Where Mandant_Zeit.MaZt_Kanzlei  = 0  AND Person_v4.Ps_Nr = 123
+array: SELECT     Person_Wirtschaftsjahr.WJ_Id,     Zeitraum.Zt_Von,     Zeitraum.Zt_Bis,     dlWJTyp,     Person_Wirtschaftsjahr.WJ_Bezeichnung,     Person_Wirtschaftsjahr.Ps_Id FROM Zeitraum      INNER JOIN Person_Wirtschaftsjahr ON Zeitraum.Zt_Id = Person_Wirtschaftsjahr.Zt_Id WHERE (Person_Wirtschaftsjahr.PS_Id  = 71)  Order By Person_Wirtschaftsjahr.Ps_id, dlWJTyp, Zeitraum.Zt_Bis DESC
+value: SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = 6
+value: SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = 6
+value: SELECT COUNT(*) FROM tProtokoll WHERE  ((dcTable = 'OFFENER_POSTEN' AND dlPrimaryKey1 IN (SELECT OP_ID FROM OFFENER_POSTEN  WHERE OP_SkNr BETWEEN 1 AND 10001 AND  WJ_ID IN (42, 41, 43, 44, 45))) )
+execute: DELETE tProtokollMemo WHERE flProtokoll in (SELECT idProtokoll FROM tProtokoll WHERE  ((dcTable = 'OFFENER_POSTEN' AND dlPrimaryKey1 IN (SELECT OP_ID FROM OFFENER_POSTEN  WHERE OP_SkNr BETWEEN 1 AND 10001 AND  WJ_ID IN (42, 41, 43, 44, 45))) ))
+execute: DELETE tProtokoll WHERE  ((dcTable = 'OFFENER_POSTEN' AND dlPrimaryKey1 IN (SELECT OP_ID FROM OFFENER_POSTEN  WHERE OP_SkNr BETWEEN 1 AND 10001 AND  WJ_ID IN (42, 41, 43, 44, 45))) )

@@ -1,0 +1,1 @@
+array: SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id Where Mandant_Zeit.MaZt_Kanzlei  = 0  AND Person_v4.Ps_Nr = 123

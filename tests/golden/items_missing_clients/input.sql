@@ -1,0 +1,1 @@
+DROP TABLE Person_v4;
