@@ -1,6 +1,7 @@
 #include "platform/automation/letter_case.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "platform/automation/utf8.h"
@@ -56,30 +57,63 @@ constexpr char32_t moved(char32_t c, int distance) {
     return static_cast<char32_t>(static_cast<int>(c) + distance);
 }
 
+constexpr char32_t lower_by_range(char32_t c) {
+    const auto range = std::ranges::find_if(case_ranges, [c](const CaseRange& r) { return holds(r, c); });
+    return range == std::end(case_ranges) ? c : moved(c, range->distance);
+}
+
+constexpr char32_t upper_by_range(char32_t c) {
+    const auto range = std::ranges::find_if(
+        case_ranges, [c](const CaseRange& r) { return holds(r, moved(c, -r.distance)); });
+    return range == std::end(case_ranges) ? c : moved(c, -range->distance);
+}
+
+/// What nearly all text consists of, Basic Latin and Latin-1, looked up beforehand.
+using FirstBlocks = std::array<char32_t, 0x100>;
+
+constexpr FirstBlocks folded_by(char32_t (*fold_by_range)(char32_t)) {
+    FirstBlocks table{};
+    for (char32_t c = 0; c < table.size(); ++c) table[c] = fold_by_range(c);
+    return table;
+}
+
+constexpr FirstBlocks lower_of = folded_by(lower_by_range);
+constexpr FirstBlocks upper_of = folded_by(upper_by_range);
+
 template <char32_t (*Fold)(char32_t)>
-std::string fold(std::string_view text) {
-    if (std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; })) {
-        std::string folded(text);
-        for (char& c : folded) c = static_cast<char>(Fold(static_cast<unsigned char>(c)));
-        return folded;
-    }
+std::string fold_decoded(std::string_view text) {
     std::u32string code_points = decode_utf8(text);
     for (char32_t& c : code_points) c = Fold(c);
     return encode_utf8(code_points);
 }
 
+constexpr bool leads_two_bytes(unsigned char byte) { return byte >= 0xC2 && byte <= 0xDF; }
+constexpr bool continues(unsigned char byte) { return (byte & 0xC0) == 0x80; }
+
+/// In place as long as code points of one or two bytes come: they keep their length in either case.
+template <char32_t (*Fold)(char32_t)>
+std::string fold(std::string_view text) {
+    std::string folded(text);
+    const auto byte_at = [&folded](std::size_t at) { return static_cast<unsigned char>(folded[at]); };
+    for (std::size_t i = 0; i < folded.size(); ++i) {
+        if (byte_at(i) < 0x80) {
+            folded[i] = static_cast<char>(Fold(byte_at(i)));
+            continue;
+        }
+        if (!leads_two_bytes(byte_at(i)) || i + 1 == folded.size() || !continues(byte_at(i + 1)))
+            return fold_decoded<Fold>(text);
+        const char32_t c = Fold((byte_at(i) & 0x1FU) << 6 | (byte_at(i + 1) & 0x3FU));
+        folded[i++] = static_cast<char>(0xC0 | c >> 6);
+        folded[i] = static_cast<char>(0x80 | (c & 0x3F));
+    }
+    return folded;
+}
+
 }  // namespace
 
-char32_t to_lower(char32_t c) {
-    const auto range = std::ranges::find_if(case_ranges, [c](const CaseRange& r) { return holds(r, c); });
-    return range == std::end(case_ranges) ? c : moved(c, range->distance);
-}
+char32_t to_lower(char32_t c) { return c < lower_of.size() ? lower_of[c] : lower_by_range(c); }
 
-char32_t to_upper(char32_t c) {
-    const auto range = std::ranges::find_if(
-        case_ranges, [c](const CaseRange& r) { return holds(r, moved(c, -r.distance)); });
-    return range == std::end(case_ranges) ? c : moved(c, -range->distance);
-}
+char32_t to_upper(char32_t c) { return c < upper_of.size() ? upper_of[c] : upper_by_range(c); }
 
 std::string to_lower(std::string_view text) { return fold<to_lower>(text); }
 

@@ -9,9 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "platform/type_ahead.h"
 #include "platform/windows/dialog_window.h"
 #include "platform/windows/form_controls.h"
-#include "platform/windows/type_ahead.h"
 
 namespace prot {
 

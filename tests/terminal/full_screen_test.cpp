@@ -16,14 +16,6 @@ const std::string first_question = "von ISO Währungscode [AED]:";
 
 class FullScreen : public testing::Test {
 protected:
-    /// The file that the same export writes with these answers, and no terminal.
-    static std::string file_by_answers(const test::Pane& pane, const std::string& answers) {
-        test::output_of("cd '" + pane.path("").string() + "' && printf '" + answers +
-                        "' | " PROT_PROGRAM
-                        " export --db beispiel.db --section 15 --out answered --answers - 2>/dev/null");
-        return pane.read("answered/Prot_Devisenkurse.csv");
-    }
-
     /// The program is at its end, has written the file and said so, and nothing else, on standard output.
     static void expect_file(const test::Pane& pane, const std::string& answers) {
         EXPECT_EQ(pane.exit_status(), 0);
@@ -34,7 +26,7 @@ protected:
     /// Byte for byte; the files are too long to be shown.
     static void expect_same_file(const test::Pane& pane, const std::string& file,
                                  const std::string& answers) {
-        const std::string expected = file_by_answers(pane, answers);
+        const std::string expected = pane.exported_by_answers("15", answers);
         EXPECT_GT(expected.size(), 1000U);
         EXPECT_TRUE(pane.read(file) == expected) << file;
     }
@@ -70,6 +62,18 @@ TEST_F(FullScreen, AnotherRangeAndFileNameAreTyped) {
     EXPECT_EQ(pane.exit_status(), 0);
     EXPECT_EQ(pane.read("stdout.txt"), "out/Kürse.csv\n");
     expect_same_file(pane, "out/Kürse.csv", "CHF\\nEUR\\n\\n");
+}
+
+TEST_F(FullScreen, NoKeyIsLostThatIsTypedWhileTheFormIsDrawn) {
+    test::Pane pane(80, 24);
+    pane.start(export_rates);
+    pane.expect_screen("form");
+    pane.press({"Enter"});
+    pane.expect_screen("file_name");
+    const std::string name = std::string(150, 'x') + ".csv";
+    pane.press({name, "Enter"});
+    EXPECT_EQ(pane.exit_status(), 0);
+    EXPECT_EQ(pane.read("stdout.txt"), "out/" + name + "\n");
 }
 
 TEST_F(FullScreen, ARangeThatIsUpsideDownIsSaidAndCorrected) {

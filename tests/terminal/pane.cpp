@@ -142,6 +142,13 @@ int Pane::process() const {
     return std::atoi(read("process").c_str());
 }
 
+std::string Pane::exported_by_answers(const std::string& section, const std::string& answers) const {
+    const std::string written = output_of("cd " + quoted(folder_) + " && printf " + quoted(answers) +
+                                          " | " PROT_PROGRAM + " export --db beispiel.db --section " +
+                                          section + " --out answered --answers - 2>/dev/null");
+    return read(written.substr(0, written.find('\n')));
+}
+
 std::string Pane::read(const std::string& name) const { return read_file(path(name)); }
 
 }  // namespace prot::test

@@ -36,6 +36,10 @@ public:
     /// The program's process; waits for it to have begun.
     int process() const;
 
+    /// The file that an export of that section writes with these answers (in the notation of printf), and no
+    /// terminal.
+    std::string exported_by_answers(const std::string& section, const std::string& answers) const;
+
     std::filesystem::path path(const std::string& name) const { return folder_ / name; }
     std::string read(const std::string& name) const;
 

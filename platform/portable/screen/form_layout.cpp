@@ -18,6 +18,10 @@ constexpr int widest_text = 40;     // columns of a text field; a longer text sc
 constexpr int narrowest_text = 10;
 constexpr int most_list_rows = 10;
 constexpr int comfortable_list_rows = 4;
+constexpr int most_rows_behind_picker = 4;
+constexpr int fewest_picker_rows = 3;
+constexpr int picker_width = 64;
+constexpr int count_width = 15;  // "20000 von 20000"
 
 using Row = std::vector<std::size_t>;  // fields beside each other
 
@@ -79,11 +83,16 @@ std::vector<Block> blocks_of(const Form& form, int width) {
     return blocks;
 }
 
-/// One attempt to place everything, with a limit for the lists and with or without empty lines.
+struct Allowance {
+    int gap;  // empty lines between the parts
+    int list_rows, picker_rows;
+};
+
+/// One attempt to place everything, with no more lines than allowed.
 class Placing {
 public:
-    Placing(const Form& form, const std::vector<Block>& blocks, int width, int list_rows, int gap)
-        : form_(form), blocks_(blocks), width_(width), list_rows_(list_rows), gap_(gap) {
+    Placing(const Form& form, const std::vector<Block>& blocks, int width, const Allowance& allowed)
+        : form_(form), blocks_(blocks), width_(width), allowed_(allowed), gap_(allowed.gap) {
         layout_.fields.resize(form.fields.size());
         layout_.frames.resize(form.groups.size());
     }
@@ -120,7 +129,8 @@ private:
     }
 
     static bool has_label_beside(const Field& field) {
-        return field.kind == FieldKind::text || field.kind == FieldKind::options;
+        return field.kind == FieldKind::text || field.kind == FieldKind::options ||
+               field.kind == FieldKind::picker;
     }
 
     void place_row(const Row& row, int inset) {
@@ -130,8 +140,9 @@ private:
             place_field(index, column);
             const FieldPlace& place = layout_.fields[index];
             height = std::max(height, place.value.at.row + place.value.height - row_);
-            const int end = std::max(place.label.at.column + place.label.width,
-                                     place.value.at.column + place.value.width);
+            int end = 0;
+            for (const Place& part : {place.label, place.value, place.line, place.count})
+                end = std::max(end, part.at.column + part.width);
             widen(end - margin + inset);
             column = end + between_lists;
         }
@@ -149,8 +160,10 @@ private:
                 place.value = {{column, row_}, 0, 1};
                 break;
             case FieldKind::list:
+                place.value = {{column, row_ + 1}, std::min(list_width(field), width_), list_height(index)};
+                break;
             case FieldKind::picker:
-                place.value = {{column, row_ + 1}, std::min(list_width(field), width_), list_height(field)};
+                place_picker(field, place, beside);
                 break;
             case FieldKind::text:
                 place.value = {{beside, row_}, text_width_from(field, beside), 1};
@@ -167,8 +180,23 @@ private:
         return std::max(std::min(text_width(field), room), std::min(text_width(field), narrowest_text));
     }
 
-    int list_height(const Field& field) const {
-        return std::clamp(static_cast<int>(field.entries.size()), 1, list_rows_);
+    int list_height(std::size_t index) const {
+        const bool behind_picker =
+            std::any_of(form_.fields.begin(), form_.fields.begin() + static_cast<std::ptrdiff_t>(index),
+                        [](const Field& field) { return field.visible && field.kind == FieldKind::picker; });
+        if (behind_picker) return std::min(most_rows_behind_picker, allowed_.list_rows);
+        return std::clamp(static_cast<int>(form_.fields[index].entries.size()), 1, allowed_.list_rows);
+    }
+
+    /// Its width is that of no entry: a look at each of them would take longer than a key may.
+    void place_picker(const Field& field, FieldPlace& place, int beside) {
+        const int column = place.label.at.column;
+        const int width = std::min(picker_width, width_);
+        const int room = column + width - between - count_width - beside;
+        const int typed = std::clamp(room, narrowest_text, std::max(narrowest_text, text_width(field)));
+        place.line = {{beside, row_}, typed, 1};
+        place.count = {{beside + typed + between, row_}, count_width, 1};
+        place.value = {{column, row_ + 1}, width, allowed_.picker_rows};
     }
 
     void place_options(const Field& field, FieldPlace& place, int beside) {
@@ -199,7 +227,7 @@ private:
     const Form& form_;
     const std::vector<Block>& blocks_;
     int width_;  // inside a group
-    int list_rows_;
+    Allowance allowed_;
     int gap_;
     FormLayout layout_;
     int row_ = 0;
@@ -214,12 +242,23 @@ std::string button_text(const Button& button) { return "< " + without_access_key
 std::optional<FormLayout> lay_out(const Form& form, Size largest) {
     const int width = largest.columns - 2 * margin - 2 * frame_width;
     const std::vector<Block> blocks = blocks_of(form, width);
+    const auto placed = [&](const Allowance& allowed) {
+        return Placing(form, blocks, width, allowed).layout();
+    };
     for (const int gap : {1, 0}) {
         const int fewest = gap > 0 ? comfortable_list_rows : 1;
         for (int list_rows = most_list_rows; list_rows >= fewest; --list_rows) {
-            FormLayout layout = Placing(form, blocks, width, list_rows, gap).layout();
+            Allowance allowed{gap, list_rows, std::max(list_rows, fewest_picker_rows)};
+            FormLayout layout = placed(allowed);
             if (layout.size.columns > largest.columns) return std::nullopt;
-            if (layout.size.rows <= largest.rows) return layout;
+            if (layout.size.rows > largest.rows) continue;
+            // Lines that are too few for one more in every list are spent on the pickers.
+            while (++allowed.picker_rows <= most_list_rows) {
+                FormLayout longer = placed(allowed);
+                if (longer.size.rows > largest.rows) break;
+                layout = std::move(longer);
+            }
+            return layout;
         }
     }
     return std::nullopt;

@@ -7,8 +7,9 @@
 #include "platform/portable/screen/picture.h"
 
 /// Where the parts of a form stand in its window: fields below each other in the order of the focus, lists in
-/// pairs side by side where the screen is wide enough, the buttons below them all. Lists get as many lines as
-/// the screen has to spare.
+/// pairs side by side where the screen is wide enough, the buttons below them all. Lists and pickers get as
+/// many lines as the screen has to spare. What is typed into a picker moves nothing: neither it nor the lists
+/// behind it, which may be filled anew by it, become longer or shorter with what they hold.
 namespace prot {
 
 struct Place {
@@ -20,6 +21,7 @@ struct FieldPlace {
     bool shown = false;
     Place label{};
     Place value{};
+    Place line{}, count{};  ///< picker: what is typed, and beside it how many entries match; `value` is below
     bool in_a_row = false;  ///< options: beside each other instead of below
 };
 

@@ -81,9 +81,20 @@ bool FormSession::press_access_key(const Key& key) {
 }
 
 void FormSession::press_in_field(const Key& key) {
-    if (!on_text()) {
-        press_in_choice(key);
-    } else if (key.is(Key::Kind::up) || key.is(Key::Kind::down)) {
+    switch (field().kind) {
+        case FieldKind::text:
+            press_in_text(key);
+            break;
+        case FieldKind::picker:
+            press_in_picker(key);
+            break;
+        default:
+            press_in_choice(key);
+    }
+}
+
+void FormSession::press_in_text(const Key& key) {
+    if (key.is(Key::Kind::up) || key.is(Key::Kind::down)) {
         move(key.is(Key::Kind::down));
     } else if (line_.press(key, field().longest)) {
         field().text = line_.text();
@@ -93,12 +104,23 @@ void FormSession::press_in_field(const Key& key) {
 
 void FormSession::press_in_choice(const Key& key) {
     const bool list = field().kind == FieldKind::list;
-    if (list && (key.is(Key::Kind::left) || key.is(Key::Kind::right))) {
+    if (list && (key.is(Key::Kind::left) || key.is(Key::Kind::right)))
         move(key.is(Key::Kind::right));
-        return;
+    else if (const std::optional<std::size_t> entry = entry_after(key))
+        select(entry);
+}
+
+void FormSession::press_in_picker(const Key& key) {
+    if (line_.press(key, field().longest)) {
+        field().text = line_.text();
+        select(picker(target_).chosen(field()));
+    } else if (const std::optional<std::size_t> entry = match_after(key)) {
+        select(entry);
     }
-    const std::optional<std::size_t> entry = entry_after(key);
-    if (!entry || field().selected == entry) return;
+}
+
+void FormSession::select(std::optional<std::size_t> entry) {
+    if (field().selected == entry) return;
     field().selected = entry;
     notify(field().changed);
 }
@@ -107,8 +129,8 @@ void FormSession::press_in_choice(const Key& key) {
 std::optional<std::size_t> FormSession::entry_after(const Key& key) {
     const Field& choice = field();
     if (choice.entries.empty()) return std::nullopt;
-    if (key.types()) return search_.press(key.character, choice);
-    search_.forget();
+    if (key.types()) return entry_typed(key.character);
+    type_ahead_.forget();
     const std::size_t last = choice.entries.size() - 1;
     if (!choice.selected) return key.is(Key::Kind::end) ? last : 0;
     const std::size_t now = *choice.selected;
@@ -131,6 +153,32 @@ std::optional<std::size_t> FormSession::entry_after(const Key& key) {
         default:
             return std::nullopt;
     }
+}
+
+std::optional<std::size_t> FormSession::entry_typed(char32_t letter) {
+    const auto now = std::chrono::steady_clock::now();
+    if (!type_ahead_.takes(letter, now)) return std::nullopt;
+    return type_ahead_.typed(letter, now, field().entries, field().selected);
+}
+
+/// The entry that an arrow or page key leads to among those that match; nothing for other keys.
+std::optional<std::size_t> FormSession::match_after(const Key& key) {
+    const bool page = key.is(Key::Kind::page_up) || key.is(Key::Kind::page_down);
+    const bool back = key.is(Key::Kind::up) || key.is(Key::Kind::page_up);
+    if (!page && !back && !key.is(Key::Kind::down)) return std::nullopt;
+    const std::vector<std::size_t>& matches = picker(target_).matches();
+    if (matches.empty()) return std::nullopt;
+    const std::optional<std::size_t> now = picker(target_).place_of(field().selected);
+    if (!now) return back ? matches.back() : matches.front();
+    const std::size_t step = page ? std::max<std::size_t>(page_, 1) : 1;
+    const std::size_t last = matches.size() - 1;
+    return matches[back ? *now - std::min(step, *now) : std::min(*now + step, last)];
+}
+
+const Picker& FormSession::picker(std::size_t index) {
+    Picker& picker = pickers_[index];
+    picker.follow(form_.fields[index]);
+    return picker;
 }
 
 /// Makes up for the check that is due. False: the entry was refused, and its field has the focus again.
@@ -166,11 +214,11 @@ void FormSession::move(bool forward) {
 /// The focus arrives, without any check of where it was.
 void FormSession::enter(std::size_t target) {
     target_ = std::min(target, cancel());
-    search_.forget();
+    type_ahead_.forget();
     if (!on_field()) return;
     form_.focus = focus_ = target_;
-    if (!on_text()) return;
-    unchecked_ = target_;
+    if (on(FieldKind::text)) unchecked_ = target_;
+    if (!on_line()) return;
     line_.set(field().text);
     line_.select_all();
 }
@@ -179,7 +227,7 @@ void FormSession::press_button(std::size_t target) {
     const Button& pressed = button(target);
     if (!pressed.enabled || !may_leave_to(target)) return;
     notify(pressed.click);
-    if (on_text()) unchecked_ = target_;
+    if (on(FieldKind::text)) unchecked_ = target_;
     if (!form_.shown) cancelled_ = target == cancel();
 }
 
@@ -205,7 +253,7 @@ void FormSession::follow_form() {
         unchecked_.reset();
         move(true);
     }
-    if (on_text() && line_.text() != field().text) line_.set(field().text);
+    if (on_line() && line_.text() != field().text) line_.set(field().text);
 }
 
 }  // namespace prot

@@ -1,20 +1,22 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <vector>
 
 #include "platform/form.h"
 #include "platform/portable/screen/key.h"
-#include "platform/portable/screen/list_search.h"
+#include "platform/portable/screen/picker.h"
 #include "platform/portable/screen/text_line.h"
+#include "platform/type_ahead.h"
 
 namespace prot {
 
 /// What keys do to an open form: they move the focus, select, type and press buttons, and the form's own
 /// functions are called for it. Whatever those change is followed before the next key.
 ///   Tab, Shift-Tab      next and previous field or button
-///   arrows              within a list or options; otherwise as Tab
-///   letters             in a list: the entry that begins so
+///   arrows              within a list, options or the matches of a picker; otherwise as Tab
+///   letters             in a list or options: the entry that begins so
 ///   Alt and a letter    the field or button that is marked with it
 ///   Enter               OK, or Cancel while that has the focus
 ///   Esc                 Cancel
@@ -38,15 +40,19 @@ public:
     std::size_t ok() const { return form_.fields.size(); }
     std::size_t cancel() const { return form_.fields.size() + 1; }
 
-    /// The text field that has the focus; null when it is something else.
-    const TextLine* line() const { return on_text() ? &line_ : nullptr; }
+    /// The line to type in that has the focus; null when it is something else.
+    const TextLine* line() const { return on_line() ? &line_ : nullptr; }
 
-    /// How many lines of the list that has the focus are on view.
+    /// What of the picker, a field of that index, is on view now.
+    const Picker& picker(std::size_t index);
+
+    /// How many lines of the list or picker that has the focus are on view.
     void set_page(std::size_t rows) { page_ = rows; }
 
 private:
     bool on_field() const { return target_ < form_.fields.size(); }
-    bool on_text() const { return on_field() && form_.fields[target_].kind == FieldKind::text; }
+    bool on(FieldKind kind) const { return on_field() && form_.fields[target_].kind == kind; }
+    bool on_line() const { return on(FieldKind::text) || on(FieldKind::picker); }
     Field& field() { return form_.fields[target_]; }
     const Button& button(std::size_t target) const { return target == ok() ? form_.ok : form_.cancel; }
     bool can_have_focus(std::size_t target) const;
@@ -54,8 +60,13 @@ private:
     void dispatch(const Key& key);
     bool press_access_key(const Key& key);
     void press_in_field(const Key& key);
+    void press_in_text(const Key& key);
     void press_in_choice(const Key& key);
+    void press_in_picker(const Key& key);
+    void select(std::optional<std::size_t> entry);
     std::optional<std::size_t> entry_after(const Key& key);
+    std::optional<std::size_t> entry_typed(char32_t letter);
+    std::optional<std::size_t> match_after(const Key& key);
 
     bool may_leave_to(std::size_t target);
     void go_to(std::size_t target);
@@ -69,7 +80,8 @@ private:
     std::size_t focus_ = 0;                 // form_.focus when it was last looked at
     std::optional<std::size_t> unchecked_;  // the text field whose check is still due
     TextLine line_;
-    ListSearch search_;
+    std::map<std::size_t, Picker> pickers_;  // by the field's index
+    TypeAhead type_ahead_;
     std::size_t page_ = 1;
     bool cancelled_ = false;
 };

@@ -39,14 +39,6 @@ std::optional<int> access_column(std::string_view label) {
     return std::nullopt;
 }
 
-std::string help_line(const Form& form, bool on_choice) {
-    std::string keys = on_choice ? "↑ ↓ Auswahl   " : "";
-    keys += "Tab nächstes Feld   Eingabe " + without_access_key(form.ok.text) + "   Esc " +
-            without_access_key(form.cancel.text);
-    if (form.key_down) keys += "   F1 Hilfe";
-    return keys;
-}
-
 Picture too_small(const Form& form) {
     Picture picture;
     picture.title = form.caption;
@@ -64,7 +56,7 @@ Picture FormWindow::picture(Size screen) {
     Picture picture;
     picture.title = form_.caption;
     picture.size = layout->size;
-    picture.help_line = help_line(form_, on_choice());
+    picture.help_line = help_line();
     first_.resize(form_.fields.size());
     draw_frames(picture, *layout);
     for (std::size_t i = 0; i < form_.fields.size(); ++i)
@@ -74,9 +66,18 @@ Picture FormWindow::picture(Size screen) {
     return picture;
 }
 
-bool FormWindow::on_choice() const {
+/// The keys that do something where the focus is.
+std::string FormWindow::help_line() const {
     const std::size_t target = session_.target();
-    return target < form_.fields.size() && form_.fields[target].kind != FieldKind::text;
+    const bool on_field = target < form_.fields.size();
+    const FieldKind kind = on_field ? form_.fields[target].kind : FieldKind::text;
+    std::string keys = kind == FieldKind::text     ? "Tab nächstes Feld"
+                       : kind == FieldKind::picker ? "Tippen sucht   ↑ ↓ Auswahl   Tab weiter"
+                                                   : "↑ ↓ Auswahl   Tab nächstes Feld";
+    keys +=
+        "   Eingabe " + without_access_key(form_.ok.text) + "   Esc " + without_access_key(form_.cancel.text);
+    if (form_.key_down) keys += "   F1 Hilfe";
+    return keys;
 }
 
 void FormWindow::draw_frames(Picture& picture, const FormLayout& layout) const {
@@ -116,55 +117,75 @@ void FormWindow::draw_field(Picture& picture, std::size_t index, const FieldPlac
     draw_label(picture, form_.fields[index], place);
     switch (form_.fields[index].kind) {
         case FieldKind::list:
-        case FieldKind::picker:
             draw_list(picture, index, place);
+            break;
+        case FieldKind::picker:
+            draw_picker(picture, index, place);
             break;
         case FieldKind::options:
             draw_options(picture, index, place);
             break;
         case FieldKind::text:
-            draw_text(picture, index, place);
+            draw_line(picture, index, place.value);
             break;
         case FieldKind::label:
             break;
     }
 }
 
-/// The list moves no further than it must to keep the selected entry on view.
-std::size_t FormWindow::first_on_view(std::size_t index, std::size_t rows) {
-    const Field& field = form_.fields[index];
-    const std::size_t most = field.entries.size() > rows ? field.entries.size() - rows : 0;
+/// The list moves no further than it must to keep the selected row on view.
+std::size_t FormWindow::first_on_view(std::size_t index, const Rows& rows, std::size_t height) {
+    const std::size_t most = rows.count > height ? rows.count - height : 0;
     std::size_t& first = first_[index];
-    if (field.selected && *field.selected < first) first = *field.selected;
-    if (field.selected && *field.selected >= first + rows) first = *field.selected - rows + 1;
+    if (rows.selected && *rows.selected < first) first = *rows.selected;
+    if (rows.selected && *rows.selected >= first + height) first = *rows.selected - height + 1;
     return first = std::min(first, most);
 }
 
 void FormWindow::draw_list(Picture& picture, std::size_t index, const FieldPlace& place) {
     const Field& field = form_.fields[index];
-    const auto rows = static_cast<std::size_t>(place.value.height);
-    const std::size_t first = first_on_view(index, rows);
-    const bool scrolls = field.entries.size() > rows;
-    const int width = place.value.width - list_bar_width;
+    if (session_.target() == index) picture.cursor = place.value.at;
+    draw_rows(picture, index, place.value, {field.entries.size(), field.selected, [&field](std::size_t row) {
+                                                return field.entries[row].text;
+                                            }});
+}
+
+void FormWindow::draw_picker(Picture& picture, std::size_t index, const FieldPlace& place) {
+    const Field& field = form_.fields[index];
+    const Picker& picker = session_.picker(index);
+    const int number_width = picker.number_width();
+    const auto text = [&](std::size_t row) {
+        const Entry& entry = field.entries[picker.matches()[row]];
+        return number_width > 0 ? filled(entry.number, number_width) + "  " + entry.text : entry.text;
+    };
+    const std::optional<std::size_t> selected = picker.place_of(field.selected);
+    if (!selected) first_[index] = 0;
+    draw_rows(picture, index, place.value, {picker.matches().size(), selected, text});
+    if (field.enabled) picture.pieces.push_back({place.count.at, cut_to(picker.count(), place.count.width)});
+    draw_line(picture, index, place.line);
+}
+
+void FormWindow::draw_rows(Picture& picture, std::size_t index, const Place& place, const Rows& rows) {
+    const bool enabled = form_.fields[index].enabled;
     const bool focused = session_.target() == index;
-    if (focused) session_.set_page(rows);
-    if (focused) picture.cursor = place.value.at;
-    for (std::size_t i = first; i < std::min(first + rows, field.entries.size()); ++i) {
-        const bool selected = field.selected == i;
-        const Position at{place.value.at.column, place.value.at.row + static_cast<int>(i - first)};
-        const std::string text = std::string(selected ? selected_mark : "  ") +
-                                 filled(field.entries[i].text, width - list_mark_width);
-        const Style style = !field.enabled        ? Style::disabled
-                            : selected && focused ? Style::chosen
-                                                  : Style::text;
+    const auto height = static_cast<std::size_t>(place.height);
+    const std::size_t first = first_on_view(index, rows, height);
+    const int width = place.width - list_bar_width;
+    if (focused) session_.set_page(height);
+    for (std::size_t i = first; i < std::min(first + height, rows.count); ++i) {
+        const bool selected = rows.selected == i;
+        const Position at{place.at.column, place.at.row + static_cast<int>(i - first)};
+        const std::string text =
+            std::string(selected ? selected_mark : "  ") + filled(rows.text(i), width - list_mark_width);
+        const Style style = !enabled ? Style::disabled : selected && focused ? Style::chosen : Style::text;
         picture.pieces.push_back({at, text, style});
         if (selected && focused) picture.cursor = at;
     }
-    if (!scrolls) return;
-    picture.bars.push_back({{place.value.at.column + width + list_bar_width - 1, place.value.at.row},
-                            place.value.height,
-                            static_cast<int>(field.selected.value_or(first)),
-                            static_cast<int>(field.entries.size()) - 1});
+    if (rows.count <= height) return;
+    picture.bars.push_back({{place.at.column + width + list_bar_width - 1, place.at.row},
+                            place.height,
+                            static_cast<int>(rows.selected.value_or(first)),
+                            static_cast<int>(rows.count) - 1});
 }
 
 void FormWindow::draw_options(Picture& picture, std::size_t index, const FieldPlace& place) const {
@@ -188,10 +209,10 @@ void FormWindow::draw_options(Picture& picture, std::size_t index, const FieldPl
     }
 }
 
-void FormWindow::draw_text(Picture& picture, std::size_t index, const FieldPlace& place) const {
+/// A line to type in.
+void FormWindow::draw_line(Picture& picture, std::size_t index, const Place& place) const {
     const Field& field = form_.fields[index];
-    const Position at = place.value.at;
-    const int width = place.value.width;
+    const auto [at, width, height] = place;
     const TextLine* const line = session_.target() == index ? session_.line() : nullptr;
     if (!line) {
         const Style style = field.enabled ? Style::entry : Style::disabled;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "platform/portable/screen/form_layout.h"
@@ -18,19 +19,28 @@ public:
     Picture picture(Size screen) override;
 
 private:
-    bool on_choice() const;
+    std::string help_line() const;
     void draw_frames(Picture& picture, const FormLayout& layout) const;
     void draw_label(Picture& picture, const Field& field, const FieldPlace& place) const;
     void draw_field(Picture& picture, std::size_t index, const FieldPlace& place);
     void draw_list(Picture& picture, std::size_t index, const FieldPlace& place);
+    void draw_picker(Picture& picture, std::size_t index, const FieldPlace& place);
+
+    /// Lines of a list of which one is selected.
+    struct Rows {
+        std::size_t count = 0;
+        std::optional<std::size_t> selected;
+        std::function<std::string(std::size_t row)> text;
+    };
+    void draw_rows(Picture& picture, std::size_t index, const Place& place, const Rows& rows);
     void draw_options(Picture& picture, std::size_t index, const FieldPlace& place) const;
-    void draw_text(Picture& picture, std::size_t index, const FieldPlace& place) const;
+    void draw_line(Picture& picture, std::size_t index, const Place& place) const;
     void draw_button(Picture& picture, const Button& button, std::size_t target, const Place& place) const;
-    std::size_t first_on_view(std::size_t index, std::size_t rows);
+    std::size_t first_on_view(std::size_t index, const Rows& rows, std::size_t height);
 
     const Form& form_;
     FormSession& session_;
-    std::vector<std::size_t> first_;  // of each list: the entry in its first line
+    std::vector<std::size_t> first_;  // of each list: the row in its first line
 };
 
 }  // namespace prot

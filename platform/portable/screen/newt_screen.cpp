@@ -1,9 +1,12 @@
 #include "platform/portable/screen/newt_screen.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <system_error>
+#include <utility>
 
+#include <fcntl.h>
 #include <newt.h>
 #include <slang.h>
 #include <unistd.h>
@@ -40,6 +43,31 @@ Size screen_size() {
 bool is_ctrl_c(const Key& key) {
     return key.kind == Key::Kind::character && key.control && key.character == U'c';
 }
+
+/// A line on which nothing is ever typed.
+class SilentLine {
+public:
+    SilentLine() {
+        if (pipe2(ends_, O_CLOEXEC) != 0) throw std::system_error(errno, std::generic_category(), "pipe2");
+    }
+    ~SilentLine() {
+        for (const int end : ends_) close(end);
+    }
+    SilentLine(const SilentLine&) = delete;
+    SilentLine& operator=(const SilentLine&) = delete;
+
+    /// Runs `draw` while the screen library listens to this line: it throws away what was typed ahead
+    /// whenever it opens a window.
+    template <typename Draw>
+    void heard_during(Draw draw) const {
+        const int terminal = std::exchange(SLang_TT_Read_FD, ends_[0]);
+        draw();
+        SLang_TT_Read_FD = terminal;
+    }
+
+private:
+    int ends_[2];
+};
 
 /// Draws the picture into the window in front.
 void paint(const Picture& picture) {
@@ -99,8 +127,10 @@ private:
         const int left = std::max((screen.columns - picture.size.columns) / 2, 1);
         const int top = std::max((screen.rows - 1 - picture.size.rows) / 2, 1);
         const std::string title = cut_to(printable(picture.title), picture.size.columns - 4);
-        newtOpenWindow(left, top, static_cast<unsigned>(picture.size.columns),
-                       static_cast<unsigned>(picture.size.rows), title.c_str());
+        silent_line_.heard_during([&] {
+            newtOpenWindow(left, top, static_cast<unsigned>(picture.size.columns),
+                           static_cast<unsigned>(picture.size.rows), title.c_str());
+        });
         newtPushHelpLine((" " + picture.help_line).c_str());
         ++drawn_;
         paint(picture);
@@ -118,6 +148,7 @@ private:
     WaitingSignals signals_;
     TerminalAsStandardStreams streams_;
     LocaleOfCharacters locale_;
+    SilentLine silent_line_;
     int drawn_ = 0;
 };
 

@@ -23,7 +23,20 @@ TEST(LetterCase, ComparesInCapitalsAsIfFolded) {
     }
 }
 
-TEST(LetterCase, LeavesBytesThatAreNotUtf8) { EXPECT_EQ(to_lower("A\xC4Z\xFF"), "a\xC4z\xFF"); }
+TEST(LetterCase, FoldsATextAsItsCodePoints) {
+    const auto text_of = [](char32_t c) { return "a" + encode_utf8(std::u32string(1, c)) + "Z"; };
+    for (char32_t c = 0; c < 0x2000; ++c) {
+        const std::string text = text_of(c);
+        EXPECT_EQ(to_lower(text), "a" + text_of(to_lower(c)).substr(1, text.size() - 2) + "z");
+        EXPECT_EQ(to_upper(text), "A" + text_of(to_upper(c)).substr(1, text.size() - 2) + "Z");
+    }
+}
+
+TEST(LetterCase, LeavesBytesThatAreNotUtf8) {
+    EXPECT_EQ(to_lower("A\xC4Z\xFF"), "a\xC4z\xFF");
+    EXPECT_EQ(to_lower("ÄB\xC3"), "äb\xC3");
+    EXPECT_EQ(to_lower("\xC0\x81Ä"), "\xC0\x81ä");
+}
 
 TEST(LetterCase, UpperIsTheReverseOfLower) {
     for (char32_t c = 0; c < 0x2000; ++c) {

@@ -202,6 +202,148 @@ TEST_F(TerminalFormsTest, AButtonThatIsOffIsNotPressedAndThePersonIsAskedAgain) 
     settings.answers = "\n\nEUR\n";
     EXPECT_EQ(show(), Outcome::done);
     EXPECT_EQ(accepted, 1);
+    EXPECT_NE(output.str().find("Mit diesen Angaben ist „OK“ noch nicht möglich.\n"), std::string::npos);
+}
+
+/// A form of a picker, which has to be answered, and a text.
+class TerminalPickerTest : public TerminalFormsTest {
+protected:
+    TerminalPickerTest() {
+        form.fields = {{.kind = FieldKind::picker, .name = "ctlMandant", .label = "&Mandant"},
+                       {.kind = FieldKind::text, .name = "txtBis", .label = "&bis", .text = "10"}};
+        form.fields[0].entries = {{1, "Müller GmbH", "7"},
+                                  {2, "Bäckerei Möller", "10"},
+                                  {3, "Müller & Söhne", "70"},
+                                  {4, "Doppelt", "88"},
+                                  {5, "Doppelt auch", "88"}};
+        form.ok.enabled = false;
+        form.fields[0].changed = [this] {
+            ++changes;
+            form.ok.enabled = form.fields[0].selected.has_value();
+        };
+    }
+    std::size_t key() const {
+        const Field& picker = form.fields[0];
+        return picker.selected ? static_cast<std::size_t>(picker.entries[*picker.selected].key) : 0;
+    }
+    void make_long(int count) {
+        form.fields[0].entries.clear();
+        for (int i = 1; i <= count; ++i)
+            form.fields[0].entries.push_back({i, "Mandant", std::to_string(10000 + i)});
+    }
+
+    int changes = 0;
+};
+
+TEST_F(TerminalPickerTest, IsAnsweredByWhatLeadsToOneEntry) {
+    const struct {
+        const char* answer;
+        std::size_t key;
+        const char* why;
+    } rows[] = {
+        {"7", 1, "a whole number, though others begin so"},       {" 70 ", 3, "blanks around do not matter"},
+        {"MÖLLER", 2, "a part of the name, without letter case"}, {"söhne mül", 3, "several words"},
+        {"doppelt", 4, "a whole name, though another holds it"},
+    };
+    for (const auto& row : rows) {
+        form.fields[0].selected.reset();
+        form.ok.enabled = false;
+        settings.answers = std::string(row.answer) + "\n\n";
+        EXPECT_EQ(show(), Outcome::done) << row.why;
+        EXPECT_EQ(key(), row.key) << row.why;
+    }
+}
+
+TEST_F(TerminalPickerTest, SuggestsTheNumberAndNameOfTheEntryChosen) {
+    form.fields[0].selected = 0;
+    form.ok.enabled = true;
+    settings.answers = "\n\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(output.str(), "Protokollausgabe\nMandant [7 Müller GmbH]: \nbis [10]: \n");
+    EXPECT_EQ(key(), 1U);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST_F(TerminalPickerTest, TheEntryChosenBeforeDoesNotDecideAnAnswer) {
+    form.fields[0].selected = 2;
+    form.ok.enabled = true;
+    settings.answers = "mül\n7\n\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(key(), 1U);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(TerminalPickerTest, SaysWhyAnAnswerLeadsToNoEntryAndAsksAgain) {
+    settings.answers = "Mül\nxyz\n88\n\n \n10\n\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(output.str(),
+              "Protokollausgabe\n"
+              "Mandant []: Mül\n„Mül“ passt auf mehrere: 7 Müller GmbH, 70 Müller & Söhne\n"
+              "Mandant []: xyz\n„xyz“ passt auf keinen Eintrag.\n"
+              "Mandant []: 88\n„88“ passt auf mehrere: 88 Doppelt, 88 Doppelt auch\n"
+              "Mandant []: \nBitte eine Nummer oder einen Teil des Namens eingeben.\n"
+              "Mandant []:  \nBitte eine Nummer oder einen Teil des Namens eingeben.\n"
+              "Mandant []: 10\nbis [10]: \n");
+}
+
+TEST_F(TerminalPickerTest, NamesNoMoreThanTwentyOfTheEntriesThatMatch) {
+    make_long(20000);
+    settings.answers = "mandant\n1002\n10007\n\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_NE(output.str().find(", 10020 Mandant, … und 19980 weitere\n"), std::string::npos);
+    EXPECT_NE(output.str().find("„1002“ passt auf mehrere: 10020 Mandant, 10021 Mandant"), std::string::npos);
+    EXPECT_EQ(key(), 7U);
+}
+
+TEST_F(TerminalPickerTest, AQuestionMarkAtTheKeyboardShowsTheFirstEntriesAndHelp) {
+    make_long(22);
+    form.fields[0].entries[0].text = "Was nun?";
+    keyboard.str("?\n10022\n\n");
+    settings.keyboard = &keyboard;
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(keys, std::vector<int>{key_f1});
+    EXPECT_NE(output.str().find("Auswahl: 10001 Was nun?, 10002 Mandant, "), std::string::npos);
+    EXPECT_NE(output.str().find(", 10020 Mandant, … und 2 weitere\n"), std::string::npos);
+}
+
+TEST_F(TerminalPickerTest, AnswersThatNeverChooseEndTheRun) {
+    settings.answers = "xyz\n\n\n\n";
+    EXPECT_EQ(show(), Outcome::cancelled);
+    EXPECT_EQ(accepted, 0);
+    EXPECT_EQ(cancelled, 1);
+}
+
+TEST_F(TerminalPickerTest, AnEmptyPickerIsNotAskedAndLeavesTheFormIncomplete) {
+    form.fields[0].entries.clear();
+    settings.answers = "\n";
+    EXPECT_EQ(show(), Outcome::cancelled);
+    EXPECT_EQ(accepted, 0);
+    EXPECT_EQ(cancelled, 1);
+    EXPECT_NE(output.str().find("Mandant: \nbis [10]: \nMit diesen Angaben ist „OK“ noch nicht möglich.\n"),
+              std::string::npos);
+}
+
+TEST_F(TerminalPickerTest, AnEmptyPickerAloneCancelsTheForm) {
+    form.fields[0].entries.clear();
+    form.fields[1].enabled = false;
+    settings.answers = "";
+    EXPECT_EQ(show(), Outcome::cancelled);
+    EXPECT_EQ(accepted, 0);
+    EXPECT_EQ(cancelled, 1);
+}
+
+TEST_F(TerminalPickerTest, AChangeMayReplaceItsEntries) {
+    form.fields.insert(form.fields.begin(), {.name = "cboArt", .label = "&Art"});
+    form.fields[0].entries = {{0, "Mandant"}, {1, "Kanzlei"}};
+    form.fields[0].selected = 0;
+    form.fields[0].changed = [this] {
+        form.fields[1].label = "&Kanzlei";
+        form.fields[1].entries = {{9, "Schmidt und Partner", "5"}};
+    };
+    form.fields[1].changed = [this] { form.ok.enabled = true; };
+    settings.answers = "kanzlei\npartner\n\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(output.str(), "Protokollausgabe\nArt [Mandant]: kanzlei\nKanzlei []: partner\nbis [10]: \n");
 }
 
 }  // namespace

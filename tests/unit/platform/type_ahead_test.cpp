@@ -1,4 +1,4 @@
-#include "platform/windows/type_ahead.h"
+#include "platform/type_ahead.h"
 
 #include <gtest/gtest.h>
 

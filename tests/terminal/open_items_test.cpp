@@ -1,0 +1,146 @@
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/terminal/pane.h"
+
+/// The form of the open items by a person at the keyboard: a client is picked, accounts are corrected.
+namespace prot {
+namespace {
+
+const std::string export_items = "export --db beispiel.db --section 6 --out out";
+const std::string written_file = "out/Prot_OffenePosten.csv";
+
+class OpenItemsForm : public testing::Test {
+protected:
+    /// Accepts the file name that is proposed.
+    void write_file() const {
+        pane.expect_screen("items_file_name");
+        pane.press({"Enter"});
+        EXPECT_EQ(pane.exit_status(), 0);
+        EXPECT_EQ(pane.read("stdout.txt"), written_file + "\n");
+    }
+
+    /// The file is byte for byte the one of these answers; the files are too long to be shown.
+    void expect_file(const std::string& answers) const {
+        const std::string expected = pane.exported_by_answers("6", answers);
+        EXPECT_GT(expected.size(), 1000U);
+        EXPECT_TRUE(pane.read(written_file) == expected);
+    }
+
+    void expect_no_file() const {
+        EXPECT_EQ(pane.exit_status(), 3);
+        EXPECT_EQ(pane.read("stdout.txt"), "");
+        EXPECT_FALSE(std::filesystem::exists(pane.path(written_file)));
+    }
+
+    test::Pane pane{80, 24};
+};
+
+TEST_F(OpenItemsForm, AClientPickedByItsNumberGivesTheFileOfAnUnattendedRun) {
+    std::filesystem::copy_file(pane.path("beispiel.db"), pane.path("log.db"));
+    pane.start("export --db log.db --section 6 --out out");
+    pane.expect_screen("items_form");
+    pane.press({"Tab", "123"});
+    pane.expect_screen("items_client");
+    pane.press({"Enter"});
+    write_file();
+    const std::filesystem::path golden = std::filesystem::path(PROT_SOURCE_DIR) / "tests" / "golden";
+    const std::string expected = test::read_file(golden / "items_sample_client" / "expected.csv");
+    ASSERT_NE(expected, "");
+    EXPECT_EQ(pane.read(written_file), expected);
+}
+
+TEST_F(OpenItemsForm, AnOfficeIsPickedByAPartOfItsName) {
+    pane.start(export_items);
+    pane.expect_screen("items_form");
+    pane.press({"Down", "M-k", "Steuer"});
+    pane.expect_screen("items_offices");
+    pane.press({"Down", "Down", "Up"});
+    pane.expect_screen("items_office");
+    pane.press({"M-v", "1", "Tab", "99999", "Enter"});
+    write_file();
+    expect_file("Kanzlei\\n7\\n\\n1\\n99999\\n\\n");
+}
+
+TEST_F(OpenItemsForm, AFiscalYearIsChosenAmongThoseOfTheClient) {
+    pane.start(export_items);
+    pane.expect_screen("items_form");
+    pane.press({"M-m", "öztürk", "Tab", "Down", "Down", "M-b", "10099"});
+    pane.expect_screen("items_fiscal_year");
+    pane.press({"Enter"});
+    write_file();
+    expect_file("\\n123\\n01.01.2025 - 31.12.2025\\n\\n10099\\n\\n");
+}
+
+TEST_F(OpenItemsForm, WithoutAClientThereIsNoOk) {
+    pane.start(export_items);
+    pane.expect_screen("items_form");
+    pane.press({"M-m", "müll", "Enter"});
+    pane.expect_screen("items_several");
+    pane.press({"x", "Enter"});
+    pane.expect_screen("items_none");
+    pane.press({"BSpace", "Up"});
+    pane.expect_text("• 1002  Dr. Müller, Anna");
+    pane.press({"Enter"});
+    pane.expect_screen("items_file_name");
+    pane.press({"Escape"});
+    expect_no_file();
+}
+
+TEST_F(OpenItemsForm, AccountsThatCannotBeAreSaidAndCorrected) {
+    pane.start(export_items);
+    pane.expect_screen("items_form");
+    pane.press({"Tab", "123", "M-v", "1o000", "Tab"});
+    pane.expect_screen("items_not_numeric");
+    pane.press({"Enter"});
+    pane.expect_screen("items_not_numeric_focus");
+    pane.press({"0", "Enter"});
+    pane.expect_screen("items_not_positive");
+    pane.press({"Enter"});
+    pane.expect_screen("items_not_positive_focus");
+    pane.press({"10100", "Enter"});
+    pane.expect_screen("items_upside_down");
+    pane.press({"Enter"});
+    pane.expect_screen("items_upside_down_focus");
+    pane.press({"10999", "M-v", "10000", "Enter"});
+    write_file();
+    expect_file("\\n123\\n\\n10000\\n10999\\n\\n");
+}
+
+TEST_F(OpenItemsForm, EscLeavesNothing) {
+    pane.start(export_items);
+    pane.expect_screen("items_form");
+    pane.press({"Tab", "123"});
+    pane.expect_screen("items_client");
+    pane.press({"Escape"});
+    expect_no_file();
+}
+
+TEST_F(OpenItemsForm, MatchesUseTheLinesOfALargerTerminal) {
+    pane.start(export_items);
+    pane.expect_screen("items_form");
+    pane.resize(100, 40);
+    pane.expect_screen("items_form_100x40");
+    pane.press({"Tab", "NPage", "NPage"});
+    pane.expect_screen("items_second_page");
+    pane.resize(80, 24);
+    pane.expect_screen("items_second_page_80x24");
+    pane.press({"Escape"});
+    expect_no_file();
+}
+
+TEST_F(OpenItemsForm, LineByLineAPartOfANameAsksAgainUntilItMeansOneClient) {
+    pane.start(export_items + " --plain");
+    pane.press({"Enter"});
+    pane.expect_text("Mandant []:");
+    pane.press({"mül", "Enter"});
+    pane.expect_text("„mül“ passt auf mehrere: 100 Müller, 1001 Müller & Söhne, 1002 Dr. Müller, Anna");
+    pane.press({"öztürk", "Enter", "Enter", "Enter", "Enter", "Enter"});
+    EXPECT_EQ(pane.exit_status(), 0);
+    expect_file("\\n123\\n\\n\\n\\n\\n");
+}
+
+}  // namespace
+}  // namespace prot
