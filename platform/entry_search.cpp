@@ -1,7 +1,6 @@
 #include "platform/entry_search.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "platform/automation/letter_case.h"
 #include "platform/automation/text_parts.h"
@@ -10,10 +9,9 @@ namespace prot {
 
 namespace {
 
-std::vector<std::string_view> words_of(std::string_view typed) {
-    std::vector<std::string_view> words;
-    for (const auto part : std::views::split(typed, ' '))
-        if (!part.empty()) words.emplace_back(part.begin(), part.end());
+std::vector<std::string> words_of(const std::string& typed) {
+    std::vector<std::string> words = split(typed, ' ');
+    std::erase(words, "");
     return words;
 }
 
@@ -28,15 +26,15 @@ void EntrySearch::look_through(const std::vector<Entry>& entries) {
     });
 }
 
-bool EntrySearch::matches_all(const Item& item, const std::vector<std::string_view>& words) const {
-    return std::ranges::all_of(words, [&item](std::string_view word) {
+bool EntrySearch::matches_all(const Item& item, const std::vector<std::string>& words) const {
+    return std::ranges::all_of(words, [&item](const std::string& word) {
         return item.number.starts_with(word) || item.text.find(word) != std::string::npos;
     });
 }
 
 std::vector<std::size_t> EntrySearch::matches(std::string_view typed) const {
     const std::string whole = folded(typed);
-    const std::vector<std::string_view> words = words_of(whole);
+    const std::vector<std::string> words = words_of(whole);
     std::vector<std::size_t> found;
     for (std::size_t i = 0; i < items_.size(); ++i)
         if (matches_all(items_[i], words)) found.push_back(i);
@@ -60,7 +58,7 @@ std::optional<std::size_t> EntrySearch::chosen(std::string_view typed,
     if (before && *before >= items_.size()) before.reset();
     if (whole.empty()) return before;
     if (const auto entry = same(whole)) return entry;
-    const std::vector<std::string_view> words = words_of(whole);
+    const std::vector<std::string> words = words_of(whole);
     const auto match = [&](const Item& item) { return matches_all(item, words); };
     const auto first = std::ranges::find_if(items_, match);
     if (first == items_.end()) return std::nullopt;

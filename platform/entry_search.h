@@ -30,7 +30,7 @@ private:
     struct Item {
         std::string number, text;  // in lower case
     };
-    bool matches_all(const Item& item, const std::vector<std::string_view>& words) const;
+    bool matches_all(const Item& item, const std::vector<std::string>& words) const;
     std::optional<std::size_t> same(const std::string& whole) const;
 
     std::vector<Item> items_;
