@@ -9,8 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/windows/dialog_window.h"
-#include "platform/windows/form_controls.h"
+#include "platform/windows/form_view.h"
 #include "platform/windows/type_ahead.h"
 
 namespace prot {
@@ -37,17 +36,12 @@ private:
     INT_PTR answer(UINT message, WPARAM word);
     void command(WORD id, WORD notification);
 
-    bool make_controls();
-    void destroy_controls();
-
     template <class Action>
     void handle(Action action);
     void choose(std::size_t field, std::optional<std::size_t> entry);
     void edit(std::size_t field, std::string text);
     void press(const Button& button);
     void settle();
-    bool holds_other_selection(std::size_t number) const;
-    std::optional<std::size_t> selection_at(std::size_t number) const;
     bool may_be_at(const FormControl& here);
     bool validated();
 
@@ -56,26 +50,11 @@ private:
     bool preview_letter(const MSG& message);
 
     void follow();
-    void follow_control(std::size_t number);
-    void follow_list(std::size_t number);
-    void arrange();
-    void give_focus();
-    void leave_unusable_control();
-
-    std::optional<std::size_t> number_of(HWND window) const;
-    std::optional<FormControl> focused() const;
-    /// The control of a field that the focus goes to; null when it cannot have it.
-    HWND target_of(std::size_t field) const;
     void post_settle() const;
 
     Form& form_;
     HWND dialog_ = nullptr;
-    std::unique_ptr<DialogMeasure> measure_;
-    std::vector<FormControl> controls_;
-    std::vector<HWND> windows_;                // of controls_
-    std::vector<std::vector<Entry>> entries_;  // that the lists hold, of fields
-    FormLayout layout_;
-    bool unarranged_ = true;              // what the layout depends on has changed
+    std::unique_ptr<FormView> view_;
     bool busy_ = true;                    // while it opens, and while an event is being handled
     std::size_t focus_before_ = 0;        // the form's focus when it began
     std::optional<std::size_t> unasked_;  // text field entered and not validated since
