@@ -1,8 +1,11 @@
 #include "platform/windows/form_window.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "platform/windows/form_controls.h"
+#include "platform/windows/match_list.h"
 
 namespace prot {
 
@@ -67,14 +70,17 @@ INT_PTR CALLBACK FormWindow::procedure(HWND dialog, UINT message, WPARAM word, L
         return FALSE;
     }
     auto* const window = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    return window ? window->answer(message, word) : FALSE;
+    return window ? window->answer(message, word, number) : FALSE;
 }
 
-INT_PTR FormWindow::answer(UINT message, WPARAM word) {
+INT_PTR FormWindow::answer(UINT message, WPARAM word, LPARAM number) {
     switch (message) {
         case WM_COMMAND:
             command(LOWORD(word), HIWORD(word));
             return TRUE;
+        case WM_NOTIFY:
+            hear_list(*reinterpret_cast<NMHDR*>(number));
+            return FALSE;
         case WM_CLOSE:
             handle([this] { press(form_.cancel); });
             return TRUE;
@@ -110,6 +116,17 @@ void FormWindow::command(WORD id, WORD notification) {
         post_settle();
 }
 
+/// Rows are drawn whenever the system wants them, also while an event is being handled.
+void FormWindow::hear_list(NMHDR& heading) {
+    const auto number = view_->number_of(heading.hwndFrom);
+    if (!number || view_->controls()[*number].part != ControlPart::matches) return;
+    if (heading.code == LVN_GETDISPINFOW)
+        answer_text(view_->matches_of(view_->controls()[*number].index),
+                    reinterpret_cast<NMLVDISPINFOW&>(heading));
+    else if (heading.code == LVN_ITEMCHANGED && !busy_)
+        post_settle();
+}
+
 /// Runs `action` as one event of the form, unless one is running. Nothing it raises gets to the system.
 template <class Action>
 void FormWindow::handle(Action action) {
@@ -141,6 +158,8 @@ void FormWindow::edit(std::size_t index, std::string text) {
     Field& field = form_.fields[index];
     if (field.text == text) return;
     field.text = std::move(text);
+    if (field.kind == FieldKind::picker)
+        return choose(index, view_->matches_of(index).chosen(field.text, field.selected));
     notify(field.changed);
 }
 
@@ -167,7 +186,7 @@ void FormWindow::settle() {
 
 /// Whether the field that was entered last is done with when the focus is at `here`.
 bool FormWindow::may_be_at(const FormControl& here) {
-    if (!unasked_ || (here.part == ControlPart::field && here.index == *unasked_)) return true;
+    if (!unasked_ || (here.belongs_to_field() && here.index == *unasked_)) return true;
     // Not yet: from such a button the focus may go anywhere.
     if (here.part == ControlPart::cancel && !form_.cancel.causes_validation) return false;
     if (here.part == ControlPart::ok && !form_.ok.causes_validation) return false;
@@ -202,12 +221,34 @@ bool FormWindow::preview_key(const MSG& message) {
         handle([&] {
             if (form_.key_down) form_.key_down(stroke);
         });
-    return help || !form_.shown;
+    return help || !form_.shown || move_in_picker(message, stroke);
 }
 
-/// Lists of the system know no more than an entry's first letter.
+/// The keys that mean nothing in a line of text move the selection among the matches beneath it.
+bool FormWindow::move_in_picker(const MSG& message, const KeyStroke& stroke) {
+    const auto number = view_->number_of(message.hwnd);
+    if (!number || stroke.shift || stroke.control || stroke.alt) return false;
+    const auto [part, index, entry] = view_->controls()[*number];
+    if (part != ControlPart::field || form_.fields[index].kind != FieldKind::picker) return false;
+    const int page = view_->page_of(index);
+    const std::pair<int, int> steps[] = {{VK_UP, -1}, {VK_DOWN, 1}, {VK_PRIOR, -page}, {VK_NEXT, page}};
+    const auto step = std::ranges::find(steps, stroke.code, &std::pair<int, int>::first);
+    if (step == std::end(steps)) return false;
+    handle(
+        [&] { choose(index, view_->matches_of(index).moved(form_.fields[index].selected, step->second)); });
+    return true;
+}
+
+/// Lists of the system know no more than an entry's first letter. What is typed among a picker's matches goes
+/// to its line.
 bool FormWindow::preview_letter(const MSG& message) {
     const auto number = view_->number_of(message.hwnd);
+    if (number && view_->controls()[*number].part == ControlPart::matches &&
+        (message.wParam > L' ' || message.wParam == VK_BACK)) {
+        const HWND line = view_->begin_typing(view_->controls()[*number].index);
+        SendMessageW(line, message.message, message.wParam, message.lParam);
+        return true;
+    }
     if (!number || view_->controls()[*number].part != ControlPart::field) return false;
     Field& field = form_.fields[view_->controls()[*number].index];
     const auto letter = static_cast<char32_t>(message.wParam);

@@ -33,8 +33,9 @@ public:
 
 private:
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM word, LPARAM number);
-    INT_PTR answer(UINT message, WPARAM word);
+    INT_PTR answer(UINT message, WPARAM word, LPARAM number);
     void command(WORD id, WORD notification);
+    void hear_list(NMHDR& heading);
 
     template <class Action>
     void handle(Action action);
@@ -48,6 +49,7 @@ private:
     bool preview(const MSG& message);
     bool preview_key(const MSG& message);
     bool preview_letter(const MSG& message);
+    bool move_in_picker(const MSG& message, const KeyStroke& stroke);
 
     void follow();
     void post_settle() const;
