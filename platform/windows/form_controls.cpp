@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/windows/match_list.h"
 #include "platform/windows/wide_text.h"
 
 namespace prot {
@@ -23,6 +24,8 @@ constexpr PartRule part_rules[] = {
     {ControlPart::frame, L"BUTTON", BS_GROUPBOX | WS_GROUP},
     {ControlPart::label, L"STATIC", SS_LEFT | WS_GROUP},
     {ControlPart::field, L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP | WS_GROUP},
+    {ControlPart::match_count, L"STATIC", SS_LEFT | SS_NOPREFIX | WS_GROUP},
+    {ControlPart::matches, match_list_class, match_list_style | WS_TABSTOP | WS_GROUP},
     {ControlPart::option, L"BUTTON", BS_AUTORADIOBUTTON | BS_NOTIFY},
     {ControlPart::ok, L"BUTTON", BS_DEFPUSHBUTTON | BS_NOTIFY | WS_TABSTOP | WS_GROUP},
     {ControlPart::cancel, L"BUTTON", BS_PUSHBUTTON | BS_NOTIFY | WS_TABSTOP},
@@ -44,6 +47,8 @@ std::string text_of(const Form& form, const FormControl& control) {
         case ControlPart::cancel:
             return form.cancel.text;
         case ControlPart::field:
+        case ControlPart::match_count:
+        case ControlPart::matches:
             break;
     }
     return {};
@@ -61,11 +66,12 @@ ControlDescription describe_control(const Form& form, const FormControl& control
     const PartRule& rule = rule_of(control.part);
     ControlDescription description{rule.window_class, text_of(form, control), rule.style, 0,
                                    id_of(control.part, number)};
-    if (control.part == ControlPart::field && form.fields[control.index].kind == FieldKind::text) {
+    if (control.part == ControlPart::field && form.fields[control.index].kind != FieldKind::list) {
         description.window_class = L"EDIT";
         description.style = text_style;
         description.extended_style = WS_EX_CLIENTEDGE;
     }
+    if (control.part == ControlPart::matches) description.extended_style = WS_EX_CLIENTEDGE;
     if (control.part == ControlPart::option && control.entry == 0) description.style |= WS_GROUP | WS_TABSTOP;
     return description;
 }

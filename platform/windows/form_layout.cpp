@@ -14,12 +14,14 @@ constexpr int line_height = 8, option_height = 11, row_gap = 5;
 constexpr int label_gap = 6, longest_label_line = 160;
 constexpr int least_field = 60, longest_field = 200, field_padding = 8, arrow_width = 14;
 constexpr int option_mark = 14;
+constexpr int picker_width = 170, picker_gap = 2, match_rows = 6, match_height = 10;
 constexpr int longest_text_line = 260;
 constexpr int button_width = 50, button_height = 14, button_padding = 12, button_gap = 4;
 constexpr int caption_padding = 72;  // the title bar's icon, its buttons, its bolder letters
 
-/// Pixels, at every resolution, by which the system's closed list is higher than its text.
-constexpr int field_border = 8;
+/// Pixels, at every resolution: by which the system's closed list is higher than its text, and a list of
+/// matches than its rows.
+constexpr int field_border = 8, match_border = 4;
 
 const Group* group_that_begins(const Form& form, std::size_t field) {
     const auto group = std::ranges::find_if(
@@ -98,7 +100,6 @@ private:
         const int longest = across(longest_field);
         switch (field.kind) {
             case FieldKind::list:
-            case FieldKind::picker:
                 return std::min(longest, entries_width(field, longest) + across(field_padding + arrow_width));
             case FieldKind::text: {
                 const auto characters = static_cast<int>(std::min<std::size_t>(field.longest, 1000));
@@ -106,6 +107,8 @@ private:
             }
             case FieldKind::options:
                 return across(option_mark) + entries_width(field, std::numeric_limits<int>::max());
+            case FieldKind::picker:  // whatever its entries: there are too many to look at each
+                return across(picker_width);
             case FieldKind::label:
                 break;
         }
@@ -175,13 +178,23 @@ private:
         const Field& field = form_.fields[index];
         if (field.kind != FieldKind::options) {
             place({ControlPart::field, index}, {field_left_, top_, fields_width_, field_height()});
-            return field_height();
+            return field_height() + (field.kind == FieldKind::picker ? place_matches(index) : 0);
         }
         for (std::size_t entry = 0; entry < field.entries.size(); ++entry)
             place({ControlPart::option, index, entry},
                   {field_left_, top_ + static_cast<int>(entry) * down(option_height), fields_width_,
                    down(option_height)});
         return static_cast<int>(field.entries.size()) * down(option_height);
+    }
+
+    /// What of a picker stands beneath its line. Returns the height of it.
+    int place_matches(std::size_t index) {
+        const int gap = down(picker_gap), count_height = down(line_height);
+        const int list_height = match_rows * down(match_height) + match_border;
+        const int count_top = top_ + field_height() + gap, list_top = count_top + count_height + gap;
+        place({ControlPart::match_count, index}, {field_left_, count_top, fields_width_, count_height});
+        place({ControlPart::matches, index}, {field_left_, list_top, fields_width_, list_height});
+        return gap + count_height + gap + list_height;
     }
 
     int width_of(const Button& button) const {
@@ -228,8 +241,12 @@ std::vector<FormControl> controls_of(const Form& form) {
             controls.push_back({ControlPart::frame, static_cast<std::size_t>(group - form.groups.data())});
         if (field.kind == FieldKind::label || !field.label.empty())
             controls.push_back({ControlPart::label, i});
-        if (field.kind == FieldKind::list || field.kind == FieldKind::text)
+        if (field.kind != FieldKind::label && field.kind != FieldKind::options)
             controls.push_back({ControlPart::field, i});
+        if (field.kind == FieldKind::picker) {
+            controls.push_back({ControlPart::match_count, i});
+            controls.push_back({ControlPart::matches, i});
+        }
         if (field.kind != FieldKind::options) continue;
         for (std::size_t entry = 0; entry < field.entries.size(); ++entry)
             controls.push_back({ControlPart::option, i, entry});

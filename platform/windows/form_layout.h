@@ -35,10 +35,12 @@ public:
 };
 
 enum class ControlPart {
-    frame,   ///< around a group
-    label,   ///< before its field; all there is of a field that is a label
-    field,   ///< list or text
-    option,  ///< one of several
+    frame,        ///< around a group
+    label,        ///< before its field; all there is of a field that is a label
+    field,        ///< list, text, or a picker's line to type in
+    match_count,  ///< of a picker, before its matches
+    matches,      ///< of a picker: the entries that match what is typed
+    option,       ///< one of several
     ok,
     cancel,
 };
@@ -50,13 +52,13 @@ struct FormControl {
     std::size_t entry = 0;  ///< option: of the field's entry
 
     bool belongs_to_field() const {
-        return part == ControlPart::label || part == ControlPart::field || part == ControlPart::option;
+        return part != ControlPart::frame && part != ControlPart::ok && part != ControlPart::cancel;
     }
     bool operator==(const FormControl&) const = default;
 };
 
-/// All controls, also hidden ones: each frame before its fields, each label before its field, OK and Cancel
-/// last. A field without label has none, unless it is one.
+/// All controls, also hidden ones: each frame before its fields, each label before its field, the parts of a
+/// picker from top to bottom, OK and Cancel last. A field without label has none, unless it is one.
 std::vector<FormControl> controls_of(const Form& form);
 
 /// Whether the control is on view: its field is, or one field of its group.

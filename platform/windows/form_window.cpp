@@ -1,8 +1,11 @@
 #include "platform/windows/form_window.h"
 
 #include <algorithm>
-#include <new>
+#include <iterator>
 #include <utility>
+
+#include "platform/windows/form_controls.h"
+#include "platform/windows/match_list.h"
 
 namespace prot {
 
@@ -18,28 +21,26 @@ void notify(const std::function<void()>& function) {
     if (function) function();
 }
 
-bool same_texts(const std::vector<Entry>& one, const std::vector<Entry>& other) {
-    return std::ranges::equal(one, other, {}, &Entry::text, &Entry::text);
-}
-
 }  // namespace
 
 FormWindow::~FormWindow() {
-    measure_.reset();
-    if (dialog_) DestroyWindow(dialog_);
+    if (!dialog_) return;
+    SetWindowLongPtrW(dialog_, DWLP_USER, 0);  // what its end says reaches nobody
+    view_.reset();
+    DestroyWindow(dialog_);
 }
 
 bool FormWindow::open(HWND owner) {
     dialog_ = create_dialog(form_.caption, window_style, owner, procedure, reinterpret_cast<LPARAM>(this));
     if (!dialog_) return false;
-    measure_ = std::make_unique<DialogMeasure>(dialog_);
-    if (!make_controls()) return false;
+    view_ = std::make_unique<FormView>(form_, dialog_);
+    if (!view_->make_controls()) return false;
     follow();
     centre_window(dialog_, owner);
     ShowWindow(dialog_, SW_SHOW);
     if (!owner) SetForegroundWindow(dialog_);
     form_.select_focus = true;
-    give_focus();
+    view_->give_focus();
     // Whoever opens the form may have left the hourglass.
     SetCursor(LoadCursorW(nullptr, IDC_ARROW));
     post_settle();
@@ -69,14 +70,17 @@ INT_PTR CALLBACK FormWindow::procedure(HWND dialog, UINT message, WPARAM word, L
         return FALSE;
     }
     auto* const window = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(dialog, DWLP_USER));
-    return window ? window->answer(message, word) : FALSE;
+    return window ? window->answer(message, word, number) : FALSE;
 }
 
-INT_PTR FormWindow::answer(UINT message, WPARAM word) {
+INT_PTR FormWindow::answer(UINT message, WPARAM word, LPARAM number) {
     switch (message) {
         case WM_COMMAND:
             command(LOWORD(word), HIWORD(word));
             return TRUE;
+        case WM_NOTIFY:
+            hear_list(*reinterpret_cast<NMHDR*>(number));
+            return FALSE;
         case WM_CLOSE:
             handle([this] { press(form_.cancel); });
             return TRUE;
@@ -97,41 +101,30 @@ void FormWindow::command(WORD id, WORD notification) {
     if (id == IDCANCEL && notification == BN_CLICKED) return handle([this] { press(form_.cancel); });
     if (id == IDOK && notification == BN_CLICKED) return handle([this] { press(form_.ok); });
     const auto number = static_cast<std::size_t>(id - first_control_id);
-    if (id < first_control_id || number >= controls_.size()) return post_settle();
-    const FormControl control = controls_[number];
+    if (id < first_control_id || number >= view_->controls().size()) return post_settle();
+    const FormControl control = view_->controls()[number];
     const bool list =
         control.part == ControlPart::field && form_.fields[control.index].kind == FieldKind::list;
     const bool text = control.part == ControlPart::field && !list;
     if (list && notification == CBN_SELCHANGE)
-        handle([=, this] { choose(control.index, selected_in(windows_[number])); });
+        handle([=, this] { choose(control.index, selected_in(view_->window(number))); });
     else if (text && notification == EN_CHANGE)
-        handle([=, this] { edit(control.index, text_in(windows_[number])); });
+        handle([=, this] { edit(control.index, text_in(view_->window(number))); });
     else if (control.part == ControlPart::option && notification == BN_CLICKED)
         handle([=, this] { choose(control.index, control.entry); });
     else
         post_settle();
 }
 
-bool FormWindow::make_controls() {
-    controls_ = controls_of(form_);
-    entries_.assign(form_.fields.size(), {});
-    for (std::size_t number = 0; number < controls_.size(); ++number) {
-        const ControlDescription made = describe_control(form_, controls_[number], number);
-        const HWND window =
-            create_control(dialog_, made.window_class, made.text, made.style, made.extended_style, made.id);
-        if (!window) return false;
-        windows_.push_back(window);
-        if ((SendMessageW(window, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) != 0)
-            SendMessageW(window, EM_SETLIMITTEXT, form_.fields[controls_[number].index].longest, 0);
-    }
-    SendMessageW(dialog_, DM_SETDEFID, IDOK, 0);
-    unarranged_ = true;
-    return true;
-}
-
-void FormWindow::destroy_controls() {
-    for (const HWND window : std::exchange(windows_, {})) DestroyWindow(window);
-    form_.select_focus = true;
+/// Rows are drawn whenever the system wants them, also while an event is being handled.
+void FormWindow::hear_list(NMHDR& heading) {
+    const auto number = view_->number_of(heading.hwndFrom);
+    if (!number || view_->controls()[*number].part != ControlPart::matches) return;
+    if (heading.code == LVN_GETDISPINFOW)
+        answer_text(view_->matches_of(view_->controls()[*number].index),
+                    reinterpret_cast<NMLVDISPINFOW&>(heading));
+    else if (heading.code == LVN_ITEMCHANGED && !busy_)
+        post_settle();
 }
 
 /// Runs `action` as one event of the form, unless one is running. Nothing it raises gets to the system.
@@ -140,7 +133,7 @@ void FormWindow::handle(Action action) {
     if (busy_ || !form_.shown || !dialog_) return;
     busy_ = true;
     try {
-        if (const auto control = focused(); control && control->belongs_to_field())
+        if (const auto control = view_->focused(); control && control->belongs_to_field())
             form_.focus = control->index;
         focus_before_ = form_.focus;
         action();
@@ -165,6 +158,8 @@ void FormWindow::edit(std::size_t index, std::string text) {
     Field& field = form_.fields[index];
     if (field.text == text) return;
     field.text = std::move(text);
+    if (field.kind == FieldKind::picker)
+        return choose(index, view_->matches_of(index).chosen(field.text, field.selected));
     notify(field.changed);
 }
 
@@ -177,38 +172,21 @@ void FormWindow::press(const Button& button) {
 
 /// What follows from where the focus is now, and from a selection of which the system said nothing.
 void FormWindow::settle() {
-    for (std::size_t number = 0; number < controls_.size(); ++number) {
-        if (!holds_other_selection(number)) continue;
-        choose(controls_[number].index, selection_at(number));
+    for (std::size_t number = 0; number < view_->controls().size(); ++number) {
+        if (!view_->holds_other_selection(number)) continue;
+        choose(view_->controls()[number].index, view_->selection_at(number));
         // The controls behind it are compared when they show what the form says now.
         return post_settle();
     }
-    const std::optional<FormControl> here = focused();
+    const std::optional<FormControl> here = view_->focused();
     if (!here || !may_be_at(*here)) return;
     unasked_.reset();
     if (here->part == ControlPart::field && form_.fields[here->index].validate) unasked_ = here->index;
 }
 
-/// A list takes its old selection back when Esc closes it; an option is chosen when the focus comes to it.
-bool FormWindow::holds_other_selection(std::size_t number) const {
-    const FormControl& control = controls_[number];
-    const HWND window = windows_[number];
-    if (control.part == ControlPart::option)
-        return SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED &&
-               form_.fields[control.index].selected != control.entry;
-    return control.part == ControlPart::field && form_.fields[control.index].kind == FieldKind::list &&
-           !SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0) &&
-           selected_in(window) != form_.fields[control.index].selected;
-}
-
-std::optional<std::size_t> FormWindow::selection_at(std::size_t number) const {
-    const FormControl& control = controls_[number];
-    return control.part == ControlPart::option ? control.entry : selected_in(windows_[number]);
-}
-
 /// Whether the field that was entered last is done with when the focus is at `here`.
 bool FormWindow::may_be_at(const FormControl& here) {
-    if (!unasked_ || (here.part == ControlPart::field && here.index == *unasked_)) return true;
+    if (!unasked_ || (here.belongs_to_field() && here.index == *unasked_)) return true;
     // Not yet: from such a button the focus may go anywhere.
     if (here.part == ControlPart::cancel && !form_.cancel.causes_validation) return false;
     if (here.part == ControlPart::ok && !form_.ok.causes_validation) return false;
@@ -243,14 +221,36 @@ bool FormWindow::preview_key(const MSG& message) {
         handle([&] {
             if (form_.key_down) form_.key_down(stroke);
         });
-    return help || !form_.shown;
+    return help || !form_.shown || move_in_picker(message, stroke);
 }
 
-/// Lists of the system know no more than an entry's first letter.
+/// The keys that mean nothing in a line of text move the selection among the matches beneath it.
+bool FormWindow::move_in_picker(const MSG& message, const KeyStroke& stroke) {
+    const auto number = view_->number_of(message.hwnd);
+    if (!number || stroke.shift || stroke.control || stroke.alt) return false;
+    const auto [part, index, entry] = view_->controls()[*number];
+    if (part != ControlPart::field || form_.fields[index].kind != FieldKind::picker) return false;
+    const int page = view_->page_of(index);
+    const std::pair<int, int> steps[] = {{VK_UP, -1}, {VK_DOWN, 1}, {VK_PRIOR, -page}, {VK_NEXT, page}};
+    const auto step = std::ranges::find(steps, stroke.code, &std::pair<int, int>::first);
+    if (step == std::end(steps)) return false;
+    handle(
+        [&] { choose(index, view_->matches_of(index).moved(form_.fields[index].selected, step->second)); });
+    return true;
+}
+
+/// Lists of the system know no more than an entry's first letter. What is typed among a picker's matches goes
+/// to its line.
 bool FormWindow::preview_letter(const MSG& message) {
-    const auto number = number_of(message.hwnd);
-    if (!number || controls_[*number].part != ControlPart::field) return false;
-    Field& field = form_.fields[controls_[*number].index];
+    const auto number = view_->number_of(message.hwnd);
+    if (number && view_->controls()[*number].part == ControlPart::matches &&
+        (message.wParam > L' ' || message.wParam == VK_BACK)) {
+        const HWND line = view_->begin_typing(view_->controls()[*number].index);
+        SendMessageW(line, message.message, message.wParam, message.lParam);
+        return true;
+    }
+    if (!number || view_->controls()[*number].part != ControlPart::field) return false;
+    Field& field = form_.fields[view_->controls()[*number].index];
     const auto letter = static_cast<char32_t>(message.wParam);
     const auto now = std::chrono::steady_clock::now();
     if (field.kind != FieldKind::list) return false;
@@ -259,112 +259,16 @@ bool FormWindow::preview_letter(const MSG& message) {
     const auto entry = type_ahead_.typed(letter, now, field.entries, selected_in(message.hwnd));
     if (!entry) return true;
     show_selected(message.hwnd, entry);
-    handle([&] { choose(controls_[*number].index, entry); });
+    handle([&] { choose(view_->controls()[*number].index, entry); });
     return true;
 }
 
 /// Brings the window to what the form says.
 void FormWindow::follow() {
-    if (controls_ != controls_of(form_)) {
-        destroy_controls();
-        if (!make_controls()) throw std::bad_alloc();
-    }
-    leave_unusable_control();
-    show_text(dialog_, form_.caption);
-    for (std::size_t number = 0; number < controls_.size(); ++number) follow_control(number);
-    if (std::exchange(unarranged_, false)) arrange();
-    if (form_.select_focus || form_.focus != focus_before_) give_focus();
-}
-
-void FormWindow::follow_control(std::size_t number) {
-    const FormControl& control = controls_[number];
-    const HWND window = windows_[number];
-    const bool visible = is_visible(form_, control);
-    const bool was_visible = (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
-    if (control.part != ControlPart::field) {
-        const std::string text = describe_control(form_, control, number).text;
-        unarranged_ = unarranged_ || text_in(window) != text;
-        show_text(window, text);
-    } else if (form_.fields[control.index].kind == FieldKind::list) {
-        follow_list(number);
-    } else {
-        show_text(window, form_.fields[control.index].text);
-    }
-    if (control.part == ControlPart::option)
-        show_checked(window, form_.fields[control.index].selected == control.entry);
-    if (control.belongs_to_field()) show_enabled(window, form_.fields[control.index].enabled);
-    if (control.part == ControlPart::ok) show_enabled(window, form_.ok.enabled);
-    if (control.part == ControlPart::cancel) show_enabled(window, form_.cancel.enabled);
-    show_visible(window, visible);
-    unarranged_ = unarranged_ || visible != was_visible;
-}
-
-void FormWindow::follow_list(std::size_t number) {
-    const Field& field = form_.fields[controls_[number].index];
-    std::vector<Entry>& held = entries_[controls_[number].index];
-    if (!same_texts(held, field.entries)) {
-        show_entries(windows_[number], field.entries, *measure_);
-        held = field.entries;
-        unarranged_ = true;
-    }
-    show_selected(windows_[number], field.selected);
-}
-
-/// Lays the controls out anew. The window never becomes narrower while it is open.
-void FormWindow::arrange() {
-    layout_ = layout_form(form_, controls_, *measure_, layout_.width);
-    for (std::size_t number = 0; number < controls_.size(); ++number) {
-        Rectangle place = layout_.places[number];
-        if (controls_[number].part == ControlPart::field)
-            place.height += height_of_open_list(windows_[number]);
-        MoveWindow(windows_[number], place.left, place.top, place.width, place.height, FALSE);
-    }
-    resize_client(dialog_, layout_.width, layout_.height);
-    InvalidateRect(dialog_, nullptr, TRUE);
-}
-
-void FormWindow::give_focus() {
-    const bool wanted = std::exchange(form_.select_focus, false);
-    HWND target = target_of(form_.focus);
-    if (!target && wanted && !focused()) target = GetNextDlgTabItem(dialog_, nullptr, FALSE);
-    // The system's own way to a control also selects its text and moves the default button's frame.
-    if (target) SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
+    view_->follow();
+    if (!form_.select_focus && form_.focus == focus_before_) return;
+    view_->give_focus();
     type_ahead_.forget();
-}
-
-/// The focus does not stay on a control that is about to be switched off or hidden: keys would be lost.
-void FormWindow::leave_unusable_control() {
-    const std::optional<FormControl> here = focused();
-    if (!here || !here->belongs_to_field() || form_.fields[here->index].can_have_focus()) return;
-    HWND target = target_of(form_.focus);
-    for (std::size_t i = 1; !target && i < form_.fields.size(); ++i)
-        target = target_of((here->index + i) % form_.fields.size());
-    if (!target) target = GetDlgItem(dialog_, form_.ok.enabled ? IDOK : IDCANCEL);
-    SendMessageW(dialog_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(target), TRUE);
-}
-
-std::optional<std::size_t> FormWindow::number_of(HWND window) const {
-    const auto found = std::ranges::find(windows_, window);
-    if (!window || found == windows_.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - windows_.begin());
-}
-
-std::optional<FormControl> FormWindow::focused() const {
-    const auto number = number_of(GetFocus());
-    return number ? std::optional(controls_[*number]) : std::nullopt;
-}
-
-HWND FormWindow::target_of(std::size_t index) const {
-    if (index >= form_.fields.size() || !form_.fields[index].can_have_focus()) return nullptr;
-    HWND target = nullptr;
-    for (std::size_t number = 0; number < controls_.size(); ++number) {
-        const FormControl& control = controls_[number];
-        if (control.index != index || !control.belongs_to_field() || control.part == ControlPart::label)
-            continue;
-        if (!target || form_.fields[index].selected == control.entry) target = windows_[number];
-        if (control.part == ControlPart::field) break;
-    }
-    return target;
 }
 
 void FormWindow::post_settle() const {

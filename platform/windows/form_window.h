@@ -10,8 +10,7 @@
 #include <vector>
 
 #include "platform/type_ahead.h"
-#include "platform/windows/dialog_window.h"
-#include "platform/windows/form_controls.h"
+#include "platform/windows/form_view.h"
 
 namespace prot {
 
@@ -34,11 +33,9 @@ public:
 
 private:
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM word, LPARAM number);
-    INT_PTR answer(UINT message, WPARAM word);
+    INT_PTR answer(UINT message, WPARAM word, LPARAM number);
     void command(WORD id, WORD notification);
-
-    bool make_controls();
-    void destroy_controls();
+    void hear_list(NMHDR& heading);
 
     template <class Action>
     void handle(Action action);
@@ -46,36 +43,20 @@ private:
     void edit(std::size_t field, std::string text);
     void press(const Button& button);
     void settle();
-    bool holds_other_selection(std::size_t number) const;
-    std::optional<std::size_t> selection_at(std::size_t number) const;
     bool may_be_at(const FormControl& here);
     bool validated();
 
     bool preview(const MSG& message);
     bool preview_key(const MSG& message);
     bool preview_letter(const MSG& message);
+    bool move_in_picker(const MSG& message, const KeyStroke& stroke);
 
     void follow();
-    void follow_control(std::size_t number);
-    void follow_list(std::size_t number);
-    void arrange();
-    void give_focus();
-    void leave_unusable_control();
-
-    std::optional<std::size_t> number_of(HWND window) const;
-    std::optional<FormControl> focused() const;
-    /// The control of a field that the focus goes to; null when it cannot have it.
-    HWND target_of(std::size_t field) const;
     void post_settle() const;
 
     Form& form_;
     HWND dialog_ = nullptr;
-    std::unique_ptr<DialogMeasure> measure_;
-    std::vector<FormControl> controls_;
-    std::vector<HWND> windows_;                // of controls_
-    std::vector<std::vector<Entry>> entries_;  // that the lists hold, of fields
-    FormLayout layout_;
-    bool unarranged_ = true;              // what the layout depends on has changed
+    std::unique_ptr<FormView> view_;
     bool busy_ = true;                    // while it opens, and while an event is being handled
     std::size_t focus_before_ = 0;        // the form's focus when it began
     std::optional<std::size_t> unasked_;  // text field entered and not validated since

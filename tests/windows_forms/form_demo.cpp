@@ -15,9 +15,12 @@
 #include "platform/windows/wide_text.h"
 #include "platform/windows/window_forms.h"
 #include "tests/windows_forms/demo_form.h"
+#include "tests/windows_forms/key_times.h"
+#include "tests/windows_forms/picker_form.h"
 
-/// Shows one of the system's faces, for a test to look at and to type into. Usage: form_demo owned|alone|save
-/// PATH|progress|open PATH|hold PATH. What happens is told on standard output, a line each, in UTF-8.
+/// Shows one of the system's faces, for a test to look at and to type into. Usage: form_demo
+/// owned|alone|picker|typing|save PATH|progress|open PATH|hold PATH. What happens is told on standard output,
+/// a line each, in UTF-8.
 namespace prot::demo {
 
 namespace {
@@ -29,14 +32,30 @@ void tell(const std::string& line) {
 
 SystemMessageBoxes boxes([](AutomationError error) { tell("refused box: " + error.description()); });
 
-void show_form() {
-    DemoForm demo(boxes, tell);
+void show_window_of(Form& form) {
     WindowForms forms([] { tell("refused form"); });
     try {
-        forms.show_modal(demo.form());
+        forms.show_modal(form);
     } catch (const std::exception& error) {
         tell(std::string("error: ") + error.what());
     }
+}
+
+void show_form() {
+    DemoForm demo(boxes, tell);
+    show_window_of(demo.form());
+}
+
+void show_picker() {
+    PickerForm picker(tell);
+    show_window_of(picker.form());
+}
+
+/// A picker that types by itself, to be timed.
+void show_typing() {
+    PickerForm picker(tell);
+    show_and_type(
+        picker.form(), [&] { show_window_of(picker.form()); }, tell);
 }
 
 /// A host with a window of its own, which the form belongs to.
@@ -85,6 +104,10 @@ int run(const std::wstring& face, const std::string& path) {
         show_owned_form();
     else if (face == L"alone")
         show_form();
+    else if (face == L"picker")
+        show_picker();
+    else if (face == L"typing")
+        show_typing();
     else if (face == L"save")
         ask_file(path);
     else if (face == L"progress")

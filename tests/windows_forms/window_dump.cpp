@@ -2,6 +2,8 @@
 #include <io.h>
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
@@ -13,7 +15,8 @@
 /// longer than looking. Each line of input is SECONDS TITLE (UTF-8): waits that long for a window on view
 /// whose title begins with TITLE, and prints it and its controls, one a line, fields separated by TAB: class,
 /// id, text, "on" or "off", "visible" or "hidden", "focus" or "-", left, top, width, height on the screen, a
-/// list's entries with commas between them. The text of an option that is chosen is followed by " (*)". A
+/// list's entries with commas between them. The text of an option that is chosen is followed by " (*)"; of a
+/// list view there are the rows on view, columns separated by a blank, "> " before the selected one. A
 /// line "." ends each answer; it is alone when no such window came.
 namespace {
 
@@ -40,8 +43,66 @@ std::string text_of(HWND window) {
     return line;
 }
 
+/// Memory in the process of another window, which answers only into its own.
+class ForeignMemory {
+public:
+    ForeignMemory(HWND window, std::size_t size) {
+        DWORD id = 0;
+        GetWindowThreadProcessId(window, &id);
+        process_ = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
+        address_ = static_cast<char*>(
+            VirtualAllocEx(process_, nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
+    }
+    ~ForeignMemory() {
+        VirtualFreeEx(process_, address_, 0, MEM_RELEASE);
+        CloseHandle(process_);
+    }
+    ForeignMemory(const ForeignMemory&) = delete;
+    ForeignMemory& operator=(const ForeignMemory&) = delete;
+
+    char* at(std::size_t offset) const { return address_ + offset; }
+    void write(const void* data, std::size_t size) const {
+        WriteProcessMemory(process_, address_, data, size, nullptr);
+    }
+    void read(std::size_t offset, void* data, std::size_t size) const {
+        ReadProcessMemory(process_, at(offset), data, size, nullptr);
+    }
+
+private:
+    HANDLE process_;
+    char* address_;
+};
+
+std::string cell_of(HWND list, const ForeignMemory& memory, LRESULT row, int column) {
+    wchar_t text[128] = {};
+    LVITEMW item{};
+    item.iSubItem = column;
+    item.pszText = reinterpret_cast<wchar_t*>(memory.at(sizeof item));
+    item.cchTextMax = 128;
+    memory.write(&item, sizeof item);
+    SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory.at(0)));
+    memory.read(sizeof item, text, sizeof text);
+    text[127] = 0;
+    return prot::to_utf8(text);
+}
+
+std::string rows_of(HWND list) {
+    const ForeignMemory memory(list, sizeof(LVITEMW) + 128 * sizeof(wchar_t));
+    const LRESULT first = SendMessageW(list, LVM_GETTOPINDEX, 0, 0);
+    const LRESULT end = std::min(first + SendMessageW(list, LVM_GETCOUNTPERPAGE, 0, 0),
+                                 SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+    std::string rows;
+    for (LRESULT row = first; row < end; ++row) {
+        const LRESULT state = SendMessageW(list, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_SELECTED);
+        rows += std::string(row > first ? "," : "") + ((state & LVIS_SELECTED) != 0 ? "> " : "") +
+                cell_of(list, memory, row, 0) + ' ' + cell_of(list, memory, row, 1);
+    }
+    return rows;
+}
+
 std::string entries_of(HWND window) {
     std::string entries;
+    if (class_of(window) == "SYSLISTVIEW32") return rows_of(window);
     if (class_of(window) != "COMBOBOX") return entries;
     const LRESULT count = SendMessageW(window, CB_GETCOUNT, 0, 0);
     for (LRESULT entry = 0; entry < count; ++entry) {

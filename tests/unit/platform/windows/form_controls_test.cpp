@@ -1,5 +1,6 @@
 #include "platform/windows/form_controls.h"
 
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 namespace prot {
@@ -12,6 +13,7 @@ Form sample_form() {
         {.label = "&von"},
         {.kind = FieldKind::text, .label = "&Text"},
         {.kind = FieldKind::label, .label = "Hinweis && mehr"},
+        {.kind = FieldKind::picker, .label = "&Mandant", .text = "Mei"},
     };
     form.groups = {{"Soll & Haben", 0, 2}};
     form.ok.text = "&OK";
@@ -42,6 +44,13 @@ TEST(FormControl, IsWhatTheSystemKnowsForItsPart) {
          "the next belongs to it"},
         {{ControlPart::field, 1}, L"COMBOBOX", "", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP, "a list"},
         {{ControlPart::field, 2}, L"EDIT", "", ES_AUTOHSCROLL | WS_TABSTOP, "a text"},
+        {{ControlPart::field, 4}, L"EDIT", "", ES_AUTOHSCROLL | WS_TABSTOP, "a picker's line"},
+        {{ControlPart::match_count, 4}, L"STATIC", "", SS_NOPREFIX, "no access key among the counted"},
+        {{ControlPart::matches, 4},
+         L"SysListView32",
+         "",
+         LVS_REPORT | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | WS_TABSTOP,
+         "matches are asked for when they come on view"},
         {{ControlPart::label, 3}, L"STATIC", "Hinweis && mehr", SS_LEFT, "a label alone"},
         {{ControlPart::ok}, L"BUTTON", "&OK", BS_DEFPUSHBUTTON | WS_TABSTOP, "OK is the default"},
         {{ControlPart::cancel}, L"BUTTON", "Abbrechen", BS_PUSHBUTTON | WS_TABSTOP, "Cancel is not"},
@@ -59,6 +68,13 @@ TEST(FormControl, OnlyTheFirstOptionBeginsAGroupForTheArrowKeys) {
     EXPECT_EQ(describe_control(form, {ControlPart::option, 0, 1}, 0).style & (WS_GROUP | WS_TABSTOP), 0U);
     EXPECT_NE(describe_control(form, {ControlPart::label, 1}, 0).style & WS_GROUP, 0U)
         << "the group ends with the next label";
+}
+
+TEST(FormControl, OnlyTheMatchesOfAPickerAreReachedBesidesItsLine) {
+    const Form form = sample_form();
+    EXPECT_EQ(describe_control(form, {ControlPart::match_count, 4}, 0).style & WS_TABSTOP, 0U);
+    EXPECT_EQ(describe_control(form, {ControlPart::matches, 4}, 0).extended_style, DWORD{WS_EX_CLIENTEDGE})
+        << "framed as the line above it";
 }
 
 TEST(FormControl, OkAndCancelHaveTheSystemsIds) {

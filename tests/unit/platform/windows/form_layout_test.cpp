@@ -5,39 +5,10 @@
 #include <algorithm>
 #include <optional>
 
-#include "platform/automation/utf8.h"
+#include "tests/unit/platform/windows/fixed_font.h"
 
 namespace prot {
 namespace {
-
-/// A font in which all characters have one width, at a resolution.
-class FixedFont : public TextMeasure {
-public:
-    explicit FixedFont(int dots_per_inch) : dots_per_inch_(dots_per_inch) {}
-
-    int unit_width() const override { return 6 * dots_per_inch_ / 96; }
-    int unit_height() const override { return 13 * dots_per_inch_ / 96; }
-    int width(std::string_view text) const override {
-        return static_cast<int>(decode_utf8(text).size()) * unit_width();
-    }
-    int height(std::string_view text, int longest) const override {
-        int lines = 1, used = 0;
-        for (std::size_t begin = 0; begin <= text.size();) {
-            const std::size_t end = std::min(text.find(' ', begin), text.size());
-            const int word = width(text.substr(begin, end - begin));
-            if (used > 0 && used + unit_width() + word > longest) {
-                ++lines;
-                used = 0;
-            }
-            used += (used > 0 ? unit_width() : 0) + word;
-            begin = end + 1;
-        }
-        return lines * unit_height();
-    }
-
-private:
-    int dots_per_inch_;
-};
 
 /// One form with everything that has a place.
 Form rich_form() {
@@ -50,8 +21,9 @@ Form rich_form() {
         {.kind = FieldKind::text, .label = "Suchbegriff der abweichenden Rechnungsanschrift", .longest = 20},
         {.kind = FieldKind::text, .label = "verborgen", .visible = false},
         {.kind = FieldKind::label, .label = "Berücksichtigt werden nur Datensätze nach der Übernahme."},
+        {.kind = FieldKind::picker, .label = "&Mandant", .entries = {{0, "Meier", "7"}}},
     };
-    form.groups = {{"Konten", 0, 3}, {"Adressen", 3, 2}};
+    form.groups = {{"Konten", 0, 3}, {"Adressen", 3, 2}, {"Mandanten", 6, 1}};
     form.ok.text = "OK";
     form.cancel.text = "Abbrechen";
     return form;
@@ -150,9 +122,51 @@ TEST_P(FormLayoutAt, AHiddenFieldTakesNoRoom) {
     Form without = rich_form();
     without.fields.erase(without.fields.begin() + 4);
     without.groups[1].count = 1;
+    without.groups[2].first = 5;
     const FormLayout other = layout_form(without, controls_of(without), arranged.font, 0);
     EXPECT_EQ(arranged.layout.height, other.height);
     EXPECT_EQ(arranged.place({ControlPart::field, 4}), Rectangle());
+}
+
+TEST_P(FormLayoutAt, APickerStandsFromTopToBottomInItsGroup) {
+    const Rectangle label = arranged.place({ControlPart::label, 6});
+    const Rectangle line = arranged.place({ControlPart::field, 6});
+    const Rectangle count = arranged.place({ControlPart::match_count, 6});
+    const Rectangle matches = arranged.place({ControlPart::matches, 6});
+    EXPECT_LT(label.right(), line.left);
+    EXPECT_LE(label.bottom(), line.bottom());
+    EXPECT_EQ(line.height, arranged.place({ControlPart::field, 1}).height);
+    EXPECT_GE(count.top, line.bottom());
+    EXPECT_GE(count.height, arranged.font.unit_height());
+    EXPECT_GE(matches.top, count.bottom());
+    EXPECT_GE(matches.height, 6 * arranged.font.unit_height());
+    EXPECT_TRUE(is_inside(matches, arranged.place({ControlPart::frame, 2})));
+    for (const Rectangle& part : {count, matches}) {
+        EXPECT_EQ(part.left, line.left);
+        EXPECT_EQ(part.right(), line.right());
+    }
+}
+
+TEST_P(FormLayoutAt, AHiddenPickerTakesNoRoom) {
+    Form hidden = rich_form(), without = rich_form();
+    hidden.fields[6].visible = false;
+    without.fields.pop_back();
+    without.groups.pop_back();
+    const FormLayout layout = layout_form(hidden, arranged.controls, arranged.font, 0);
+    EXPECT_EQ(layout.height, layout_form(without, controls_of(without), arranged.font, 0).height);
+    for (std::size_t i = 0; i < arranged.controls.size(); ++i) {
+        if (!arranged.controls[i].belongs_to_field() || arranged.controls[i].index != 6) continue;
+        EXPECT_FALSE(is_visible(hidden, arranged.controls[i])) << i;
+        EXPECT_EQ(layout.places[i], Rectangle()) << i;
+    }
+}
+
+TEST_P(FormLayoutAt, APickerKeepsItsPlaceWhateverHappensToIt) {
+    Form other = rich_form();
+    other.fields[6].enabled = false;
+    other.fields[6].text = "Meier";
+    other.fields[6].entries.assign(100, {0, std::string(200, 'x'), "12345678"});
+    EXPECT_EQ(layout_form(other, controls_of(other), arranged.font, 0), arranged.layout);
 }
 
 TEST(FormLayout, GrowsWithTheResolution) {
@@ -201,8 +215,9 @@ TEST(FormControls, ComeInTheOrderOfTheTabKey) {
         {ControlPart::option, 0, 1}, {ControlPart::label, 1}, {ControlPart::field, 1},
         {ControlPart::label, 2},     {ControlPart::field, 2}, {ControlPart::frame, 1},
         {ControlPart::label, 3},     {ControlPart::field, 3}, {ControlPart::label, 4},
-        {ControlPart::field, 4},     {ControlPart::label, 5}, {ControlPart::ok},
-        {ControlPart::cancel},
+        {ControlPart::field, 4},     {ControlPart::label, 5}, {ControlPart::frame, 2},
+        {ControlPart::label, 6},     {ControlPart::field, 6}, {ControlPart::match_count, 6},
+        {ControlPart::matches, 6},   {ControlPart::ok},       {ControlPart::cancel},
     };
     EXPECT_EQ(controls_of(rich_form()), expected);
 }
