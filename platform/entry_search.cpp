@@ -1,6 +1,7 @@
 #include "platform/entry_search.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "platform/automation/letter_case.h"
 #include "platform/automation/text_parts.h"
@@ -41,12 +42,20 @@ std::vector<std::size_t> EntrySearch::matches(std::string_view typed) const {
     return found;
 }
 
-/// The one entry of just that number, or else of just that text.
+/// The one entry of just that number, or else of just that text, or of both with a blank between.
 std::optional<std::size_t> EntrySearch::same(const std::string& whole) const {
-    for (const auto part : {&Item::number, &Item::text}) {
-        const auto found = std::ranges::find(items_, whole, part);
+    const std::function<bool(const Item&)> ways[] = {
+        [&](const Item& item) { return item.number == whole; },
+        [&](const Item& item) { return item.text == whole; },
+        [&](const Item& item) {
+            return whole.size() == item.number.size() + 1 + item.text.size() &&
+                   whole.starts_with(item.number + ' ') && whole.ends_with(item.text);
+        },
+    };
+    for (const auto& is_it : ways) {
+        const auto found = std::ranges::find_if(items_, is_it);
         if (found == items_.end()) continue;
-        if (std::ranges::find(found + 1, items_.end(), whole, part) != items_.end()) return std::nullopt;
+        if (std::find_if(found + 1, items_.end(), is_it) != items_.end()) return std::nullopt;
         return static_cast<std::size_t>(found - items_.begin());
     }
     return std::nullopt;

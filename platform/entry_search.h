@@ -22,8 +22,8 @@ public:
     std::vector<std::size_t> matches(std::string_view typed) const;
 
     /// The entry that is chosen once `typed` has been typed: the one that goes by just that number or text,
-    /// or else the only one that matches, or else the one chosen before, as long as it matches. Blank text
-    /// changes nothing.
+    /// or by both; else the only one that matches; else the one chosen before, as long as it matches. Blank
+    /// text changes nothing.
     std::optional<std::size_t> chosen(std::string_view typed, std::optional<std::size_t> before) const;
 
 private:

@@ -7,7 +7,7 @@
 
 #include "platform/windows/dialog_window.h"
 #include "platform/windows/form_layout.h"
-#include "platform/windows/picker_matches.h"
+#include "platform/picker_matches.h"
 
 namespace prot {
 

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "platform/windows/form_layout.h"
-#include "platform/windows/picker_matches.h"
+#include "platform/picker_matches.h"
 
 /// The rows of a picker as a list view of the system, which asks for the rows that are on view. They stand in
 /// two columns, number and text.

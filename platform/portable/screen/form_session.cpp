@@ -113,7 +113,7 @@ void FormSession::press_in_choice(const Key& key) {
 void FormSession::press_in_picker(const Key& key) {
     if (line_.press(key, field().longest)) {
         field().text = line_.text();
-        select(picker(target_).chosen(field()));
+        select(matches(target_).chosen(field().text, field().selected));
     } else if (const std::optional<std::size_t> entry = match_after(key)) {
         select(entry);
     }
@@ -166,19 +166,15 @@ std::optional<std::size_t> FormSession::match_after(const Key& key) {
     const bool page = key.is(Key::Kind::page_up) || key.is(Key::Kind::page_down);
     const bool back = key.is(Key::Kind::up) || key.is(Key::Kind::page_up);
     if (!page && !back && !key.is(Key::Kind::down)) return std::nullopt;
-    const std::vector<std::size_t>& matches = picker(target_).matches();
-    if (matches.empty()) return std::nullopt;
-    const std::optional<std::size_t> now = picker(target_).place_of(field().selected);
-    if (!now) return back ? matches.back() : matches.front();
-    const std::size_t step = page ? std::max<std::size_t>(page_, 1) : 1;
-    const std::size_t last = matches.size() - 1;
-    return matches[back ? *now - std::min(step, *now) : std::min(*now + step, last)];
+    const int steps = page ? static_cast<int>(std::max<std::size_t>(page_, 1)) : 1;
+    return matches(target_).moved(field().selected, back ? -steps : steps);
 }
 
-const Picker& FormSession::picker(std::size_t index) {
-    Picker& picker = pickers_[index];
-    picker.follow(form_.fields[index]);
-    return picker;
+const PickerMatches& FormSession::matches(std::size_t index) {
+    PickerMatches& matches = matches_[index];
+    matches.look_through(form_.fields[index].entries);
+    matches.filter(form_.fields[index].text);
+    return matches;
 }
 
 /// Makes up for the check that is due. False: the entry was refused, and its field has the focus again.

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/form.h"
+#include "platform/picker_matches.h"
 #include "platform/portable/screen/key.h"
-#include "platform/portable/screen/picker.h"
 #include "platform/portable/screen/text_line.h"
 #include "platform/type_ahead.h"
 
@@ -43,8 +43,8 @@ public:
     /// The line to type in that has the focus; null when it is something else.
     const TextLine* line() const { return on_line() ? &line_ : nullptr; }
 
-    /// What of the picker, a field of that index, is on view now.
-    const Picker& picker(std::size_t index);
+    /// What of the picker, a field of that index, matches what is typed now.
+    const PickerMatches& matches(std::size_t index);
 
     /// How many lines of the list or picker that has the focus are on view.
     void set_page(std::size_t rows) { page_ = rows; }
@@ -80,7 +80,7 @@ private:
     std::size_t focus_ = 0;                 // form_.focus when it was last looked at
     std::optional<std::size_t> unchecked_;  // the text field whose check is still due
     TextLine line_;
-    std::map<std::size_t, Picker> pickers_;  // by the field's index
+    std::map<std::size_t, PickerMatches> matches_;  // of pickers, by the field's index
     TypeAhead type_ahead_;
     std::size_t page_ = 1;
     bool cancelled_ = false;

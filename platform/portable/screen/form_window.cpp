@@ -14,6 +14,7 @@ constexpr std::string_view selected_mark = "• ";
 constexpr std::string_view option_on = "(•) ";
 constexpr std::string_view option_off = "( ) ";
 constexpr int between_options = 2;
+constexpr int widest_number = 14;  // columns
 constexpr char blank_of_entry = '_';
 
 std::string repeated(std::string_view text, int count) {
@@ -27,6 +28,13 @@ std::string filled(std::string_view text, int width, char blank = ' ') {
     std::string line = cut_to(printable(text), width);
     line.append(static_cast<std::size_t>(std::max(width - columns(line), 0)), blank);
     return line;
+}
+
+/// Columns of the numbers of a picker; 0 when there are none.
+int widest_number_of(const std::vector<Entry>& entries) {
+    int widest = 0;
+    for (const Entry& entry : entries) widest = std::max(widest, columns(entry.number));
+    return std::min(widest, widest_number);
 }
 
 /// The column of the letter that the label marks, from the label's beginning; nothing when it marks none.
@@ -152,16 +160,17 @@ void FormWindow::draw_list(Picture& picture, std::size_t index, const FieldPlace
 
 void FormWindow::draw_picker(Picture& picture, std::size_t index, const FieldPlace& place) {
     const Field& field = form_.fields[index];
-    const Picker& picker = session_.picker(index);
-    const int number_width = picker.number_width();
+    const PickerMatches& matches = session_.matches(index);
+    const int number_width = widest_number_of(matches.entries());
     const auto text = [&](std::size_t row) {
-        const Entry& entry = field.entries[picker.matches()[row]];
+        const Entry& entry = *matches.entry_in(row);
         return number_width > 0 ? filled(entry.number, number_width) + "  " + entry.text : entry.text;
     };
-    const std::optional<std::size_t> selected = picker.place_of(field.selected);
+    const std::optional<std::size_t> selected = matches.row_of(field.selected);
     if (!selected) first_[index] = 0;
-    draw_rows(picture, index, place.value, {picker.matches().size(), selected, text});
-    if (field.enabled) picture.pieces.push_back({place.count.at, cut_to(picker.count(), place.count.width)});
+    draw_rows(picture, index, place.value, {matches.row_count(), selected, text});
+    if (field.enabled)
+        picture.pieces.push_back({place.count.at, cut_to(matches.count_text(), place.count.width)});
     draw_line(picture, index, place.line);
 }
 

@@ -45,6 +45,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Typed{"müller 77", {}, {}, "every word must be found"},
                     Typed{"88", {5, 6}, {}, "a number that two have means neither"},
                     Typed{"doppelt", {5, 6}, 5, "a whole text means its entry, though others hold it"},
+                    Typed{"7 Müller GmbH", {0}, 0, "an entry as it is named"},
+                    Typed{"70 müller", {2}, 2, "number and a part of the text"},
+                    Typed{"8 doppelt", {5, 6}, {}, "the beginning of two"},
+                    Typed{"88 doppelt", {5, 6}, 5, "an entry as it is named, though another begins so"},
                     Typed{"xyz", {}, {}, "nothing"}));
 
 TEST(EntrySearch, KeepsTheEntryChosenBeforeAsLongAsItMatches) {

@@ -1,5 +1,3 @@
-#include "platform/portable/screen/picker.h"
-
 #include <gtest/gtest.h>
 
 #include "platform/portable/screen/form_session.h"

@@ -1,4 +1,4 @@
-#include "platform/windows/picker_matches.h"
+#include "platform/picker_matches.h"
 
 #include <algorithm>
 
