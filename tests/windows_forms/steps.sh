@@ -37,7 +37,9 @@ box_says() {
 }
 
 # Visible controls lie in the window, no two of them on one another; frames are around others.
-in_place() {
+in_place() { eventually is_in_place; }
+is_in_place() {
+    look "$title" 0
     awk -F '\t' '
         NR == 1 { left = $7; top = $8; right = $7 + $9; bottom = $8 + $10; next }
         $5 != "visible" { next }

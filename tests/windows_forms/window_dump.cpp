@@ -15,12 +15,13 @@
 /// longer than looking. Each line of input is SECONDS TITLE (UTF-8): waits that long for a window on view
 /// whose title begins with TITLE, and prints it and its controls, one a line, fields separated by TAB: class,
 /// id, text, "on" or "off", "visible" or "hidden", "focus" or "-", left, top, width, height on the screen, a
-/// list's entries with commas between them. The text of an option that is chosen is followed by " (*)"; of a
-/// list view there are the rows on view, columns separated by a blank, "> " before the selected one. A
-/// line "." ends each answer; it is alone when no such window came.
+/// list's entries, the first hundred, with commas between them. The text of an option that is chosen is
+/// followed by " (*)"; of a list view there are the rows on view, columns separated by a blank, "> " before
+/// the selected one. A line "." ends each answer; it is alone when no such window came.
 namespace {
 
 constexpr DWORD pause = 20;  // milliseconds
+constexpr LRESULT most_entries = 100;
 
 std::string class_of(HWND window) {
     wchar_t name[64] = {};
@@ -104,7 +105,7 @@ std::string entries_of(HWND window) {
     std::string entries;
     if (class_of(window) == "SYSLISTVIEW32") return rows_of(window);
     if (class_of(window) != "COMBOBOX") return entries;
-    const LRESULT count = SendMessageW(window, CB_GETCOUNT, 0, 0);
+    const LRESULT count = std::min(SendMessageW(window, CB_GETCOUNT, 0, 0), most_entries);
     for (LRESULT entry = 0; entry < count; ++entry) {
         const auto index = static_cast<WPARAM>(entry);
         const LRESULT size = SendMessageW(window, CB_GETLBTEXTLEN, index, 0);

@@ -16,6 +16,7 @@
 
 /// Records a run for clients that have no database. Usage: record_run FOLDER CASE [ARGUMENT...]
 /// Runs the golden case CASE, with other arguments when some are given ($DB and $OUT as in command.txt), and
+/// with its answers, and
 /// writes recording.txt to FOLDER, and expected.csv when the run wrote a file. That file must be the golden
 /// one, byte for byte, unless the case has none.
 namespace {
@@ -67,7 +68,8 @@ int run(const fs::path& folder, const fs::path& golden, std::vector<std::string>
     }
 
     recording::RecordingWriter writer;
-    std::istringstream in;
+    const fs::path answers = golden / "answers.txt";
+    std::istringstream in(fs::exists(answers) ? read(answers) : std::string());
     std::ostringstream out, err;
     run_program(arguments, {in, out, err}, recording::recording_sections(writer));
     writer.save("recording.txt");
