@@ -5,9 +5,9 @@
 #include <optional>
 #include <vector>
 
+#include "platform/picker_matches.h"
 #include "platform/windows/dialog_window.h"
 #include "platform/windows/form_layout.h"
-#include "platform/picker_matches.h"
 
 namespace prot {
 

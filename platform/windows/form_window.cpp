@@ -79,8 +79,8 @@ INT_PTR FormWindow::answer(UINT message, WPARAM word, LPARAM number) {
             command(LOWORD(word), HIWORD(word));
             return TRUE;
         case WM_NOTIFY:
-            hear_list(*reinterpret_cast<NMHDR*>(number));
-            return FALSE;
+            SetWindowLongPtrW(dialog_, DWLP_MSGRESULT, hear_list(*reinterpret_cast<NMHDR*>(number)));
+            return TRUE;
         case WM_CLOSE:
             handle([this] { press(form_.cancel); });
             return TRUE;
@@ -117,14 +117,18 @@ void FormWindow::command(WORD id, WORD notification) {
 }
 
 /// Rows are drawn whenever the system wants them, also while an event is being handled.
-void FormWindow::hear_list(NMHDR& heading) {
+LRESULT FormWindow::hear_list(NMHDR& heading) {
     const auto number = view_->number_of(heading.hwndFrom);
-    if (!number || view_->controls()[*number].part != ControlPart::matches) return;
+    if (!number || view_->controls()[*number].part != ControlPart::matches) return 0;
     if (heading.code == LVN_GETDISPINFOW)
         answer_text(view_->matches_of(view_->controls()[*number].index),
                     reinterpret_cast<NMLVDISPINFOW&>(heading));
+    else if (heading.code == NM_CUSTOMDRAW)
+        return answer_drawing(reinterpret_cast<NMLVCUSTOMDRAW&>(heading), selected_row_in(heading.hwndFrom),
+                              IsWindowEnabled(heading.hwndFrom) != FALSE);
     else if (heading.code == LVN_ITEMCHANGED && !busy_)
         post_settle();
+    return 0;
 }
 
 /// Runs `action` as one event of the form, unless one is running. Nothing it raises gets to the system.

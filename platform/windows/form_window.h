@@ -35,7 +35,7 @@ private:
     static INT_PTR CALLBACK procedure(HWND dialog, UINT message, WPARAM word, LPARAM number);
     INT_PTR answer(UINT message, WPARAM word, LPARAM number);
     void command(WORD id, WORD notification);
-    void hear_list(NMHDR& heading);
+    LRESULT hear_list(NMHDR& heading);
 
     template <class Action>
     void handle(Action action);

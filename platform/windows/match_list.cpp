@@ -122,4 +122,14 @@ void answer_text(const PickerMatches& matches, NMLVDISPINFOW& question) noexcept
     }
 }
 
+LRESULT answer_drawing(NMLVCUSTOMDRAW& question, std::optional<std::size_t> selected, bool enabled) noexcept {
+    if (question.nmcd.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+    if (question.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || !enabled || selected != question.nmcd.dwItemSpec)
+        return CDRF_DODEFAULT;
+    question.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);  // which draws with colours of its own
+    question.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    question.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+    return CDRF_DODEFAULT;
+}
+
 }  // namespace prot

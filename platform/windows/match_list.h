@@ -6,8 +6,8 @@
 
 #include <optional>
 
-#include "platform/windows/form_layout.h"
 #include "platform/picker_matches.h"
+#include "platform/windows/form_layout.h"
 
 /// The rows of a picker as a list view of the system, which asks for the rows that are on view. They stand in
 /// two columns, number and text.
@@ -43,5 +43,9 @@ int rows_on_view(HWND list);
 
 /// Answers the list's question for a text; an empty one when there is no such row, or no memory.
 void answer_text(const PickerMatches& matches, NMLVDISPINFOW& question) noexcept;
+
+/// Answers the list's question how a row is to be drawn: the selected one is marked as if the list had the
+/// focus, because that stays in the line above while a person types. `selected`, `enabled`: of the list.
+LRESULT answer_drawing(NMLVCUSTOMDRAW& question, std::optional<std::size_t> selected, bool enabled) noexcept;
 
 }  // namespace prot

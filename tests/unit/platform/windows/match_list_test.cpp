@@ -49,6 +49,27 @@ TEST(MatchList, IsToldWhatStandsInARow) {
     for (const auto& row : rows) EXPECT_EQ(answered(row.row, row.column, row.room), row.text) << row.why;
 }
 
+TEST(MatchList, MarksTheSelectedRowAlsoWithoutTheFocus) {
+    const auto drawn = [](DWORD stage, DWORD_PTR row, std::optional<std::size_t> selected, bool enabled) {
+        NMLVCUSTOMDRAW question{};
+        question.nmcd.dwDrawStage = stage;
+        question.nmcd.dwItemSpec = row;
+        question.nmcd.uItemState = CDIS_SELECTED;
+        question.clrText = question.clrTextBk = CLR_DEFAULT;
+        const LRESULT answer = answer_drawing(question, selected, enabled);
+        EXPECT_EQ(answer, stage == CDDS_PREPAINT ? CDRF_NOTIFYITEMDRAW : CDRF_DODEFAULT);
+        EXPECT_EQ(question.clrText == GetSysColor(COLOR_HIGHLIGHTTEXT),
+                  question.clrTextBk == GetSysColor(COLOR_HIGHLIGHT));
+        EXPECT_EQ(question.clrText != CLR_DEFAULT, question.nmcd.uItemState == 0U);
+        return question.clrText != CLR_DEFAULT;
+    };
+    EXPECT_FALSE(drawn(CDDS_PREPAINT, 0, 3, true));
+    EXPECT_TRUE(drawn(CDDS_ITEMPREPAINT, 3, 3, true));
+    EXPECT_FALSE(drawn(CDDS_ITEMPREPAINT, 2, 3, true));
+    EXPECT_FALSE(drawn(CDDS_ITEMPREPAINT, 0, std::nullopt, true));
+    EXPECT_FALSE(drawn(CDDS_ITEMPREPAINT, 3, 3, false)) << "a list that is off looks so";
+}
+
 TEST(MatchList, AnswersOnlyWhatItIsAskedFor) {
     NMLVDISPINFOW question{};
     question.item.mask = LVIF_STATE;
