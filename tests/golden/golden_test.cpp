@@ -12,13 +12,15 @@
 #include <string>
 #include <vector>
 
+#include "tests/golden/case_database.h"
 #include "tests/golden/program.h"
 
 /// Whole runs of the program. Each folder beside this file is a case:
 // clang-format off
 ///   purpose.txt      why the case exists
 ///   command.txt      the arguments, as a shell reads them; $DB is the database, $OUT an empty folder
-///   input.sql        makes the database, on top of schema.sql; without it the case runs on the sample database
+///   database.txt     names a file of SQL beside the folders that makes the database, on top of schema.sql
+///   input.sql        likewise, of this case alone; without both the case runs on the sample database
 ///   answers.txt      standard input, when the command reads it
 ///   expected.csv     the file whose path the program printed; absent when it must print none
 ///   expected.sql     every statement sent, one a line; absent when the case does not look at them
@@ -56,10 +58,9 @@ int run_shell(const std::string& command) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-void make_database(const fs::path& path, const fs::path& script) {
+void make_database(const fs::path& path, const std::string& sql) {
     sqlite3* database = nullptr;
     ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-    const std::string sql = read(cases_folder / "schema.sql") + read(script);
     EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
         << sqlite3_errmsg(database);
     sqlite3_close(database);
@@ -118,8 +119,8 @@ protected:
 
 TEST_P(Golden, Case) {
     const fs::path database = work / "log.db";
-    if (fs::exists(folder / "input.sql"))
-        make_database(database, folder / "input.sql");
+    if (const auto sql = prot::test::case_database(cases_folder, GetParam()))
+        make_database(database, *sql);
     else
         ASSERT_EQ(run_shell("cd " + quoted(work) + " && " + program_command() + " sample log.db >/dev/null"),
                   0);

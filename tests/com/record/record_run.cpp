@@ -5,6 +5,7 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -13,6 +14,7 @@
 #include "apps/protcsv/program.h"
 #include "apps/protcsv/sample_database.h"
 #include "tests/com/record/recording_sections.h"
+#include "tests/golden/case_database.h"
 
 /// Records a run for clients that have no database. Usage: record_run FOLDER CASE [ARGUMENT...]
 /// Runs the golden case CASE, with other arguments when some are given ($DB and $OUT as in command.txt), and
@@ -32,13 +34,13 @@ std::string read(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-void make_database(const fs::path& path, const fs::path& script) {
-    if (!fs::exists(script)) return write_sample_database(path.string(), {});
+void make_database(const fs::path& path, const std::string& name) {
+    const std::optional<std::string> sql = test::case_database(cases_folder, name);
+    if (!sql) return write_sample_database(path.string(), {});
     sqlite3* raw = nullptr;
     const int opened = sqlite3_open(path.c_str(), &raw);
     const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(raw, sqlite3_close);
-    const std::string sql = read(cases_folder / "schema.sql") + read(script);
-    if (opened != SQLITE_OK || sqlite3_exec(raw, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (opened != SQLITE_OK || sqlite3_exec(raw, sql->c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(raw));
 }
 
@@ -60,7 +62,7 @@ int run(const fs::path& folder, const fs::path& golden, std::vector<std::string>
     fs::create_directories(folder / "out");
     fs::current_path(folder);  // a relative database name is what the files call the server
     fs::remove("log.db");
-    make_database("log.db", golden / "input.sql");
+    make_database("log.db", golden.filename().string());
     if (arguments.empty()) arguments = arguments_of(read(golden / "command.txt"));
     for (std::string& argument : arguments) {
         if (argument == "$DB") argument = "log.db";
