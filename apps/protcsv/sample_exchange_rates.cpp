@@ -111,22 +111,15 @@ LogRow remove_rate(RateDesk& desk, const Occasion& occasion, std::string_view co
 LogRow touch(RateDesk& desk, const Occasion& occasion, std::string_view) { return desk.touch(occasion); }
 
 LogRow lose_document(RateDesk& desk, const Occasion& occasion, std::string_view) {
-    LogRow row = desk.requote(occasion);
-    row.document.reset();
-    return row;
+    return without_document(desk.requote(occasion));
 }
 
 LogRow empty_document(RateDesk& desk, const Occasion& occasion, std::string_view) {
-    LogRow row = desk.requote(occasion);
-    row.document->clear();
-    return row;
+    return with_empty_document(desk.requote(occasion));
 }
 
-/// Cut off in the middle, as after a transfer that broke off: the document does not load.
 LogRow break_document(RateDesk& desk, const Occasion& occasion, std::string_view) {
-    LogRow row = desk.requote(occasion);
-    row.document->resize(row.document->size() / 2);
-    return row;
+    return with_broken_document(desk.requote(occasion));
 }
 
 struct Step {

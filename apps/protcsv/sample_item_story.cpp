@@ -69,22 +69,15 @@ LogRow employee_in_lower_case(ItemDesk& desk, const Occasion& occasion, std::str
 }
 
 LogRow lose_document(ItemDesk& desk, const Occasion& occasion, std::string_view) {
-    LogRow row = desk.change_terms(occasion);
-    row.document.reset();
-    return row;
+    return without_document(desk.change_terms(occasion));
 }
 
 LogRow empty_document(ItemDesk& desk, const Occasion& occasion, std::string_view) {
-    LogRow row = desk.change_terms(occasion);
-    row.document->clear();
-    return row;
+    return with_empty_document(desk.change_terms(occasion));
 }
 
-/// Cut off in the middle, as after a transfer that broke off: the document does not load.
 LogRow break_document(ItemDesk& desk, const Occasion& occasion, std::string_view) {
-    LogRow row = desk.change_terms(occasion);
-    row.document->resize(row.document->size() / 2);
-    return row;
+    return with_broken_document(desk.change_terms(occasion));
 }
 
 // clang-format off

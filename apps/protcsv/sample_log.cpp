@@ -54,6 +54,21 @@ Event event_of(const void* before, const void* after) {
     return after == nullptr ? Event::deleted : Event::changed;
 }
 
+LogRow without_document(LogRow row) {
+    row.document.reset();
+    return row;
+}
+
+LogRow with_empty_document(LogRow row) {
+    row.document->clear();
+    return row;
+}
+
+LogRow with_broken_document(LogRow row) {
+    row.document->resize(row.document->size() / 2);
+    return row;
+}
+
 LogWriter::LogWriter(SampleFile& file)
     : file_(file),
       insert_(

@@ -76,6 +76,12 @@ struct LogRow {
     std::string memo;  ///< full text of a value that the document calls _MEMO_; empty: none
 };
 
+/// The row as it is after a fault: its document NULL; empty; or cut off in the middle, as after a transfer
+/// that broke off, so that it does not load.
+LogRow without_document(LogRow row);
+LogRow with_empty_document(LogRow row);
+LogRow with_broken_document(LogRow row);
+
 /// Writes log rows. They come in the order of their moments; now and then two neighbours change places, as
 /// when one client commits later than another, so that the ids do not always follow the moments.
 class LogWriter {
