@@ -14,7 +14,7 @@ namespace {
 const std::string hint =
     "(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, " + std::string(cancel_hint) + ")\n";
 constexpr std::string_view help_request = "?";
-constexpr std::string_view not_complete = "Mit diesen Angaben ist „OK“ noch nicht möglich.\n";
+constexpr std::string_view not_complete = "Diese Angaben reichen noch nicht aus.\n";
 constexpr std::string_view nothing_picked = "Bitte eine Nummer oder einen Teil des Namens eingeben.\n";
 constexpr std::size_t most_entries_named = 20;
 

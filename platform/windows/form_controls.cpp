@@ -119,6 +119,7 @@ void show_entries(HWND list, const std::vector<Entry>& entries, const TextMeasur
     const bool drawn = (GetWindowLongPtrW(list, GWL_STYLE) & WS_VISIBLE) != 0;
     if (drawn) SendMessageW(list, WM_SETREDRAW, FALSE, 0);
     SendMessageW(list, CB_RESETCONTENT, 0, 0);
+    SendMessageW(list, CB_INITSTORAGE, entries.size(), 0);
     int widest = 0;
     for (const Entry& entry : entries) {
         SendMessageW(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(to_wide(entry.text).c_str()));

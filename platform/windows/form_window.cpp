@@ -17,6 +17,9 @@ constexpr DWORD window_style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAM
 /// the middle of a change of focus no message box may open.
 constexpr UINT settle_message = WM_APP + 1;
 
+/// The character of Ctrl+Backspace, which is none of a text.
+constexpr WPARAM deletes_word = 0x7F;
+
 void notify(const std::function<void()>& function) {
     if (function) function();
 }
@@ -248,7 +251,7 @@ bool FormWindow::move_in_picker(const MSG& message, const KeyStroke& stroke) {
 bool FormWindow::preview_letter(const MSG& message) {
     const auto number = view_->number_of(message.hwnd);
     if (number && view_->controls()[*number].part == ControlPart::matches &&
-        (message.wParam > L' ' || message.wParam == VK_BACK)) {
+        ((message.wParam > L' ' && message.wParam != deletes_word) || message.wParam == VK_BACK)) {
         const HWND line = view_->begin_typing(view_->controls()[*number].index);
         SendMessageW(line, message.message, message.wParam, message.lParam);
         return true;

@@ -202,7 +202,7 @@ TEST_F(TerminalFormsTest, AButtonThatIsOffIsNotPressedAndThePersonIsAskedAgain) 
     settings.answers = "\n\nEUR\n";
     EXPECT_EQ(show(), Outcome::done);
     EXPECT_EQ(accepted, 1);
-    EXPECT_NE(output.str().find("Mit diesen Angaben ist „OK“ noch nicht möglich.\n"), std::string::npos);
+    EXPECT_NE(output.str().find("Diese Angaben reichen noch nicht aus.\n"), std::string::npos);
 }
 
 /// A form of a picker, which has to be answered, and a text.
@@ -319,7 +319,7 @@ TEST_F(TerminalPickerTest, AnEmptyPickerIsNotAskedAndLeavesTheFormIncomplete) {
     EXPECT_EQ(show(), Outcome::cancelled);
     EXPECT_EQ(accepted, 0);
     EXPECT_EQ(cancelled, 1);
-    EXPECT_NE(output.str().find("Mandant: \nbis [10]: \nMit diesen Angaben ist „OK“ noch nicht möglich.\n"),
+    EXPECT_NE(output.str().find("Mandant: \nbis [10]: \nDiese Angaben reichen noch nicht aus.\n"),
               std::string::npos);
 }
 

@@ -297,6 +297,15 @@ TEST_F(ItemFilter, ABatchClientIsAnOfficeBehindKAndAClientBehindMOrAlone) {
     }
 }
 
+TEST_F(ItemFilter, AnAccountBeyondAllNumbersIsAnOverflow) {
+    for (const char* key : {"vonkonto", "biskonto", "mandant"}) {
+        host.errors.clear();
+        EXPECT_FALSE(ask(std::string("/autostart/") + key + ":1e999")) << key;
+        ASSERT_EQ(host.errors.size(), 1U) << key;
+        EXPECT_EQ(host.errors[0].number, static_cast<std::int32_t>(0x800A0006)) << key;
+    }
+}
+
 TEST_F(ItemFilter, ABatchTextSendsNoMoreThanItNeeds) {
     ask("/autostart/mandant:10001");
     EXPECT_EQ(oDBU.statements, (std::vector<std::string>{"array: " + find_statement(" = 0 ", "10001"),
