@@ -64,14 +64,21 @@ function(prot_quick_build name)
     endif()
 endfunction()
 
-# prot_test(NAME FOLDER library...): a test program of all *_test.cpp in FOLDER. Each test is a process of its own; on
-# Windows, where starting one takes longer than most tests, each program is.
+# prot_test(NAME FOLDER [FOLDERS folder...] [LIBRARIES] library...): a test program of all *_test.cpp in FOLDER, and in
+# the named folders below it. Each test is a process of its own; on Windows, where starting one takes longer than most
+# tests, each program is.
 function(prot_test name folder)
-    prot_sources(sources ${folder}/*.cpp)
+    cmake_parse_arguments(ARG "" "" "FOLDERS;LIBRARIES" ${ARGN})
+    set(patterns ${folder}/*.cpp)
+    foreach(below IN LISTS ARG_FOLDERS)
+        list(APPEND patterns ${folder}/${below}/*.cpp)
+    endforeach()
+    prot_sources(sources ${patterns})
     add_executable(${name} ${sources})
     target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
     target_compile_definitions(${name} PRIVATE PROT_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
-    target_link_libraries(${name} PRIVATE prot_warnings ${ARGN} GTest::gmock GTest::gtest_main)
+    target_link_libraries(${name} PRIVATE prot_warnings ${ARG_LIBRARIES} ${ARG_UNPARSED_ARGUMENTS} GTest::gmock
+                          GTest::gtest_main)
     prot_quick_build(${name})
     if(WIN32)
         add_test(NAME ${name} COMMAND ${name})

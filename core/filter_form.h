@@ -5,7 +5,7 @@
 
 #include "platform/database.h"
 #include "platform/environment.h"
-#include "platform/form.h"
+#include "platform/forms/form.h"
 
 namespace prot {
 

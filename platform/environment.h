@@ -4,7 +4,7 @@
 #include "platform/components.h"
 #include "platform/connection_information.h"
 #include "platform/export_notices.h"
-#include "platform/form.h"
+#include "platform/forms/form.h"
 #include "platform/message_boxes.h"
 #include "platform/screen_pointer.h"
 

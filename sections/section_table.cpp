@@ -9,8 +9,8 @@ namespace {
 
 // clang-format off
 constexpr Section sections[] = {
-    {6, "open-items", "Offene Posten", create_open_item_exporter},
-    {15, "exchange-rates", "Devisenkurse", create_exchange_rate_exporter},
+    {6, "open-items", "Offene Posten", open_items::create_exporter},
+    {15, "exchange-rates", "Devisenkurse", exchange_rates::create_exporter},
 };
 // clang-format on
 

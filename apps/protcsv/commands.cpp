@@ -4,12 +4,12 @@
 #include <filesystem>
 #include <ostream>
 
-#include "apps/protcsv/interruption.h"
-#include "apps/protcsv/sample_database.h"
+#include "apps/protcsv/console/interruption.h"
+#include "apps/protcsv/sample/sample_database.h"
 #include "platform/automation/error.h"
-#include "platform/portable/folder_access.h"
-#include "platform/portable/paths.h"
-#include "platform/portable/temporary_name.h"
+#include "platform/portable/files/folder_access.h"
+#include "platform/portable/files/paths.h"
+#include "platform/portable/files/temporary_name.h"
 
 namespace prot {
 

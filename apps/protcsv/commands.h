@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "apps/protcsv/console.h"
-#include "apps/protcsv/options.h"
+#include "apps/protcsv/console/console.h"
+#include "apps/protcsv/options/options.h"
 #include "core/section_table.h"
 
 /// What the commands do. Each returns the exit status; AutomationError and UsageError, which a person reads

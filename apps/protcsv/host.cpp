@@ -1,11 +1,11 @@
 #include "apps/protcsv/host.h"
 
-#include "apps/protcsv/interruption.h"
-#include "platform/portable/paths.h"
-#include "platform/portable/pugi_xml_select.h"
-#include "platform/portable/sqlite_database.h"
-#include "platform/portable/terminal_error_display.h"
-#include "platform/portable/terminal_help_display.h"
+#include "apps/protcsv/console/interruption.h"
+#include "platform/portable/files/paths.h"
+#include "platform/portable/sqlite/sqlite_database.h"
+#include "platform/portable/terminal/terminal_error_display.h"
+#include "platform/portable/terminal/terminal_help_display.h"
+#include "platform/portable/xml/pugi_xml_select.h"
 
 namespace prot {
 

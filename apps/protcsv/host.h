@@ -3,14 +3,14 @@
 #include <memory>
 #include <string>
 
-#include "apps/protcsv/full_screen.h"
+#include "apps/protcsv/displays/full_screen.h"
 #include "apps/protcsv/notices_report.h"
-#include "apps/protcsv/options.h"
+#include "apps/protcsv/options/options.h"
 #include "platform/environment.h"
-#include "platform/portable/system_clock.h"
-#include "platform/portable/terminal.h"
-#include "platform/portable/terminal_forms.h"
-#include "platform/portable/terminal_message_boxes.h"
+#include "platform/portable/terminal/terminal.h"
+#include "platform/portable/terminal/terminal_forms.h"
+#include "platform/portable/terminal/terminal_message_boxes.h"
+#include "platform/portable/time/system_clock.h"
 
 namespace prot {
 

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "apps/protcsv/commands.h"
-#include "apps/protcsv/interruption.h"
-#include "apps/protcsv/options.h"
-#include "apps/protcsv/process.h"
-#include "apps/protcsv/usage_error.h"
+#include "apps/protcsv/console/interruption.h"
+#include "apps/protcsv/console/process.h"
+#include "apps/protcsv/options/options.h"
+#include "apps/protcsv/options/usage_error.h"
 #include "platform/automation/error.h"
 #include "sections/section_table.h"
 

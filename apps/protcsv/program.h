@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-#include "apps/protcsv/console.h"
+#include "apps/protcsv/console/console.h"
 #include "core/section_table.h"
 
 namespace prot {

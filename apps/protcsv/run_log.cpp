@@ -7,17 +7,17 @@
 #include <optional>
 
 #include "apps/protcsv/commands.h"
+#include "apps/protcsv/displays/progress_bar.h"
 #include "apps/protcsv/host.h"
-#include "apps/protcsv/progress_bar.h"
-#include "apps/protcsv/run_parameters.h"
+#include "apps/protcsv/options/run_parameters.h"
+#include "apps/protcsv/options/usage_error.h"
 #include "apps/protcsv/statement_log.h"
-#include "apps/protcsv/usage_error.h"
 #include "apps/protcsv/whole_statements.h"
 #include "core/ProtCsvClass.h"
 #include "platform/automation/error.h"
-#include "platform/portable/atomic_file.h"
-#include "platform/portable/csv_encoding.h"
-#include "platform/portable/sqlite_database.h"
+#include "platform/portable/csv/csv_encoding.h"
+#include "platform/portable/files/atomic_file.h"
+#include "platform/portable/sqlite/sqlite_database.h"
 
 namespace prot {
 

@@ -6,7 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "platform/automation/error.h"
-#include "platform/portable/paths.h"
+#include "platform/portable/files/paths.h"
 
 namespace prot {
 

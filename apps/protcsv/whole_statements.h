@@ -1,6 +1,6 @@
 #pragma once
 
-#include "apps/protcsv/interruption.h"
+#include "apps/protcsv/console/interruption.h"
 #include "platform/database.h"
 
 namespace prot {

@@ -5,7 +5,7 @@
 
 #include "apps/srvprotqrbcsv/class_table.h"
 #include "apps/srvprotqrbcsv/module.h"
-#include "platform/windows/com_ptr.h"
+#include "platform/windows/com/com_ptr.h"
 
 namespace prot {
 

@@ -1,6 +1,6 @@
 #include "apps/srvprotqrbcsv/class_table.h"
 
-#include <srvprotqrbcsv_h.h>
+#include <srvprotqrbcsv.h>
 
 #include "apps/srvprotqrbcsv/entry_object.h"
 #include "apps/srvprotqrbcsv/rate_export_object.h"

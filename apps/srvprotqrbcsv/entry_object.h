@@ -1,11 +1,11 @@
 #pragma once
 
-#include <srvprotqrbcsv_h.h>
+#include <srvprotqrbcsv.h>
 
 #include <string>
 
 #include "apps/srvprotqrbcsv/automation_object.h"
-#include "platform/windows/com_ptr.h"
+#include "platform/windows/com/com_ptr.h"
 
 namespace prot {
 

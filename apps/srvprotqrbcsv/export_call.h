@@ -9,10 +9,10 @@
 #include "apps/srvprotqrbcsv/server_host.h"
 #include "core/ZQErrorHandling.h"
 #include "platform/automation/value.h"
-#include "platform/windows/bstr.h"
-#include "platform/windows/com_ptr.h"
-#include "platform/windows/host_database.h"
-#include "platform/windows/host_progress_parent.h"
+#include "platform/windows/com/bstr.h"
+#include "platform/windows/com/com_ptr.h"
+#include "platform/windows/host/host_database.h"
+#include "platform/windows/host/host_progress_parent.h"
 
 namespace prot {
 

@@ -1,7 +1,7 @@
 #include "apps/srvprotqrbcsv/rate_export_object.h"
 
 #include "apps/srvprotqrbcsv/report_errors.h"
-#include "platform/windows/bstr.h"
+#include "platform/windows/com/bstr.h"
 
 namespace prot {
 

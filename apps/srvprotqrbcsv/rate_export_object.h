@@ -1,13 +1,13 @@
 #pragma once
 
-#include <srvprotqrbcsv_h.h>
+#include <srvprotqrbcsv.h>
 
 #include <string>
 
 #include "apps/srvprotqrbcsv/automation_object.h"
 #include "apps/srvprotqrbcsv/export_call.h"
 #include "apps/srvprotqrbcsv/server_host.h"
-#include "platform/windows/com_ptr.h"
+#include "platform/windows/com/com_ptr.h"
 #include "sections/exchange_rates/CProtDevCsv.h"
 
 namespace prot {
@@ -32,7 +32,7 @@ private:
 
     ComPtr<IDispatch> poParent_;
     ServerHost host_;
-    prot::CProtDevCsv exporter_;
+    exchange_rates::CProtDevCsv exporter_;
     std::string psCommandline_;
     bool pbLoeschen_ = false;
     bool running_ = false;

@@ -1,7 +1,7 @@
 #include "apps/srvprotqrbcsv/registration.h"
 
 #include <olectl.h>
-#include <srvprotqrbcsv_h.h>
+#include <srvprotqrbcsv.h>
 
 #include <new>
 #include <string>

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/automation/error.h"
-#include "platform/windows/com_error.h"
+#include "platform/windows/com/com_error.h"
 
 namespace prot {
 

@@ -2,13 +2,13 @@
 
 #include <windows.h>
 
-#include "platform/portable/help_topics.h"
-#include "platform/portable/pugi_xml_select.h"
-#include "platform/windows/browser_help_display.h"
-#include "platform/windows/finished_file.h"
-#include "platform/windows/suite_components.h"
-#include "platform/windows/system_names.h"
-#include "platform/windows/wide_text.h"
+#include "platform/portable/help/help_topics.h"
+#include "platform/portable/xml/pugi_xml_select.h"
+#include "platform/windows/host/suite_components.h"
+#include "platform/windows/system/browser_help_display.h"
+#include "platform/windows/system/finished_file.h"
+#include "platform/windows/system/system_names.h"
+#include "platform/windows/text/wide_text.h"
 
 namespace prot {
 

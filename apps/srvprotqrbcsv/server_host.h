@@ -7,13 +7,13 @@
 
 #include "platform/automation/error.h"
 #include "platform/environment.h"
-#include "platform/portable/csv_file_writer.h"
-#include "platform/portable/system_clock.h"
-#include "platform/windows/host_database.h"
-#include "platform/windows/save_dialog.h"
-#include "platform/windows/system_message_boxes.h"
-#include "platform/windows/system_pointer.h"
-#include "platform/windows/window_forms.h"
+#include "platform/portable/csv/csv_file_writer.h"
+#include "platform/portable/time/system_clock.h"
+#include "platform/windows/forms/window_forms.h"
+#include "platform/windows/host/host_database.h"
+#include "platform/windows/system/save_dialog.h"
+#include "platform/windows/system/system_message_boxes.h"
+#include "platform/windows/system/system_pointer.h"
 
 namespace prot {
 

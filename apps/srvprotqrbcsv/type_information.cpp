@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "apps/srvprotqrbcsv/module.h"
-#include "platform/windows/bstr.h"
-#include "platform/windows/com_error.h"
-#include "platform/windows/com_ptr.h"
-#include "platform/windows/wide_text.h"
+#include "platform/windows/com/bstr.h"
+#include "platform/windows/com/com_error.h"
+#include "platform/windows/com/com_ptr.h"
+#include "platform/windows/text/wide_text.h"
 
 namespace prot {
 

@@ -2,7 +2,7 @@
 
 #include <oaidl.h>
 
-#include "platform/windows/com_ptr.h"
+#include "platform/windows/com/com_ptr.h"
 
 /// Late binding by the library's own type library, which lies in its file.
 namespace prot {

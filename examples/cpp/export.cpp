@@ -4,8 +4,9 @@
 //   C:\Protokolle
 //
 // Arguments: connection string, number of the section, folder of the file. An early-bound host: the database
-// object implements IProtDatabase of the type library, so the server calls it without asking for names. The
-// header srvprotqrbcsv_h.h and srvprotqrbcsv_i.c are made from srvprotqrbcsv.idl by midl or widl.
+// object implements IProtDatabase of the type library, so the server calls it without asking for names. midl
+// or widl make the headers srvprotqrbcsv.h and prot_database.h, and the identifiers in srvprotqrbcsv_i.c and
+// prot_database_i.c, from the .idl files of the same names.
 #include <ole2.h>
 
 #include <cstdio>
@@ -14,7 +15,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "srvprotqrbcsv_h.h"
+#include "srvprotqrbcsv.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include "sections/exchange_rates/rate_lines.h"
 #include "sections/exchange_rates/rate_selection.h"
 
-namespace prot {
+namespace prot::exchange_rates {
 
 CProtDevCsv::CProtDevCsv(Environment& environment)
-    : SectionRun(environment, {exchange_rates::owner, "Devisenkurse", exchange_rates::rate_captions}) {}
+    : SectionRun(environment, {owner, "Devisenkurse", rate_captions}) {}
 
 bool CProtDevCsv::get_filter(Database& oDBU, std::string& condition, std::string& filter_text) {
     return ProtDevFrmFilter(environment()).gbGetFilter(condition, filter_text, oDBU, psCommandline);
@@ -17,12 +17,10 @@ std::string CProtDevCsv::msWHERE(std::string_view condition) const {
     return exchange_rates::msWHERE(condition);
 }
 
-std::unique_ptr<SectionLines> CProtDevCsv::lines(Run& run) const {
-    return std::make_unique<exchange_rates::RateLines>(run);
-}
+std::unique_ptr<SectionLines> CProtDevCsv::lines(Run& run) const { return std::make_unique<RateLines>(run); }
 
-std::unique_ptr<SectionExporter> create_exchange_rate_exporter(Environment& environment) {
+std::unique_ptr<SectionExporter> create_exporter(Environment& environment) {
     return std::make_unique<CProtDevCsv>(environment);
 }
 
-}  // namespace prot
+}  // namespace prot::exchange_rates

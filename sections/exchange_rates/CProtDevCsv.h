@@ -5,7 +5,7 @@
 
 #include "core/section_run.h"
 
-namespace prot {
+namespace prot::exchange_rates {
 
 /// The exporter of log section 15, the exchange rates. A host may also create it directly.
 class CProtDevCsv : public SectionRun {
@@ -19,6 +19,6 @@ private:
 };
 
 /// For the table of sections.
-std::unique_ptr<SectionExporter> create_exchange_rate_exporter(Environment& environment);
+std::unique_ptr<SectionExporter> create_exporter(Environment& environment);
 
-}  // namespace prot
+}  // namespace prot::exchange_rates

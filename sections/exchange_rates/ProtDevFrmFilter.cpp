@@ -7,7 +7,7 @@
 #include "platform/automation/text_forms.h"
 #include "platform/automation/text_parts.h"
 
-namespace prot {
+namespace prot::exchange_rates {
 
 namespace {
 
@@ -115,4 +115,4 @@ void ProtDevFrmFilter::cmdOK_Click() try {
     fail("cmdOK_Click");
 }
 
-}  // namespace prot
+}  // namespace prot::exchange_rates

@@ -4,7 +4,7 @@
 
 #include "core/filter_form.h"
 
-namespace prot {
+namespace prot::exchange_rates {
 
 /// The filter form of the exchange rates: a range of currencies by ISO code.
 class ProtDevFrmFilter : public FilterForm {
@@ -32,4 +32,4 @@ private:
     Range range_;  // of the batch text
 };
 
-}  // namespace prot
+}  // namespace prot::exchange_rates

@@ -4,10 +4,10 @@
 #include "sections/open_items/item_lines.h"
 #include "sections/open_items/item_selection.h"
 
-namespace prot {
+namespace prot::open_items {
 
 ProtOPCsvClass::ProtOPCsvClass(Environment& environment)
-    : SectionRun(environment, {open_items::owner, "OffenePosten", open_items::item_captions}) {}
+    : SectionRun(environment, {owner, "OffenePosten", item_captions}) {}
 
 bool ProtOPCsvClass::get_filter(Database& oDBU, std::string& condition, std::string& filter_text) {
     return ProtOPFrmFilter(environment())
@@ -19,11 +19,11 @@ std::string ProtOPCsvClass::msWHERE(std::string_view condition) const {
 }
 
 std::unique_ptr<SectionLines> ProtOPCsvClass::lines(Run& run) const {
-    return std::make_unique<open_items::ItemLines>(run);
+    return std::make_unique<ItemLines>(run);
 }
 
-std::unique_ptr<SectionExporter> create_open_item_exporter(Environment& environment) {
+std::unique_ptr<SectionExporter> create_exporter(Environment& environment) {
     return std::make_unique<ProtOPCsvClass>(environment);
 }
 
-}  // namespace prot
+}  // namespace prot::open_items

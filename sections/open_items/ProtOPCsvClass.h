@@ -5,7 +5,7 @@
 
 #include "core/section_run.h"
 
-namespace prot {
+namespace prot::open_items {
 
 /// The exporter of log section 6, the open items.
 class ProtOPCsvClass : public SectionRun {
@@ -19,6 +19,6 @@ private:
 };
 
 /// For the table of sections.
-std::unique_ptr<SectionExporter> create_open_item_exporter(Environment& environment);
+std::unique_ptr<SectionExporter> create_exporter(Environment& environment);
 
-}  // namespace prot
+}  // namespace prot::open_items

@@ -10,11 +10,7 @@
 #include "sections/open_items/fiscal_years.h"
 #include "sections/open_items/plain_number.h"
 
-namespace prot {
-
-using open_items::Client;
-using open_items::ClientKind;
-using open_items::plain_number;
+namespace prot::open_items {
 
 namespace {
 
@@ -115,7 +111,7 @@ void ProtOPFrmFilter::mMandantAuswahl() try {
     const ClientKind kind = chosen().kind;
     Field& clients = form_.fields[client_field];
     const bool all = kind == ClientKind::all;
-    clients.entries = all ? std::vector<Entry>() : open_items::client_entries(*oDBU_, kind);
+    clients.entries = all ? std::vector<Entry>() : client_entries(*oDBU_, kind);
     clients.selected.reset();
     clients.text.clear();
     clients.enabled = !all;
@@ -144,11 +140,11 @@ void ProtOPFrmFilter::mFuelleWJListe(const Selection& selection) try {
     if (selection.client.id > 0) {
         restriction = " = " + std::to_string(selection.client.id);
     } else if (selection.kind == ClientKind::all) {
-        const std::string ids = open_items::msMandantId(*oDBU_, selection.kind);
+        const std::string ids = msMandantId(*oDBU_, selection.kind);
         if (!ids.empty()) restriction = " IN (" + ids + ")";
     }
     if (restriction.empty()) return;
-    for (const open_items::FiscalYear& year : open_items::fiscal_years(*oDBU_, restriction)) {
+    for (const FiscalYear& year : fiscal_years(*oDBU_, restriction)) {
         years.add(year.id, year.text);
         fiscal_years_.push_back(std::to_string(year.id));
     }
@@ -245,7 +241,7 @@ void ProtOPFrmFilter::read_client(std::string_view value) {
     if (first == 'k') batch_.kind = ClientKind::office;
     if (first == 'k' || first == 'm') value.remove_prefix(1);
     if (val(value) <= 0) return;
-    std::optional<Client> client = open_items::find_client(*oDBU_, batch_.kind, plain_number(val(value)));
+    std::optional<Client> client = find_client(*oDBU_, batch_.kind, plain_number(val(value)));
     if (!client) return;
     batch_.client = std::move(*client);
     mFuelleWJListe(batch_);
@@ -259,4 +255,4 @@ void ProtOPFrmFilter::select_fiscal_year(std::string_view text) {
     if (found != years.end()) batch_.fiscal_year = found->key;
 }
 
-}  // namespace prot
+}  // namespace prot::open_items

@@ -8,7 +8,7 @@
 #include "core/filter_form.h"
 #include "sections/open_items/clients.h"
 
-namespace prot {
+namespace prot::open_items {
 
 /// The filter form of the open items: a client or office (a deletion may cover all of them), its fiscal year,
 /// a range of accounts.
@@ -26,8 +26,8 @@ public:
 
 private:
     struct Selection {
-        open_items::ClientKind kind = open_items::ClientKind::client;
-        open_items::Client client;
+        ClientKind kind = ClientKind::client;
+        Client client;
         std::int64_t fiscal_year = 0;  ///< its key; 0 for all
         double from = 0, to = 0;       ///< accounts
     };
@@ -53,4 +53,4 @@ private:
     std::vector<std::string> fiscal_years_;  // ids of the client's, in the order of the list
 };
 
-}  // namespace prot
+}  // namespace prot::open_items

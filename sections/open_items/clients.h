@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/database.h"
-#include "platform/form.h"
+#include "platform/forms/form.h"
 
 /// Clients and offices: who an open item belongs to.
 namespace prot::open_items {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/portable/csv_file_writer.h"
+#include "platform/portable/csv/csv_file_writer.h"
 #include "tests/fuzz/claim.h"
 #include "tests/fuzz/memory_files.h"
 #include "tests/fuzz/rfc4180_reader.h"

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/portable/csv_file_writer.h"
+#include "platform/portable/csv/csv_file_writer.h"
 
 namespace prot::fuzz {
 

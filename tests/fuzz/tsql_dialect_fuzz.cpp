@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "platform/automation/error.h"
-#include "platform/portable/tsql_dialect.h"
-#include "platform/portable/tsql_refusal.h"
-#include "platform/portable/tsql_tokens.h"
+#include "platform/portable/tsql/tsql_dialect.h"
+#include "platform/portable/tsql/tsql_refusal.h"
+#include "platform/portable/tsql/tsql_tokens.h"
 #include "tests/fuzz/claim.h"
 #include "tests/fuzz/sqlite_parser.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/portable/pugi_xml_select.h"
+#include "platform/portable/xml/pugi_xml_select.h"
 #include "tests/fuzz/claim.h"
 #include "tests/fuzz/expat_reader.h"
 #include "tests/fuzz/utf8_reference.h"

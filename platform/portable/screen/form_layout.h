@@ -3,7 +3,7 @@
 #include <optional>
 #include <vector>
 
-#include "platform/form.h"
+#include "platform/forms/form.h"
 #include "platform/portable/screen/picture.h"
 
 /// Where the parts of a form stand in its window: fields below each other in the order of the focus, lists in

@@ -4,11 +4,11 @@
 #include <optional>
 #include <vector>
 
-#include "platform/form.h"
-#include "platform/picker_matches.h"
+#include "platform/forms/form.h"
+#include "platform/forms/picker_matches.h"
+#include "platform/forms/type_ahead.h"
 #include "platform/portable/screen/key.h"
 #include "platform/portable/screen/text_line.h"
-#include "platform/type_ahead.h"
 
 namespace prot {
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "platform/automation/letter_case.h"
-#include "platform/portable/utf8_sequence.h"
+#include "platform/portable/text/utf8_sequence.h"
 
 namespace prot {
 

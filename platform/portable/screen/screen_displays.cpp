@@ -1,8 +1,8 @@
 #include "platform/portable/screen/screen_displays.h"
 
 #include "platform/portable/screen/text_window.h"
-#include "platform/portable/terminal_error_display.h"
-#include "platform/portable/terminal_help_display.h"
+#include "platform/portable/terminal/terminal_error_display.h"
+#include "platform/portable/terminal/terminal_help_display.h"
 
 namespace prot {
 

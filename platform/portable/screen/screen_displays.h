@@ -9,8 +9,8 @@
 #include "platform/error_display.h"
 #include "platform/help_display.h"
 #include "platform/portable/screen/screen.h"
-#include "platform/portable/terminal.h"
-#include "platform/portable/terminal_message_boxes.h"
+#include "platform/portable/terminal/terminal.h"
+#include "platform/portable/terminal/terminal_message_boxes.h"
 
 /// Messages that come up while a form has the screen: windows in front of it. At any other time they are left
 /// to the displays for the terminal's lines.

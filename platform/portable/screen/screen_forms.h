@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/form.h"
+#include "platform/forms/form.h"
 #include "platform/portable/screen/screen.h"
-#include "platform/portable/terminal.h"
+#include "platform/portable/terminal/terminal.h"
 
 namespace prot {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/automation/letter_case.h"
-#include "platform/form.h"
+#include "platform/forms/form.h"
 #include "platform/portable/screen/columns.h"
 
 namespace prot {

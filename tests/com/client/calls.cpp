@@ -1,7 +1,7 @@
 #include "tests/com/client/calls.h"
 
-#include "platform/windows/bstr.h"
-#include "platform/windows/com_ptr.h"
+#include "platform/windows/com/bstr.h"
+#include "platform/windows/com/com_ptr.h"
 #include "tests/com/client/variants.h"
 
 namespace prot::test {

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <oaidl.h>
-#include <srvprotqrbcsv_h.h>
+#include <srvprotqrbcsv.h>
 
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "platform/windows/variant.h"
+#include "platform/windows/com/variant.h"
 
 /// Calls as clients make them: by virtual function and by name.
 namespace prot::test {

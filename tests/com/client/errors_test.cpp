@@ -1,4 +1,4 @@
-#include "platform/windows/com_error.h"
+#include "platform/windows/com/com_error.h"
 #include "tests/com/client/server_test.h"
 
 namespace prot::test {

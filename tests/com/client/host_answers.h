@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/windows/variant.h"
+#include "platform/windows/com/variant.h"
 #include "tests/com/client/variants.h"
 
 namespace prot::test {

@@ -1,6 +1,6 @@
 #include "tests/com/client/host_doubles.h"
 
-#include "platform/windows/com_error.h"
+#include "platform/windows/com/com_error.h"
 
 namespace prot::test {
 

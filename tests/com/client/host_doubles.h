@@ -1,6 +1,6 @@
 #pragma once
 
-#include <srvprotqrbcsv_h.h>
+#include <srvprotqrbcsv.h>
 #include <windows.h>
 
 #include <functional>

@@ -5,8 +5,8 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/windows/system_names.h"
-#include "platform/windows/wide_text.h"
+#include "platform/windows/system/system_names.h"
+#include "platform/windows/text/wide_text.h"
 
 namespace prot::test {
 

@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "platform/windows/system_names.h"
-#include "platform/windows/wide_text.h"
+#include "platform/windows/system/system_names.h"
+#include "platform/windows/text/wide_text.h"
 
 namespace prot::test {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <srvprotqrbcsv_h.h>
+#include <srvprotqrbcsv.h>
 #include <windows.h>
 
 #include <string>
 
-#include "platform/windows/com_ptr.h"
+#include "platform/windows/com/com_ptr.h"
 
 namespace prot::test {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/windows/bstr.h"
+#include "platform/windows/com/bstr.h"
 #include "tests/com/client/calls.h"
 #include "tests/com/client/host_doubles.h"
 #include "tests/com/client/output_folder.h"

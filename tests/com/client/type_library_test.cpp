@@ -1,6 +1,6 @@
 #include <map>
 
-#include "platform/windows/wide_text.h"
+#include "platform/windows/text/wide_text.h"
 #include "tests/com/client/server_test.h"
 
 namespace prot::test {

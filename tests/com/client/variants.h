@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/automation/value.h"
-#include "platform/windows/bstr.h"
-#include "platform/windows/variant.h"
+#include "platform/windows/com/bstr.h"
+#include "platform/windows/com/variant.h"
 
 namespace prot::test {
 

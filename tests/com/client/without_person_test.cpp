@@ -1,4 +1,4 @@
-#include "platform/windows/system_names.h"
+#include "platform/windows/system/system_names.h"
 #include "tests/com/client/server_test.h"
 
 namespace prot::test {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <srvprotqrbcsv_h.h>
+#include <prot_database.h>
 
 #include <memory>
 #include <span>

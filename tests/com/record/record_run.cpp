@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "apps/protcsv/program.h"
-#include "apps/protcsv/sample_database.h"
+#include "apps/protcsv/sample/sample_database.h"
 #include "tests/com/record/recording_sections.h"
 #include "tests/golden/case_database.h"
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <regex>
 #include <span>
 #include <string>
@@ -51,8 +52,22 @@ struct Include {
     bool angled;
 };
 
+/// A header that widl makes belongs to the folder of the file that it is made from.
+std::map<std::string, std::string> generated_headers(const fs::path& root) {
+    std::map<std::string, std::string> headers;
+    for (const char* top : {"platform", "apps"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(root / top)) {
+            if (entry.path().extension() != ".idl") continue;
+            const std::string header = entry.path().stem().string() + ".h";
+            headers[header] = (fs::relative(entry.path().parent_path(), root) / header).generic_string();
+        }
+    }
+    return headers;
+}
+
 std::vector<Include> includes_below(const fs::path& root, const char* top) {
     static const std::regex pattern("^\\s*#\\s*include\\s*([<\"])([^>\"]+)[>\"]");
+    const std::map<std::string, std::string> generated = generated_headers(root);
     std::vector<Include> includes;
     for (const auto& entry : fs::recursive_directory_iterator(root / top)) {
         const std::string extension = entry.path().extension().string();
@@ -60,9 +75,12 @@ std::vector<Include> includes_below(const fs::path& root, const char* top) {
         std::ifstream file(entry.path());
         for (std::string line; std::getline(file, line);) {
             std::smatch match;
-            if (std::regex_search(line, match, pattern))
-                includes.push_back(
-                    {fs::relative(entry.path(), root).generic_string(), match[2], match[1] == "<"});
+            if (!std::regex_search(line, match, pattern)) continue;
+            const std::string name = fs::relative(entry.path(), root).generic_string();
+            if (const auto made = generated.find(match[2]); made != generated.end())
+                includes.push_back({name, made->second, false});
+            else
+                includes.push_back({name, match[2], match[1] == "<"});
         }
     }
     return includes;
@@ -105,18 +123,30 @@ TEST(Architecture, IncludesPointDownwards) {
     EXPECT_GT(checked, 100U);
 }
 
+TEST(Architecture, GeneratedHeadersBelongToTheFolderOfTheirDefinition) {
+    const std::map<std::string, std::string> headers = generated_headers(PROT_SOURCE_DIR);
+    EXPECT_EQ(headers.at("prot_database.h"), "platform/windows/host/prot_database.h");
+    EXPECT_EQ(headers.at("srvprotqrbcsv.h"), "apps/srvprotqrbcsv/srvprotqrbcsv.h");
+    const auto includes = includes_below(PROT_SOURCE_DIR, "platform");
+    EXPECT_TRUE(std::ranges::any_of(includes, [](const Include& include) {
+        return include.file == "platform/windows/host/host_database.cpp" &&
+               include.header == "platform/windows/host/prot_database.h" && !include.angled;
+    }));
+}
+
 TEST(Architecture, TheCheckKnowsWhatIsForbidden) {
     const Include rows[] = {
         {"core/run.h", "sections/exchange_rates/CProtDevCsv.h", false},
-        {"core/run.h", "platform/portable/sqlite_database.h", false},
+        {"core/run.h", "platform/portable/sqlite/sqlite_database.h", false},
         {"core/run.h", "sqlite3.h", true},
         {"platform/database.h", "core/run.h", false},
-        {"platform/database.h", "platform/portable/terminal.h", false},
-        {"platform/portable/terminal.h", "core/run.h", false},
-        {"platform/portable/terminal.h", "platform/windows/form.h", false},
+        {"platform/database.h", "platform/portable/terminal/terminal.h", false},
+        {"platform/portable/terminal/terminal.h", "core/run.h", false},
+        {"platform/portable/terminal/terminal.h", "platform/windows/forms/form_view.h", false},
+        {"platform/windows/host/host_database.cpp", "apps/srvprotqrbcsv/srvprotqrbcsv.h", false},
         {"sections/exchange_rates/rate_lines.h", "sections/open_items/lines.h", false},
         {"sections/exchange_rates/rate_lines.h", "sections/section_table.h", false},
-        {"sections/exchange_rates/rate_lines.h", "apps/protcsv/options.h", false},
+        {"sections/exchange_rates/rate_lines.h", "apps/protcsv/options/options.h", false},
         {"sections/section_table.cpp", "windows.h", true},
     };
     for (const Include& include : rows)

@@ -15,17 +15,21 @@
 namespace prot {
 namespace {
 
-Form exchange_rates(Environment& environment) { return ProtDevFrmFilter(environment).described_form(); }
+Form rates_form(Environment& environment) {
+    return exchange_rates::ProtDevFrmFilter(environment).described_form();
+}
 
-Form open_items(Environment& environment) { return ProtOPFrmFilter(environment).described_form(); }
+Form items_form(Environment& environment) {
+    return open_items::ProtOPFrmFilter(environment).described_form();
+}
 
 struct FormRow {
     const char* name;
     Form (*described)(Environment& environment);
 };
 constexpr FormRow rows[] = {
-    {"exchange_rates", exchange_rates},
-    {"open_items", open_items},
+    {"exchange_rates", rates_form},
+    {"open_items", items_form},
 };
 
 constexpr std::size_t longest_label = 40;  // half a terminal's line

@@ -8,9 +8,9 @@
 #include <gtest/gtest.h>
 
 #include "apps/protcsv/program.h"
-#include "apps/protcsv/sample_database.h"
+#include "apps/protcsv/sample/sample_database.h"
 #include "core/section_table.h"
-#include "tests/unit/platform/portable/temporary_folder.h"
+#include "tests/unit/support/temporary_folder.h"
 
 namespace prot::test {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "apps/protcsv/options.h"
+#include "apps/protcsv/options/options.h"
 #include "tests/unit/apps/protcsv/program_fixture.h"
 
 namespace prot::test {

@@ -1,6 +1,6 @@
 #include <nlohmann/json.hpp>
 
-#include "platform/portable/terminal.h"
+#include "platform/portable/terminal/terminal.h"
 #include "tests/unit/apps/protcsv/program_fixture.h"
 
 namespace prot::test {

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "tests/unit/platform/portable/temporary_folder.h"
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/temporary_folder.h"
 
 namespace prot {
 namespace {

@@ -60,7 +60,7 @@ protected:
     FakeHost host;
     FakeDatabase oDBU;
     FakeParent parent;
-    CProtDevCsv exporter{host.environment};
+    exchange_rates::CProtDevCsv exporter{host.environment};
     Value para;
 
     RateExport() {
@@ -369,7 +369,7 @@ std::string event_without_entry_class() {
     oDBU.answers[caption_query("dzKursEURGeld")] = {{std::string("Kurs EUR Geld")}};
     host.documents["created"] = {{"dzKursEURGeld", "", "1,05"}};
     oDBU.answers[main_query] = {log_row(0, "created")};
-    CProtDevCsv exporter(host.environment);
+    exchange_rates::CProtDevCsv exporter(host.environment);
     Value para;
     exporter.gCSVAusgabe(oDBU, 15, "", {}, {}, 7, para);
     return host.written.files.at(0).lines.at(2).at(6);

@@ -27,7 +27,7 @@ protected:
     }
     bool ask(std::string parameters = {}) {
         commandline = std::move(parameters);
-        ProtDevFrmFilter form(host.environment);
+        exchange_rates::ProtDevFrmFilter form(host.environment);
         return form.gbGetFilter(where, filter, oDBU, commandline);
     }
     static void choose(Form& form, std::size_t from, std::size_t to) {

@@ -40,7 +40,7 @@ class ItemExport : public testing::Test {
 protected:
     FakeHost host;
     FakeDatabase oDBU;
-    ProtOPCsvClass exporter{host.environment};
+    open_items::ProtOPCsvClass exporter{host.environment};
     Value para;
 
     ItemExport() {

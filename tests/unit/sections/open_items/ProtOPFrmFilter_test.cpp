@@ -73,7 +73,7 @@ protected:
     }
     bool ask(std::string parameters = {}) {
         commandline = std::move(parameters);
-        ProtOPFrmFilter form(host.environment);
+        open_items::ProtOPFrmFilter form(host.environment);
         return form.gbGetFilter(where, filter, deleting, oDBU, commandline);
     }
     static void choose(Form& form, const char* field, std::size_t entry) {

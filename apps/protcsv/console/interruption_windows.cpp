@@ -1,0 +1,48 @@
+#include <windows.h>
+
+#include <filesystem>
+#include <mutex>
+
+#include "apps/protcsv/console/interruption.h"
+#include "platform/portable/files/paths.h"
+
+namespace prot {
+
+namespace {
+
+constexpr UINT exit_interrupted = 130;
+
+struct Running {
+    // Whoever holds it cannot be stopped: the system runs the handler in a thread of its own.
+    std::recursive_mutex mutex;
+    std::filesystem::path unfinished_path;
+};
+
+// Never destroyed: the handler may run while the process ends.
+Running& running() {
+    static Running& state = *new Running;
+    return state;
+}
+
+BOOL WINAPI stop(DWORD /*event*/) {
+    running().mutex.lock();  // for good: nothing is written any more
+    if (!running().unfinished_path.empty()) DeleteFileW(running().unfinished_path.c_str());
+    // Not by way of the libraries' last words, which may wait for the thread that was interrupted.
+    TerminateProcess(GetCurrentProcess(), exit_interrupted);
+    return TRUE;
+}
+
+}  // namespace
+
+void handle_interruptions() { SetConsoleCtrlHandler(stop, TRUE); }
+
+void set_unfinished_file(const std::string& path) {
+    const InterruptionsWait wait;
+    running().unfinished_path = text_path(path);
+}
+
+InterruptionsWait::InterruptionsWait() { running().mutex.lock(); }
+
+InterruptionsWait::~InterruptionsWait() { running().mutex.unlock(); }
+
+}  // namespace prot

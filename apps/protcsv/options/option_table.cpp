@@ -1,0 +1,135 @@
+#include "apps/protcsv/options/option_table.h"
+
+#include <limits>
+
+#include "apps/protcsv/options/option_values.h"
+#include "apps/protcsv/options/usage_error.h"
+#include "platform/automation/utf8.h"
+
+namespace prot {
+
+namespace {
+
+constexpr Commands exporting = set_of(Command::export_log);
+constexpr Commands deleting = set_of(Command::delete_log);
+constexpr Commands running = set_of(Command::run);
+constexpr Commands sampling = set_of(Command::sample);
+constexpr Commands filtered = exporting | deleting;
+constexpr Commands writing = exporting | running;
+constexpr Commands any_log = filtered | running;
+
+const std::string& not_empty(const std::string& value) {
+    if (value.empty()) throw UsageError("der Wert darf nicht leer sein");
+    return value;
+}
+
+const std::string& as_text(const std::string& value) {
+    if (!is_valid_utf8(value)) throw UsageError("der Wert ist kein gültiges UTF-8");
+    return value;
+}
+
+const std::string& as_database(const std::string& value) {
+    if (value.starts_with("odbc:")) throw UsageError("„odbc:“ wird von dieser Fassung nicht unterstützt");
+    return not_empty(value);
+}
+
+// clang-format off
+constexpr CommandRow command_rows[] = {
+    {Command::export_log, "export", "Schreibt das Protokoll eines Bereichs in eine CSV-Datei",
+     "--db ZIEL --section NR|NAME [Optionen]",
+     "Beispiele:\n"
+     "  protcsv export --db firma.db --section exchange-rates --from 01.01.2026\n"
+     "  protcsv export --db firma.db --section 15 --params \"/autostart/vondevi:EUR\"\n"
+     "  protcsv export --db firma.db --section 6 --params \"/autostart/mandant:123\""},
+    {Command::delete_log, "delete", "Löscht die ausgewählten Protokollsätze",
+     "--db ZIEL --section NR|NAME [Optionen]",
+     "Beispiel:\n"
+     "  protcsv delete --db firma.db --section 15 --to 31.12.2015 \\\n"
+     "      --params \"/autostart\" --yes"},
+    {Command::run, "run", "Exportiert unbeaufsichtigt nach einem Parametertext",
+     "--db ZIEL --params TEXT [Optionen]",
+     "Aus dem Parametertext werden gelesen: sektion (Pflicht), mitarbeiter, datvon,\n"
+     "datbis, neu, aend, loe (1/0 oder ja/nein). Der ganze Text geht an den Export.\n"
+     "\n"
+     "Beispiel:\n"
+     "  protcsv run --db firma.db --out /srv/protokolle \\\n"
+     "      --params \"/sektion:15/datvon:01.01.2026/autostart/vondevi:EUR\""},
+    {Command::sample, "sample", "Schreibt eine Beispieldatenbank",
+     "DATEI [Optionen]",
+     "Beispiel:\n"
+     "  protcsv sample beispiel.db --seed 7"},
+    {Command::sections, "sections", "Zeigt die Bereiche, die es gibt",
+     "",
+     "Beispiel:\n"
+     "  protcsv sections"},
+};
+
+constexpr OptionRow option_rows[] = {
+    {"DATEI", "DATEI", sampling, sampling, "Argumente", "Pfad der neuen Beispieldatenbank",
+     [](Options& o, const std::string& value, SectionTable) { o.sample_file = not_empty(value); }},
+    {"--db", "ZIEL", any_log, any_log, "Datenbank", "Pfad der SQLite-Datei",
+     [](Options& o, const std::string& value, SectionTable) { o.database = as_database(value); }},
+    {"--section", "NR|NAME", filtered, filtered, "Auswahl", "Bereich, Nummer oder Name (siehe protcsv sections)",
+     [](Options& o, const std::string& value, SectionTable sections) {
+         o.request.section = find_section(value, sections).number;
+     }},
+    {"--user", "NAME", filtered, 0, "Auswahl", "nur Änderungen dieses Mitarbeiters",
+     [](Options& o, const std::string& value, SectionTable) { o.request.user = as_text(value); }},
+    {"--from", "DATUM", filtered, 0, "Auswahl", "erster Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
+     [](Options& o, const std::string& value, SectionTable) { o.request.from = parse_date(value); }},
+    {"--to", "DATUM", filtered & ~deleting, 0, "Auswahl", "letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
+     [](Options& o, const std::string& value, SectionTable) { o.request.to = parse_date(value); }},
+    {"--to", "DATUM", deleting, 0, "Auswahl", "letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
+     [](Options& o, const std::string& value, SectionTable) {
+         o.request.to = parse_last_day_of_deletion(value);
+     }},
+    {"--events", "LISTE", filtered, 0, "Auswahl",
+     "created, changed, deleted (durch Komma getrennt);\nall (Vorgabe), none oder als Zahl die Summe aus\n1 (created), 2 (changed) und 4 (deleted)",
+     [](Options& o, const std::string& value, SectionTable) { o.request.events = parse_events(value); }},
+    {"--params", "TEXT", any_log, running, "Auswahl",
+     "Parametertext, etwa \"/autostart/vondevi:EUR\"; ohne\nautostart werden die Filter am Terminal erfragt",
+     [](Options& o, const std::string& value, SectionTable) { o.parameters = as_text(value); }},
+    {"--out", "ORDNER", writing, 0, "Ausgabe", "Zielordner, wird angelegt (Vorgabe: aktueller Ordner)",
+     [](Options& o, const std::string& value, SectionTable) { o.csv.folder = text_path(not_empty(value)); }},
+    {"--out", "ORDNER", deleting, 0, "", "",   // a script may swap the commands and keep its options
+     [](Options&, const std::string&, SectionTable) {}},
+    {"--separator", "ZEICHEN", writing, 0, "Ausgabe", "Trennzeichen oder tab (Vorgabe: ;)",
+     [](Options& o, const std::string& value, SectionTable) { o.csv.separator = parse_separator(value); }},
+    {"--encoding", "NAME", writing, 0, "Ausgabe", "utf-8-bom (Vorgabe), utf-8 oder windows-1252",
+     [](Options& o, const std::string& value, SectionTable) { o.csv.encoding = parse_encoding(value); }},
+    {"--raw-cells", "", writing, 0, "Ausgabe", "Zellen, die wie Formeln aussehen, nicht entschärfen",
+     [](Options& o, const std::string&, SectionTable) { o.csv.raw_cells = true; }},
+    {"--yes", "", deleting, 0, "Ablauf", "beantwortet die Löschfrage mit Ja",
+     [](Options& o, const std::string&, SectionTable) { o.yes = true; }},
+    {"--answers", "DATEI", any_log, 0, "Ablauf",
+     "Antworten auf die Fragen, eine je Zeile; - liest\ndie Standardeingabe",
+     [](Options& o, const std::string& value, SectionTable) { o.answers = not_empty(value); }},
+    {"--plain", "", any_log, 0, "Ablauf", "Fragen Zeile für Zeile statt als Bildschirmformular",
+     [](Options& o, const std::string&, SectionTable) { o.plain = true; }},
+    {"--sql-log", "DATEI", any_log, 0, "Ablauf", "schreibt jede SQL-Anweisung als JSON-Zeile mit",
+     [](Options& o, const std::string& value, SectionTable) { o.statement_log = not_empty(value); }},
+    {"--quiet", "", any_log, 0, "Ablauf", "kein Fortschrittsbalken, keine Hinweise",
+     [](Options& o, const std::string&, SectionTable) { o.quiet = true; }},
+    {"--seed", "ZAHL", sampling, 0, "Ablauf", "gleiche Zahl, gleicher Inhalt (Vorgabe: 1)",
+     [](Options& o, const std::string& value, SectionTable) {
+         o.sample.seed = parse_number(value, 0, std::numeric_limits<std::uint64_t>::max());
+     }},
+    {"--rows", "ZAHL", sampling, 0, "Ablauf", "Protokollsätze (Vorgabe: ein kleines Protokoll)",
+     [](Options& o, const std::string& value, SectionTable) {
+         o.sample.rows = static_cast<std::int64_t>(parse_number(value, 1, most_sample_rows));
+     }},
+    {"--section", "NR|NAME", sampling, 0, "Ablauf", "nur Protokollsätze dieses Bereichs (Vorgabe: aller)",
+     [](Options& o, const std::string& value, SectionTable sections) {
+         o.sample.section = find_section(value, sections).number;
+     }},
+    {"--overwrite", "", sampling, 0, "Ablauf", "ersetzt auch eine Datei, die keine Beispieldatenbank ist",
+     [](Options& o, const std::string&, SectionTable) { o.overwrite = true; }},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const CommandRow> command_table() { return command_rows; }
+std::span<const OptionRow> option_table() { return option_rows; }
+
+}  // namespace prot

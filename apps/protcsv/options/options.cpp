@@ -1,0 +1,234 @@
+#include "apps/protcsv/options/options.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "apps/protcsv/options/option_table.h"
+#include "apps/protcsv/options/usage_error.h"
+
+namespace prot {
+
+namespace {
+
+constexpr std::string_view program_summary = "Exportiert das Stammdatenprotokoll in CSV-Dateien.";
+constexpr std::string_view program_footer =
+    "Hilfe zu einem Befehl: protcsv BEFEHL --help\n"
+    "\n"
+    "Rückgabewert: 0 erledigt (auch ohne Daten), 1 Fehler, 2 falscher Aufruf,\n"
+    "3 abgebrochen.";
+constexpr std::size_t help_column = 24;
+constexpr const char* general = "Allgemein";
+constexpr std::string_view end_of_options = "--";
+
+std::string text_of(std::string_view text) { return std::string(text); }
+
+/// The option parser's help in German, with usage lines from the command table.
+class GermanFormatter : public CLI::Formatter {
+public:
+    explicit GermanFormatter(std::string_view usage) : usage_(usage) {
+        label("Positionals", "Argumente");
+        column_width(help_column);
+    }
+    std::string make_usage(const CLI::App* /*app*/, std::string /*name*/) const override {
+        return "\nAufruf: " + usage_ + '\n';
+    }
+    std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const override {
+        return CLI::detail::find_and_replace(Formatter::make_help(app, name, mode), "\n\n\n", "\n\n");
+    }
+
+private:
+    std::string usage_;
+};
+
+struct CommandParser {
+    const CommandRow* row;
+    CLI::App* app;
+    std::vector<std::pair<const OptionRow*, CLI::Option*>> options;
+};
+
+/// The option parser, fed from the tables. It only splits the command line; what a value means, what must be
+/// given and what may be given once is decided here, so that every refusal is in German.
+class CommandLine {
+public:
+    CommandLine() : app_(text_of(program_summary), "protcsv") {
+        app_.set_version_flag("--version", text_of("protcsv " PROT_VERSION), "zeigt die Version")
+            ->group(general);
+        set_up(app_, "protcsv BEFEHL [Optionen]", program_footer);
+        app_.require_subcommand(0, 1);
+        for (const CommandRow& row : command_table()) add(row);
+    }
+
+    CLI::App& app() { return app_; }
+    const CLI::App& app() const { return app_; }
+
+    /// The command that was chosen, or null.
+    const CommandParser* chosen() const {
+        for (const CommandParser& command : commands_)
+            if (command.app->parsed()) return &command;
+        return nullptr;
+    }
+
+private:
+    static void set_up(CLI::App& app, const std::string& usage, std::string_view footer) {
+        app.set_help_flag("-h,--help", "zeigt diese Hilfe");
+        app.get_help_ptr()->group(general);
+        app.formatter(std::make_shared<GermanFormatter>(usage));
+        app.footer(text_of(footer));
+        app.allow_windows_style_options(false);
+    }
+
+    void add(const CommandRow& row) {
+        CLI::App* const app = app_.add_subcommand(text_of(row.name), text_of(row.summary));
+        app->group("Befehle");
+        CommandParser command{&row, app, {}};
+        for (const OptionRow& option : option_table())
+            if (option.commands & set_of(row.command))
+                command.options.emplace_back(&option, add(*app, option));
+        // The help comes last in its own list, so it is set up behind the other options.
+        set_up(*app, "protcsv " + text_of(row.name) + (row.usage.empty() ? "" : " ") + text_of(row.usage),
+               row.footer);
+        commands_.push_back(std::move(command));
+    }
+
+    static CLI::Option* add(CLI::App& app, const OptionRow& row) {
+        CLI::Option* const option =
+            row.is_flag() ? app.add_flag(text_of(row.name)) : app.add_option(text_of(row.name));
+        option->description(text_of(row.help))->group(text_of(row.group));
+        option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        option->option_text(row.is_positional() ? " " : text_of(row.value_name));
+        return option;
+    }
+
+    CLI::App app_;
+    std::vector<CommandParser> commands_;
+};
+
+bool looks_like_option(std::string_view text) { return text.starts_with("--") && text != end_of_options; }
+
+const OptionRow* find_option(std::string_view name) {
+    const auto row = std::ranges::find(option_table(), name, &OptionRow::name);
+    return row == option_table().end() || row->is_positional() ? nullptr : &*row;
+}
+
+/// The arguments with every `--name=` as two arguments, so that its empty value is not taken for a missing
+/// one. Raises UsageError for an option without its value, also when another option stands in its place, and
+/// for a flag with one.
+std::vector<std::string> with_values_checked(std::span<const std::string> arguments) {
+    std::vector<std::string> checked;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (argument == end_of_options) {
+            checked.insert(checked.end(), arguments.begin() + static_cast<std::ptrdiff_t>(i),
+                           arguments.end());
+            break;
+        }
+        checked.push_back(argument);
+        const std::size_t equals = argument.find('=');
+        const std::string name = argument.substr(0, equals);
+        const OptionRow* const row = find_option(name);
+        if (row == nullptr) continue;
+        if (equals != std::string::npos) {
+            if (row->is_flag()) throw UsageError(name + " nimmt keinen Wert");
+            if (equals + 1 < argument.size()) continue;
+            checked.back() = name;
+            checked.emplace_back();
+        } else if (!row->is_flag()) {
+            if (++i == arguments.size() || looks_like_option(arguments[i]))
+                throw UsageError(name + " braucht einen Wert: " + name + " " + text_of(row->value_name));
+            checked.push_back(arguments[i]);
+        }
+    }
+    return checked;
+}
+
+std::string names_of_commands() {
+    std::string names;
+    for (const CommandRow& row : command_table()) names += (names.empty() ? "" : ", ") + text_of(row.name);
+    return names;
+}
+
+[[noreturn]] void refuse_extras(const CommandLine& line) {
+    const std::vector<std::string> before_command = line.app().remaining(false);
+    const CommandParser* const command = before_command.empty() ? line.chosen() : nullptr;
+    std::vector<std::string> extras = line.app().remaining(true);
+    std::erase(extras, end_of_options);
+    if (extras.empty()) throw UsageError("die Argumente sind nicht zu verstehen");
+    const std::string& extra = extras.front();
+    if (extra.starts_with("-") && extra.size() > 1) {
+        const std::string place =
+            command == nullptr ? "vor dem Befehl" : "bei " + text_of(command->row->name);
+        throw UsageError("die Option " + extra.substr(0, extra.find('=')) + " gibt es " + place + " nicht");
+    }
+    if (command == nullptr)
+        throw UsageError("„" + extra + "“ ist kein Befehl; es gibt: " + names_of_commands());
+    throw UsageError("überzähliges Argument „" + extra + "“");
+}
+
+void apply(const CommandParser& command, Options& options, SectionTable sections) {
+    for (const auto& [row, option] : command.options) {
+        const std::string name = text_of(row->name);
+        if (option->count() == 0) {
+            if (row->required & set_of(command.row->command)) throw UsageError(name + " fehlt");
+            continue;
+        }
+        if (option->count() > 1) throw UsageError(name + " ist mehrfach angegeben");
+        try {
+            row->apply(options, option->results().front(), sections);
+        } catch (const UsageError& error) {
+            throw UsageError(name + ": " + error.what());
+        }
+    }
+}
+
+/// The help of the command that was chosen, else the program's.
+std::string help_of(CommandLine& line) {
+    const CommandParser* const chosen = line.chosen();
+    return (chosen == nullptr ? line.app() : *chosen->app).help();
+}
+
+Options read(std::vector<std::string> arguments, SectionTable sections) {
+    CommandLine line;
+    Options options;
+    try {
+        std::ranges::reverse(arguments);  // the parser takes its arguments from the end
+        line.app().parse(std::move(arguments));
+    } catch (const CLI::CallForHelp&) {
+        options.text = help_of(line);
+        return options;
+    } catch (const CLI::CallForVersion&) {
+        options.text = "protcsv " PROT_VERSION "\n";
+        return options;
+    } catch (const CLI::ParseError&) {
+        refuse_extras(line);
+    }
+    const CommandParser* const chosen = line.chosen();
+    if (chosen == nullptr) throw UsageError("es fehlt ein Befehl; es gibt: " + names_of_commands());
+    options.command = chosen->row->command;
+    apply(*chosen, options, sections);
+    return options;
+}
+
+/// The command whose help explains `arguments`, after a blank; empty for the program's own help.
+std::string help_path(std::span<const std::string> arguments) {
+    if (arguments.empty()) return {};
+    const bool is_command =
+        std::ranges::find(command_table(), arguments.front(), &CommandRow::name) != command_table().end();
+    return is_command ? " " + arguments.front() : std::string();
+}
+
+}  // namespace
+
+Options parse_options(std::span<const std::string> arguments, SectionTable sections) {
+    try {
+        return read(with_values_checked(arguments), sections);
+    } catch (const UsageError& error) {
+        throw UsageError(text_of(error.what()) + " (Hilfe: protcsv" + help_path(arguments) + " --help)");
+    }
+}
+
+std::string short_help() { return CommandLine().app().help(); }
+
+}  // namespace prot

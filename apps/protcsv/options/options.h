@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "apps/protcsv/sample/sample_database.h"
+#include "core/section_table.h"
+#include "platform/automation/date.h"
+#include "platform/portable/csv/csv_file_writer.h"
+
+namespace prot {
+
+enum class Command { show_text, export_log, delete_log, run, sample, sections };
+
+/// What of the log is asked for; the arguments of gCSVAusgabe.
+struct LogRequest {
+    std::int32_t section = 0;
+    std::string user;
+    Date from;
+    Date to;
+    std::int32_t events = 7;  ///< 1 created, 2 changed, 4 deleted
+};
+
+struct Options {
+    Command command = Command::show_text;
+    std::string text;        ///< show_text: the help or version asked for
+    std::string database;    ///< path of an SQLite file
+    LogRequest request;      ///< run reads it from `parameters`
+    std::string parameters;  ///< psCommandline, verbatim
+    CsvFileOptions csv;
+    std::string statement_log;           ///< file; empty: none
+    std::optional<std::string> answers;  ///< file of prepared answers, "-" for standard input
+    bool plain = false;
+    bool quiet = false;
+    bool yes = false;
+    std::string sample_file;
+    SampleOptions sample;
+    bool overwrite = false;
+};
+
+/// Reads the command line without the program's own name. Raises UsageError.
+Options parse_options(std::span<const std::string> arguments, SectionTable sections);
+
+/// The help shown when the program is called without arguments.
+std::string short_help();
+
+}  // namespace prot

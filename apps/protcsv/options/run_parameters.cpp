@@ -1,0 +1,82 @@
+#include "apps/protcsv/options/run_parameters.h"
+
+#include <optional>
+#include <string>
+
+#include "apps/protcsv/options/option_values.h"
+#include "apps/protcsv/options/usage_error.h"
+#include "core/Prot0000UtilitiesBAS.h"
+#include "platform/automation/letter_case.h"
+#include "platform/automation/text_parts.h"
+
+namespace prot {
+
+namespace {
+
+struct EventKey {
+    std::string_view key;
+    std::int32_t bit;
+};
+constexpr EventKey event_keys[] = {{"neu", 1}, {"aend", 2}, {"loe", 4}};
+
+bool parse_flag(std::string_view text) {
+    const std::string word = to_lower(text);
+    if (word == "1" || word == "ja") return true;
+    if (word == "0" || word == "nein") return false;
+    throw UsageError("„" + std::string(text) + "“ ist weder 1 oder ja noch 0 oder nein");
+}
+
+class Reader {
+public:
+    Reader(std::string_view parameters, Environment& environment)
+        : parameters_(parameters), environment_(environment) {}
+
+    /// Hands the value of `key`, when it is given, to `use`; says whether it was given.
+    template <typename Use>
+    bool read(std::string_view key, Use use) {
+        const std::string text = value(std::string(key) + ':');
+        if (text.empty()) return false;
+        try {
+            use(text);
+        } catch (const UsageError& error) {
+            throw UsageError("--params: " + std::string(key) + ": " + error.what());
+        }
+        return true;
+    }
+
+private:
+    std::string value(const std::string& key) {
+        for (const std::string& item : split(parameters_, '/'))
+            if (pbCommandVorhanden(item, key))
+                return std::string(trim_blanks(psComWert("/" + item, environment_)));
+        return {};
+    }
+
+    std::string_view parameters_;
+    Environment& environment_;
+};
+
+}  // namespace
+
+LogRequest read_run_parameters(std::string_view parameters, SectionTable sections, Environment& environment) {
+    Reader reader(parameters, environment);
+    LogRequest request;
+    const auto read_section = [&](const std::string& text) {
+        request.section = find_section(text, sections).number;
+    };
+    if (!reader.read("sektion", read_section))
+        throw UsageError("--params: sektion fehlt, etwa /sektion:15/autostart");
+    reader.read("mitarbeiter", [&](const std::string& text) { request.user = text; });
+    reader.read("datvon", [&](const std::string& text) { request.from = parse_date(text); });
+    reader.read("datbis", [&](const std::string& text) { request.to = parse_date(text); });
+
+    bool any_event_key = false;
+    std::int32_t events = 0;
+    for (const EventKey& event : event_keys)
+        any_event_key |= reader.read(
+            event.key, [&](const std::string& text) { events |= parse_flag(text) ? event.bit : 0; });
+    if (any_event_key) request.events = events;
+    return request;
+}
+
+}  // namespace prot

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "apps/protcsv/sample/sample_random.h"
+#include "apps/protcsv/sample/sample_sections.h"
+
+namespace prot::sample {
+
+/// Currencies and exchange rates. rows: how many changes will be asked for.
+std::unique_ptr<Section> create_exchange_rates(Random random, std::int64_t rows);
+
+}  // namespace prot::sample

@@ -1,0 +1,135 @@
+#include "apps/protcsv/sample/sample_open_items.h"
+
+#include "apps/protcsv/sample/sample_item_desk.h"
+#include "apps/protcsv/sample/sample_item_story.h"
+
+namespace prot::sample {
+namespace {
+
+// OP_IMPORT_KZ is logged but has no caption: such a column exists in every grown database.
+// clang-format off
+constexpr Caption all_captions[] = {
+    {"OFFENER_POSTEN", "OP_ID",            "Schlüssel des offenen Postens"},
+    {"OFFENER_POSTEN", "WJ_ID",            "Wirtschaftsjahr"},
+    {"OFFENER_POSTEN", "BU_ID",            "Buchung"},
+    {"OFFENER_POSTEN", "BUS_ID",           "Buchungsstapel"},
+    {"OFFENER_POSTEN", "OP_SKNR",          "Kontonummer"},
+    {"OFFENER_POSTEN", "OP_BELEG2",        "Belegnummer"},
+    {"OFFENER_POSTEN", "OP_DATUM_BELEG",   "Belegdatum"},
+    {"OFFENER_POSTEN", "OP_DATUM_FAELLIG", "Fällig am"},
+    {"OFFENER_POSTEN", "OP_ART",           "Art des Postens"},
+    {"OFFENER_POSTEN", "OP_BETRAG",        "Betrag in EUR"},
+    {"OFFENER_POSTEN", "OP_SKONTO",        "Skonto in %"},
+    {"OFFENER_POSTEN", "OP_SPERR_KZ",      "Mahnsperre"},
+    {"OFFENER_POSTEN", "OP_MAHNSTUFE",     "Mahnstufe"},
+    {"OFFENER_POSTEN", "OP_TEXT",          "Buchungstext"},
+    {"OFFENER_POSTEN", "OP_NOTIZ",         "Notiz zum Posten"},
+    {"OFFENER_POSTEN", "OP_AUSGLEICH_NR",  "Ausgleichsnummer"},
+    {"OFFENER_POSTEN", "OP_DATUM",         "Datum der letzten Änderung"},
+    {"OFFENER_POSTEN", "OP_MITARBEITER",   "Geändert von"},
+    {"Person_v4",      "Ps_Nr",            "Mandantennummer"},
+    {"Person_v4",      "Ps_KurzName",      "Kurzname"},
+    {"Person_v4",      "Ps_Name",          "Name"},
+};
+// clang-format on
+
+constexpr const char* table = R"(
+CREATE TABLE OFFENER_POSTEN (
+    OP_ID INTEGER PRIMARY KEY,
+    WJ_ID INTEGER,
+    BU_ID INTEGER,
+    BUS_ID INTEGER,
+    OP_SKNR INTEGER,
+    OP_BELEG2 TEXT COLLATE NOCASE,
+    OP_DATUM_BELEG DATETIME,
+    OP_DATUM_FAELLIG DATETIME,
+    OP_ART INTEGER,
+    OP_BETRAG REAL,
+    OP_SKONTO REAL,
+    OP_SPERR_KZ INTEGER,
+    OP_MAHNSTUFE INTEGER,
+    OP_TEXT TEXT COLLATE NOCASE,
+    OP_NOTIZ TEXT COLLATE NOCASE,
+    OP_IMPORT_KZ TEXT COLLATE NOCASE,
+    OP_AUSGLEICH_NR INTEGER,
+    OP_DATUM DATETIME,
+    OP_MITARBEITER INTEGER
+);
+)";
+
+constexpr const char* indexes = R"(
+CREATE INDEX iOffenerPostenWirtschaftsjahr ON OFFENER_POSTEN (WJ_ID, OP_SKNR);
+CREATE INDEX iOffenerPostenKonto ON OFFENER_POSTEN (OP_SKNR);
+)";
+
+constexpr Author bank_job = {"_UNBEKANNT_Bankabruf", "svc_bankabruf", 0, "SRV-JOBS", "Kontoauszugsabruf"};
+
+/// Who works on open items at that moment; the programs for exchange rates have no part in them.
+Author author_of_items(Moment moment, Random& random) {
+    Author author = author_at(moment, random);
+    if (author.application == "Kursimport") return bank_job;
+    if (author.application == "Devisenverwaltung") author.application = "OP-Verwaltung";
+    return author;
+}
+
+class OpenItems : public Section {
+public:
+    OpenItems(Random random, std::int64_t rows) : desk_(random, rows) {}
+
+    LogRow log_change(Moment moment) override;
+    void write_master_data(SampleFile& file) const override;
+    std::span<const Caption> captions() const override { return all_captions; }
+
+private:
+    LogRow any_change(const Occasion& occasion);
+
+    ItemDesk desk_;
+    std::size_t told_ = 0;  ///< steps of the story so far
+};
+
+LogRow OpenItems::log_change(Moment moment) {
+    const auto story = item_story();
+    if (told_ < story.size() && moment >= story[told_].due && !is_night(moment)) {
+        const ItemStep& step = story[told_++];
+        return step.change(desk_, {moment, author_of_items(moment, desk_.random())}, step.text);
+    }
+    return any_change({moment, author_of_items(moment, desk_.random())});
+}
+
+LogRow OpenItems::any_change(const Occasion& occasion) {
+    const std::int64_t kind = desk_.random().below(100);
+    if (kind < 10) return desk_.add_item(occasion);
+    if (kind < 13) return desk_.remove_item(occasion);
+    if (kind < 18) return desk_.touch(occasion);
+    if (kind < 26) return desk_.settle(occasion);
+    if (kind < 60) return desk_.change_dunning(occasion);
+    if (kind < 75) return desk_.change_text(occasion);
+    return desk_.change_terms(occasion);
+}
+
+void write_item(Insert& insert, const Item& item) {
+    insert.row(item.id, item.year_id, booking_id(item), batch_id(item), item.account, document_number(item),
+               iso_text(item.document_date), item.due == Day() ? std::string() : iso_text(item.due),
+               item.kind, static_cast<double>(item.amount) / 100, item.discount / 100.0, item.dunning_block,
+               item.dunning_level, item.text, item.note, item.import_mark, item.settlement,
+               iso_text(item.changed), item.employee);
+}
+
+void OpenItems::write_master_data(SampleFile& file) const {
+    desk_.clients().write(file);
+    file.execute(table);
+    Insert items(file,
+                 "INSERT INTO OFFENER_POSTEN VALUES (?, ?, ?, ?, ?, NULLIF(?, ''), ?, NULLIF(?, ''), ?, ?,"
+                 " NULLIF(?, 0), ?, NULLIF(?, 0), NULLIF(?, ''), NULLIF(?, ''), NULLIF(?, ''),"
+                 " NULLIF(?, 0), ?, NULLIF(?, 0))");
+    for (const Item& item : desk_.items()) write_item(items, item);
+    file.execute(indexes);
+}
+
+}  // namespace
+
+std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows) {
+    return std::make_unique<OpenItems>(random, rows);
+}
+
+}  // namespace prot::sample

@@ -1,0 +1,18 @@
+#include "apps/protcsv/sample/sample_sections.h"
+
+#include "apps/protcsv/sample/sample_exchange_rates.h"
+#include "apps/protcsv/sample/sample_open_items.h"
+
+namespace prot::sample {
+namespace {
+
+constexpr SectionKind kinds[] = {
+    {15, 120, create_exchange_rates},
+    {6, 140, create_open_items},
+};
+
+}  // namespace
+
+std::span<const SectionKind> section_kinds() { return kinds; }
+
+}  // namespace prot::sample

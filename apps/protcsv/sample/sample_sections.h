@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+
+#include "apps/protcsv/sample/sample_log.h"
+#include "apps/protcsv/sample/sample_tables.h"
+
+namespace prot::sample {
+
+/// What one log section adds to a sample database. Its changes come first, one by one; its master data are
+/// written afterwards, as the changes left them.
+class Section {
+public:
+    virtual ~Section() = default;
+
+    /// Makes one change at `moment`, later than all before, and returns its log row.
+    virtual LogRow log_change(Moment moment) = 0;
+
+    /// Creates the section's own tables and writes its records.
+    virtual void write_master_data(SampleFile& file) const = 0;
+
+    virtual std::span<const Caption> captions() const = 0;
+};
+
+struct SectionKind {
+    std::int32_t number;      ///< IDSysQuvoLogSections
+    std::int64_t usual_rows;  ///< of the small log, and the section's share in a larger one
+    std::unique_ptr<Section> (*create)(Random random, std::int64_t rows);
+};
+
+/// All sections. A new one is added at the end; the others keep their content, as every section has its own
+/// chance and its own moments.
+std::span<const SectionKind> section_kinds();
+
+}  // namespace prot::sample

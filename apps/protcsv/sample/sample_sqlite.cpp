@@ -1,0 +1,95 @@
+#include "apps/protcsv/sample/sample_sqlite.h"
+
+#include <sqlite3.h>
+
+#include "platform/automation/error.h"
+
+namespace prot::sample {
+namespace {
+
+struct Reason {
+    int code;  ///< SQLite's primary result code
+    std::string_view text;
+};
+
+constexpr Reason reasons[] = {
+    {SQLITE_FULL, "der Datenträger ist voll"},
+    {SQLITE_CANTOPEN, "die Datei kann nicht angelegt werden"},
+    {SQLITE_READONLY, "die Datei ist schreibgeschützt"},
+    {SQLITE_PERM, "der Zugriff ist nicht erlaubt"},
+    {SQLITE_IOERR, "Fehler beim Schreiben auf den Datenträger"},
+    {SQLITE_BUSY, "die Datei wird von einem anderen Programm benutzt"},
+    {SQLITE_NOTADB, "die Datei ist keine Datenbank"},
+};
+
+std::string reason_text(sqlite3* connection) {
+    const int code = connection == nullptr ? SQLITE_NOMEM : sqlite3_errcode(connection);
+    for (const Reason& reason : reasons) {
+        if ((code & 0xFF) == reason.code) return std::string(reason.text);
+    }
+    return "SQLite meldet: " +
+           std::string(connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection));
+}
+
+}  // namespace
+
+SampleFile::SampleFile(const std::string& path) : path_(path) {
+    sqlite3* connection = nullptr;
+    const int code =
+        sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    connection_.reset(connection);
+    if (code != SQLITE_OK) fail();
+    sqlite3_extended_result_codes(connection, 1);
+}
+
+void SampleFile::execute(const std::string& sql) {
+    if (sqlite3_exec(connection_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) fail();
+}
+
+std::int64_t SampleFile::last_key() const { return sqlite3_last_insert_rowid(connection_.get()); }
+
+void SampleFile::close() {
+    if (sqlite3_close(connection_.get()) != SQLITE_OK) fail();
+    static_cast<void>(connection_.release());
+}
+
+void SampleFile::fail() const {
+    sqlite3* connection = connection_.get();
+    const int code = connection == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(connection);
+    throw AutomationError(static_cast<std::int32_t>(0x80040000U + static_cast<std::uint32_t>(code)), "SQLite",
+                          "Die Beispieldatenbank „" + path_ +
+                              "“ kann nicht geschrieben werden: " + reason_text(connection) + ".");
+}
+
+void SampleFile::Closer::operator()(sqlite3* connection) const noexcept { sqlite3_close_v2(connection); }
+
+Insert::Insert(SampleFile& file, std::string_view sql) : file_(file) {
+    sqlite3_stmt* statement = nullptr;
+    const int code = sqlite3_prepare_v3(file.connection_.get(), sql.data(), static_cast<int>(sql.size()),
+                                        SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    statement_.reset(statement);
+    if (code != SQLITE_OK) file.fail();
+}
+
+void Insert::bind(int index, std::nullopt_t) { sqlite3_bind_null(statement_.get(), index); }
+
+// The caller's text outlives the step that follows, so SQLite needs no copy of its own.
+void Insert::bind(int index, std::string_view text) {
+    sqlite3_bind_text(statement_.get(), index, text.data() == nullptr ? "" : text.data(),
+                      static_cast<int>(text.size()), SQLITE_STATIC);
+}
+
+void Insert::bind(int index, double number) { sqlite3_bind_double(statement_.get(), index, number); }
+
+void Insert::bind_integer(int index, std::int64_t number) {
+    sqlite3_bind_int64(statement_.get(), index, number);
+}
+
+void Insert::step() {
+    if (sqlite3_step(statement_.get()) != SQLITE_DONE) file_.fail();
+    sqlite3_reset(statement_.get());
+}
+
+void Insert::Finalizer::operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
+
+}  // namespace prot::sample

@@ -1,0 +1,172 @@
+#include "platform/portable/csv/csv_file_writer.h"
+
+#include <utility>
+
+namespace prot {
+
+namespace {
+
+constexpr std::size_t buffer_size = std::size_t{256} * 1024;
+
+// What a very long line may leave behind.
+constexpr std::size_t kept_bytes = 1 << 20;
+
+void name_source(AutomationError& error) {
+    if (error.source().empty()) error.set_source("CsvFileWriter");
+}
+
+}  // namespace
+
+class CsvFileWriter::Impl {
+public:
+    Impl(CsvFileOptions options, CsvFileHost& host, FileLayer& files)
+        : options_(std::move(options)), host_(host), files_(files) {
+        buffer_.reserve(buffer_size * 2);
+    }
+
+    bool open(std::string& file_name, bool ask_user) {
+        abandon();
+        path_.clear();
+        std::string name = file_name;
+        if (ask_user) {
+            const std::optional<std::string> choice = host_.ask_file_name(file_name);
+            if (!choice) return false;
+            if (!choice->empty()) name = *choice;
+        }
+        start(name);
+        file_name = std::move(name);
+        return true;
+    }
+
+    void write_line(std::span<const std::string> cells) {
+        need_file();
+        try {
+            encoder_->append_line(cells, buffer_);
+            if (buffer_.size() >= buffer_size) flush();
+        } catch (...) {
+            abandon();
+            throw;
+        }
+    }
+
+    void close() {
+        need_file();
+        try {
+            flush();
+            file_->complete();
+        } catch (...) {
+            abandon();
+            throw;
+        }
+        forget_file();
+        finished_ = true;
+        host_.file_finished(path_);
+        if (encoder_->replaced_characters()) host_.characters_replaced(path_);
+    }
+
+    void show() {
+        if (finished_) host_.show_file(path_);
+    }
+
+    // Removes the unfinished file, if there is one.
+    void abandon() {
+        finished_ = false;
+        buffer_.clear();
+        if (!file_) return;
+        file_->discard();
+        forget_file();
+    }
+
+private:
+    void start(const std::string& name) {
+        if (name.find('\0') != std::string::npos) {
+            throw file_error(text_path(name), "der Name enthält ein Nullzeichen");
+        }
+        const std::filesystem::path file = text_path(name);
+        const std::filesystem::path target = joined_path(options_.folder, file);
+        require_own_file(target);
+        if (!is_absolute_path(file) && !options_.folder.empty()) files_.make_folder(options_.folder);
+        std::unique_ptr<PendingFile> pending = files_.prepare(target);
+        encoder_.emplace(options_.separator, options_.encoding, options_.raw_cells);
+        path_ = path_text(shortest_path(target));
+        file_ = std::move(pending);
+        try {
+            const std::filesystem::path& temporary = file_->temporary_path();
+            if (!temporary.empty()) host_.unfinished_file(path_text(temporary));
+            file_->create();
+        } catch (...) {
+            abandon();
+            throw;
+        }
+        buffer_ = byte_order_mark(options_.encoding);
+    }
+
+    void require_own_file(const std::filesystem::path& target) const {
+        std::error_code ignored;
+        for (const std::filesystem::path& other : options_.never_replaced) {
+            if (std::filesystem::equivalent(target, other, ignored))
+                throw file_error(target, "der Lauf selbst braucht diese Datei");
+        }
+    }
+
+    void need_file() const {
+        if (!file_) throw file_error(text_path(path_), "sie ist nicht geöffnet");
+    }
+
+    void flush() {
+        file_->write(buffer_);
+        buffer_.clear();
+        if (buffer_.capacity() <= kept_bytes) return;
+        buffer_ = std::string();
+        buffer_.reserve(buffer_size * 2);
+    }
+
+    void forget_file() {
+        const bool was_announced = !file_->temporary_path().empty();
+        file_.reset();
+        if (was_announced) host_.unfinished_file({});
+    }
+
+    const CsvFileOptions options_;
+    CsvFileHost& host_;
+    FileLayer& files_;
+    std::optional<CsvLineEncoder> encoder_;
+    std::unique_ptr<PendingFile> file_;
+    std::string path_;  // of the file that is open, or was last
+    std::string buffer_;
+    bool finished_ = false;
+};
+
+CsvFileWriter::CsvFileWriter(CsvFileOptions options, CsvFileHost& host, FileLayer& files)
+    : impl_(std::make_unique<Impl>(std::move(options), host, files)) {}
+
+CsvFileWriter::~CsvFileWriter() {
+    try {
+        impl_->abandon();
+    } catch (...) {
+        // The host could not take the notice; the file is removed all the same.
+    }
+}
+
+bool CsvFileWriter::open(std::string& file_name, bool ask_user) try {
+    return impl_->open(file_name, ask_user);
+} catch (AutomationError& error) {
+    name_source(error);
+    throw;
+}
+
+void CsvFileWriter::write_line(std::span<const std::string> cells) try {
+    impl_->write_line(cells);
+} catch (AutomationError& error) {
+    name_source(error);
+    throw;
+}
+
+void CsvFileWriter::close() try { impl_->close(); } catch (AutomationError& error) {
+    name_source(error);
+    throw;
+}
+
+void CsvFileWriter::show() { impl_->show(); }
+
+}  // namespace prot

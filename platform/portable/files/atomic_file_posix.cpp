@@ -1,0 +1,153 @@
+#include "platform/portable/files/atomic_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "platform/portable/files/folder_access.h"
+#include "platform/portable/files/temporary_name.h"
+
+namespace prot {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::error_code last_error() { return {errno, std::system_category()}; }
+
+// /dev/stdout and its like lead to what a process has open, not to a place of its own.
+bool is_system_link(const fs::path& link) {
+    std::error_code ignored;
+    const fs::path folder = fs::weakly_canonical(fs::absolute(link, ignored).parent_path(), ignored);
+    return folder == "/dev" || path_text(folder).starts_with("/proc/");
+}
+
+struct Place {
+    fs::path path;
+    bool direct = false;  // written in place, never renamed over
+};
+
+// Where the bytes of `target` belong, at the end of its symbolic links.
+Place place_of(const fs::path& target) {
+    std::error_code error;
+    const fs::file_status status = fs::status(target, error);
+    if (fs::is_directory(status) || !target.has_filename()) {
+        throw file_error(target, std::make_error_code(std::errc::is_a_directory));
+    }
+    if (fs::exists(status) && !fs::is_regular_file(status)) return {target, true};
+
+    constexpr int most_links = 40;
+    fs::path path = target;
+    for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
+        if (is_system_link(path)) return {target, true};
+        if (links == most_links) {
+            throw file_error(target, std::make_error_code(std::errc::too_many_symbolic_link_levels));
+        }
+        path = path.parent_path() / fs::read_symlink(path, error);
+    }
+    return {path, false};
+}
+
+mode_t permissions_of_umask() {
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+int open_retried(const fs::path& path, int flags, mode_t mode) {
+    int descriptor = -1;
+    do {
+        descriptor = ::open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode);
+    } while (descriptor < 0 && errno == EINTR);
+    return descriptor;
+}
+
+// Makes the renaming itself safe. Not every file system can; the file is in its place all the same.
+void sync_folder(const fs::path& folder) {
+    const int descriptor = open_retried(folder.empty() ? fs::path(".") : folder, O_RDONLY | O_DIRECTORY, 0);
+    if (descriptor < 0) return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+class PosixFile : public PendingFile {
+public:
+    explicit PosixFile(const fs::path& target) : shown_(target), place_(place_of(target)) {
+        if (!place_.direct) temporary_ = temporary_name(place_.path);
+    }
+    ~PosixFile() override { PosixFile::discard(); }
+    PosixFile(const PosixFile&) = delete;
+    PosixFile& operator=(const PosixFile&) = delete;
+
+    const fs::path& temporary_path() const override { return temporary_; }
+
+    void create() override {
+        if (place_.direct) {
+            descriptor_ = open_retried(place_.path, O_WRONLY | O_APPEND, 0);
+        } else {
+            descriptor_ = open_retried(temporary_, O_WRONLY | O_CREAT | O_EXCL, 0600);
+        }
+        if (descriptor_ < 0) fail();
+        made_ = !place_.direct;
+    }
+
+    void write(std::string_view bytes) override {
+        while (!bytes.empty()) {
+            const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+            if (written < 0 && errno == EINTR) continue;
+            if (written < 0) fail();
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+    }
+
+    void complete() override {
+        if (made_ && ::fchmod(descriptor_, permissions_of_umask()) != 0) fail();
+        if (made_ && ::fsync(descriptor_) != 0) fail();
+        // After an interrupted close the descriptor is gone; closing again could hit another file.
+        if (::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR) fail();
+        if (!made_) return;
+        if (::rename(temporary_.c_str(), place_.path.c_str()) != 0) fail();
+        made_ = false;
+        sync_folder(place_.path.parent_path());
+    }
+
+    void discard() noexcept override {
+        if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
+        if (std::exchange(made_, false)) ::unlink(temporary_.c_str());
+    }
+
+private:
+    [[noreturn]] void fail() const { throw file_error(shown_, last_error()); }
+
+    const fs::path shown_;
+    const Place place_;
+    fs::path temporary_;
+    int descriptor_ = -1;
+    bool made_ = false;  // the temporary file exists
+};
+
+class PosixFiles : public FileLayer {
+public:
+    void make_folder(const fs::path& folder) override {
+        std::error_code error;
+        fs::create_directories(folder, error);
+        if (!error) error = folder_refusal(folder);
+        if (error) throw folder_error(folder, error);
+    }
+
+    std::unique_ptr<PendingFile> prepare(const fs::path& target) override {
+        return std::make_unique<PosixFile>(target);
+    }
+};
+
+}  // namespace
+
+FileLayer& system_files() {
+    static PosixFiles files;
+    return files;
+}
+
+}  // namespace prot

@@ -1,0 +1,53 @@
+#include "platform/portable/help/help_topics.h"
+
+#include <pugixml.hpp>
+#include <system_error>
+
+#include "platform/portable/files/atomic_file.h"
+#include "platform/portable/files/program_folder.h"
+#include "platform/portable/help/page_text.h"
+
+namespace prot {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A colon would name a drive or a stream of the file on Windows.
+bool is_plain_name(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." &&
+           name.find_first_of(std::string_view("/\\:\0", 4)) == std::string_view::npos;
+}
+
+std::optional<fs::path> file_in(const fs::path& folder, std::string_view name) {
+    if (folder.empty() || !is_plain_name(name)) return std::nullopt;
+    fs::path file = folder / text_path(name);
+    std::error_code missing;
+    if (!fs::is_regular_file(file, missing)) return std::nullopt;
+    return file;
+}
+
+}  // namespace
+
+HelpTopics HelpTopics::beside_program() {
+    const fs::path folder = program_folder();
+    return HelpTopics(folder.empty() ? folder : folder / "hilfe");
+}
+
+std::optional<fs::path> HelpTopics::page(std::string_view map_file, std::string_view help_id) const {
+    const std::optional<fs::path> map = file_in(folder_, map_file);
+    pugi::xml_document document;
+    if (!map || !document.load_file(map->c_str())) return std::nullopt;
+    for (const pugi::xml_node& topic : document.child("hilfe").children("thema"))
+        if (help_id == topic.attribute("id").value())
+            return file_in(folder_, topic.attribute("seite").value());
+    return std::nullopt;
+}
+
+std::optional<std::string> HelpTopics::text(std::string_view map_file, std::string_view help_id,
+                                            std::size_t width) const {
+    const std::optional<fs::path> file = page(map_file, help_id);
+    return file ? page_text(*file, width) : std::nullopt;
+}
+
+}  // namespace prot

@@ -1,0 +1,122 @@
+#include "platform/portable/sqlite/sqlite_connection.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/portable/sqlite/sqlite_opening.h"
+
+namespace prot {
+
+namespace {
+
+constexpr int busy_timeout = 2000;  // milliseconds
+
+// Primary result codes after which the connection counts as failed.
+constexpr int failures[] = {SQLITE_CORRUPT,  SQLITE_NOTADB, SQLITE_IOERR,
+                            SQLITE_CANTOPEN, SQLITE_FULL,   SQLITE_NOMEM};
+
+bool ends_connection(int code) {
+    return std::find(std::begin(failures), std::end(failures), code & 0xFF) != std::end(failures);
+}
+
+struct Setting {
+    int option;
+    int value;
+};
+constexpr Setting settings[] = {
+    {SQLITE_DBCONFIG_DQS_DML, 0},      // an unknown "name" is an error, not a text
+    {SQLITE_DBCONFIG_DQS_DDL, 0},      // likewise
+    {SQLITE_DBCONFIG_ENABLE_QPSG, 1},  // a bound LIKE pattern does not prepare its statement again each time
+    {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},  // views and triggers of a foreign file run harmless functions only
+    {SQLITE_DBCONFIG_DEFENSIVE, 1},       // no statement can damage the file
+};
+
+int read_schema(sqlite3* handle) {
+    return sqlite3_exec(handle, "SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr, nullptr);
+}
+
+struct Wording {
+    std::string_view start;  ///< of SQLite's message; what follows is the name
+    std::string_view before, behind;
+};
+constexpr Wording wordings[] = {
+    {"no such table: ", "Die Tabelle „", "“ gibt es nicht"},
+    {"no such column: ", "Die Spalte „", "“ gibt es nicht"},
+    {"ambiguous column name: ", "Die Spalte „", "“ ist nicht eindeutig"},
+};
+
+struct Problem {
+    int code;  ///< primary result code
+    std::string_view text;
+};
+constexpr Problem problems[] = {
+    {SQLITE_BUSY, "Die Datenbank ist gesperrt, ein anderes Programm schreibt gerade hinein"},
+    {SQLITE_LOCKED, "Die Datenbank ist gesperrt, ein anderes Programm schreibt gerade hinein"},
+    {SQLITE_CORRUPT, "Die Datenbank ist beschädigt"},
+    {SQLITE_NOTADB, "Die Datei ist keine SQLite-Datenbank"},
+    {SQLITE_IOERR, "Die Datenbank lässt sich nicht lesen oder schreiben, Fehler des Datenträgers"},
+    {SQLITE_FULL, "Der Datenträger ist voll"},
+    {SQLITE_READONLY, "Die Datenbank ist schreibgeschützt"},
+    {SQLITE_CANTOPEN, "Die Datenbank lässt sich nicht öffnen"},
+    {SQLITE_NOMEM, "Der Arbeitsspeicher reicht nicht aus"},
+    {SQLITE_INTERRUPT, "Die Anweisung wurde abgebrochen"},
+};
+
+/// The name as the statement has it: where SQLite keeps temporary tables is its own affair.
+std::string_view without_schema(std::string_view name) {
+    constexpr std::string_view temporary = "temp.";
+    return name.starts_with(temporary) ? name.substr(temporary.size()) : name;
+}
+
+}  // namespace
+
+std::string describe_sqlite_problem(int code, std::string_view message) {
+    for (const Wording& wording : wordings) {
+        if (message.starts_with(wording.start))
+            return std::string(wording.before)
+                .append(without_schema(message.substr(wording.start.size())))
+                .append(wording.behind);
+    }
+    for (const Problem& problem : problems)
+        if (problem.code == (code & 0xFF)) return std::string(problem.text);
+    return "SQLite meldet: " + std::string(message);
+}
+
+AutomationError sqlite_error(int code, std::string description) {
+    const auto number = static_cast<std::int32_t>(sqlite_error_base + static_cast<std::uint32_t>(code));
+    return {number, "SQLite", std::move(description)};
+}
+
+SqliteConnection::SqliteConnection(const std::string& path, SqliteAccess access) {
+    const std::string file = check_sqlite_file(path);
+    const int mode = access == SqliteAccess::read_only ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    sqlite3* opened = nullptr;
+    int code = sqlite3_open_v2(file.c_str(), &opened, mode | SQLITE_OPEN_NOMUTEX, nullptr);
+    handle_.reset(opened);
+    if (code == SQLITE_OK) {
+        sqlite3_extended_result_codes(opened, 1);
+        sqlite3_busy_timeout(opened, busy_timeout);
+        for (const Setting& setting : settings)
+            sqlite3_db_config(opened, setting.option, setting.value, nullptr);
+        code = read_schema(opened);
+    }
+    if (code != SQLITE_OK) refuse_sqlite_file(path, code, sqlite3_errmsg(opened));
+    if (access == SqliteAccess::read_write && sqlite3_db_readonly(opened, "main") == 1)
+        refuse_sqlite_file(path, SQLITE_READONLY, "attempt to write a readonly database");
+}
+
+void SqliteConnection::require() const {
+    if (failure_) throw *failure_;
+}
+
+void SqliteConnection::raise(std::string_view statement) {
+    const int code = sqlite3_extended_errcode(handle());
+    std::string description = describe_sqlite_problem(code, sqlite3_errmsg(handle()));
+    description += ". Anweisung: ";
+    description += statement;
+    AutomationError error = sqlite_error(code, std::move(description));
+    if (ends_connection(code)) failure_ = error;
+    throw error;
+}
+
+}  // namespace prot

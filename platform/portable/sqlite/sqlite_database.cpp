@@ -1,0 +1,131 @@
+#include "platform/portable/sqlite/sqlite_database.h"
+
+#include <cstdio>
+
+#include "platform/portable/files/paths.h"
+#include "platform/portable/sqlite/sqlite_cells.h"
+#include "platform/portable/sqlite/sqlite_connection.h"
+#include "platform/portable/sqlite/sqlite_statements.h"
+#include "platform/portable/sqlite/sqlite_temporary_table.h"
+#include "platform/portable/tsql/tsql_dialect.h"
+#include "platform/portable/tsql/tsql_refusal.h"
+
+namespace prot {
+
+namespace {
+
+TsqlStatement single_query(std::string_view sql) {
+    std::vector<TsqlStatement> statements = translate_tsql(sql);
+    for (const TsqlStatement& statement : statements)
+        if (statements.size() > 1 || statement.kind != TsqlStatement::Kind::query) {
+            const auto offset = static_cast<std::size_t>(statement.source.data() - sql.data());
+            refuse_statement(sql, offset, statement.source.size(),
+                             "eine Abfrage ist genau ein SELECT ohne INTO");
+        }
+    return std::move(statements.front());
+}
+
+class SqliteDatabase : public Database {
+public:
+    SqliteDatabase(const std::string& path, SqliteAccess access) : connection_(path, access) {}
+
+    Value query_value(std::string_view sql) override {
+        connection_.require();
+        const TsqlStatement query = single_query(sql);
+        SqliteRun run = start(query);
+        return run.next_row() ? SqliteCells(run.statement()).read(0).value() : Value();
+    }
+
+    RowSet query_array(std::string_view sql) override {
+        connection_.require();
+        const TsqlStatement query = single_query(sql);
+        SqliteRun run = start(query);
+        if (!run.next_row()) return {};
+        const SqliteCells cells(run.statement());
+        RowSet rows(cells.columns());
+        do {
+            rows.add_row();
+            for (std::size_t column = 0; column < cells.columns(); ++column)
+                rows.set(column, cells.read(column));
+        } while (run.next_row());
+        return rows;
+    }
+
+    void execute(std::string_view sql) override {
+        connection_.require();
+        for (const TsqlStatement& statement : translate_tsql(sql)) {
+            if (statement.kind == TsqlStatement::Kind::fill_temporary_table)
+                fill_temporary_table(connection_, statement);
+            else
+                start(statement).finish();
+        }
+    }
+
+    std::string date_literal(Date date) override {
+        const CivilTime civil = to_civil(date);
+        char text[32];
+        std::snprintf(text, sizeof text, "'%04d-%02d-%02d %02d:%02d:%02d'", civil.year, civil.month,
+                      civil.day, civil.hour, civil.minute, civil.second);
+        return text;
+    }
+
+    std::string like_wildcard() override { return "%"; }
+
+    // A read transaction. SQLite locks the file at the first read in it, so one is made at once. Writers wait
+    // meanwhile, as they do while a query runs.
+    void begin_lookups() override {
+        connection_.require();
+        control("BEGIN");
+        if (control("SELECT 1 FROM sqlite_master LIMIT 1")) return;
+        const int code = sqlite3_extended_errcode(connection_.handle());
+        const std::string message = sqlite3_errmsg(connection_.handle());
+        control("ROLLBACK");
+        throw sqlite_error(code, describe_sqlite_problem(code, message));
+    }
+    void end_lookups() noexcept override { control("COMMIT"); }
+
+    void require_connection() override { connection_.require(); }
+
+private:
+    bool control(const char* statement) noexcept {
+        return sqlite3_exec(connection_.handle(), statement, nullptr, nullptr, nullptr) == SQLITE_OK;
+    }
+
+    SqliteRun start(const TsqlStatement& statement) {
+        sqlite3_stmt* const prepared = statements_.find_or_prepare(statement.text, statement.source);
+        return {connection_, prepared, statement.parameters, statement.source};
+    }
+
+    SqliteConnection connection_;
+    SqliteStatements statements_{connection_};
+};
+
+class SqliteConnectionInformation : public ConnectionInformation {
+public:
+    explicit SqliteConnectionInformation(const std::string& path) : path_(path) {}
+
+    std::array<std::string, 10> fields(int code) override {
+        std::array<std::string, 10> result;
+        if (code == server_name) result.back() = file_name();
+        return result;
+    }
+
+private:
+    static constexpr int server_name = 1206;
+
+    std::string file_name() const { return path_text(text_path(path_).filename()); }
+
+    std::string path_;
+};
+
+}  // namespace
+
+std::unique_ptr<Database> open_sqlite_database(const std::string& path, SqliteAccess access) {
+    return std::make_unique<SqliteDatabase>(path, access);
+}
+
+std::unique_ptr<ConnectionInformation> sqlite_connection_information(const std::string& path) {
+    return std::make_unique<SqliteConnectionInformation>(path);
+}
+
+}  // namespace prot

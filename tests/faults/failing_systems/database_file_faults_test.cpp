@@ -1,0 +1,62 @@
+#include "tests/faults/support/faulty_vfs.h"
+#include "tests/faults/support/whole_run.h"
+
+/// Each access of the database to its file fails, in turn.
+namespace prot::faults {
+namespace {
+
+class DatabaseFileFaults : public WholeRun {
+protected:
+    DatabaseFileFaults() { fill_with_story(log); }
+
+    /// The status of a run during which accesses fail as `plan` says.
+    int run(WholeProgram& program, FaultPlan& plan) {
+        const FaultyVfs vfs(plan);
+        return program.run(section_table());
+    }
+};
+
+TEST_F(DatabaseFileFaults, LeaveTheEarlierFileOrTheWholeNewOne) {
+    WholeProgram program = exporting();
+    ASSERT_EQ(program.run(section_table()), 0);
+    const std::string whole = file();
+    for (const Failing failing : {Failing::once, Failing::from_then_on})
+        for (std::size_t nth = 1;; ++nth) {
+            SCOPED_TRACE("access " + std::to_string(nth));
+            FaultPlan plan(nth, failing);
+            put_earlier_file();
+            const int status = run(program, plan);
+            check_export(status, program, whole);
+            if (status == 0) {
+                EXPECT_EQ(file(), whole) << "a failed read is no missing caption";
+            }
+            if (!plan.reached()) {
+                EXPECT_EQ(status, 0);
+                EXPECT_GE(nth, 30u);
+                break;
+            }
+            if (HasFailure()) return;
+        }
+}
+
+TEST_F(DatabaseFileFaults, OfADeletionNeitherHarmTheDatabaseNorClaimWhatIsNotSo) {
+    WholeProgram program = deleting();
+    for (const Failing failing : {Failing::once, Failing::from_then_on})
+        for (std::size_t nth = 1;; ++nth) {
+            SCOPED_TRACE("access " + std::to_string(nth));
+            log.run("DELETE FROM tProtokoll; DELETE FROM tProtokollMemo");
+            fill_with_story(log);
+            FaultPlan plan(nth, failing);
+            const int status = run(program, plan);
+            check_deletion(status, program);
+            if (!plan.reached()) {
+                EXPECT_EQ(status, 0);
+                EXPECT_GE(nth, 60u);
+                break;
+            }
+            if (HasFailure()) return;
+        }
+}
+
+}  // namespace
+}  // namespace prot::faults

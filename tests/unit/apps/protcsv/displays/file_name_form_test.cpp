@@ -1,0 +1,39 @@
+#include "apps/protcsv/displays/file_name_form.h"
+
+#include <functional>
+
+#include <gtest/gtest.h>
+
+namespace prot {
+namespace {
+
+class FakeForms : public FormDisplay {
+public:
+    std::function<void(Form&)> person;
+    void standard_setup(Form&, int) override {}
+    void show_modal(Form& form) override {
+        form.shown = true;
+        person(form);
+        EXPECT_FALSE(form.shown);
+    }
+};
+
+TEST(FileNameForm, OffersTheSuggestionSelectedAsAWhole) {
+    FakeForms forms;
+    forms.person = [](Form& form) {
+        EXPECT_EQ(form.fields[0].text, "Vorschlag.csv");
+        EXPECT_TRUE(form.select_focus);
+        form.fields[0].text = "anders.csv";
+        form.ok.click();
+    };
+    EXPECT_EQ(ask_file_name(forms, "Vorschlag.csv"), "anders.csv");
+}
+
+TEST(FileNameForm, CancelGivesNoName) {
+    FakeForms forms;
+    forms.person = [](Form& form) { form.cancel.click(); };
+    EXPECT_EQ(ask_file_name(forms, "Vorschlag.csv"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace prot

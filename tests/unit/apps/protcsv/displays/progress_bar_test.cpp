@@ -1,0 +1,70 @@
+#include "apps/protcsv/displays/progress_bar.h"
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+namespace prot {
+namespace {
+
+using namespace std::chrono_literals;
+
+class ProgressBarTest : public testing::Test {
+protected:
+    ProgressBarTest() : terminal(settings()) {}
+    TerminalSettings settings() {
+        TerminalSettings with_output;
+        with_output.output = &output;
+        return with_output;
+    }
+
+    std::ostringstream output;
+    Terminal terminal;
+    std::chrono::steady_clock::time_point now{1h};
+    int looks = 0;
+    ProgressBar bar{terminal, [this] {
+                        ++looks;
+                        return now;
+                    }};
+};
+
+TEST_F(ProgressBarTest, ShowsTheShareThatIsDone) {
+    bar.gSetFortschritt(160, 400);
+    EXPECT_EQ(output.str(), "\r[################........................] 40 %, 160 von 400");
+}
+
+TEST_F(ProgressBarTest, RedrawsAtMostEveryHundredMilliseconds) {
+    bar.gSetFortschritt(0, 1000);
+    now += 99ms;
+    output.str("");
+    bar.gSetFortschritt(160, 1000);
+    EXPECT_EQ(output.str(), "");
+    now += 1ms;
+    bar.gSetFortschritt(320, 1000);
+    EXPECT_NE(output.str(), "");
+}
+
+TEST_F(ProgressBarTest, SeldomLooksAtTheClock) {
+    for (std::int32_t i = 0; i < 1600; ++i) bar.gSetFortschritt(i, 1600);
+    EXPECT_EQ(looks, 100);
+}
+
+TEST_F(ProgressBarTest, IgnoresNumbersThatAreNoProgress) {
+    bar.gSetFortschritt(0, 0);
+    bar.gSetFortschritt(-16, 10);
+    bar.gSetFortschritt(32, 16);
+    EXPECT_EQ(output.str(), "");
+}
+
+TEST(ProgressBar, IsWipedWhenItEnds) {
+    std::ostringstream output;
+    TerminalSettings settings;
+    settings.output = &output;
+    Terminal terminal(settings);
+    { ProgressBar(terminal).gSetFortschritt(0, 2); }
+    const std::string bar = "[........................................] 0 %, 0 von 2";
+    EXPECT_EQ(output.str(), "\r" + bar + "\r" + std::string(bar.size(), ' ') + "\r");
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,129 @@
+#include "apps/protcsv/options/option_values.h"
+
+#include <optional>
+
+#include <gtest/gtest.h>
+
+#include "apps/protcsv/options/usage_error.h"
+
+namespace prot {
+namespace {
+
+/// What `parse` refuses `text` with; empty when it accepts it.
+template <typename Parse>
+std::string refusal(Parse parse) {
+    try {
+        parse();
+    } catch (const UsageError& error) {
+        return error.what();
+    }
+    return {};
+}
+
+constexpr Section sections[] = {{9, "customers", "Kunden", nullptr},
+                                {15, "exchange-rates", "Devisenkurse", nullptr}};
+
+TEST(OptionValues, ReadsDatesInBothForms) {
+    const Date expected = to_date(CivilTime{2026, 2, 1});
+    EXPECT_EQ(parse_date("2026-02-01"), expected);
+    EXPECT_EQ(parse_date("01.02.2026"), expected);
+}
+
+TEST(OptionValues, RefusesToDeleteUpToTheNullDayWhichWouldMeanNoBound) {
+    for (const char* day : {"30.12.1899", "1899-12-30"}) {
+        EXPECT_TRUE(parse_date(day).is_null());
+        EXPECT_EQ(refusal([&] { parse_last_day_of_deletion(day); }),
+                  "„" + std::string(day) + "“ ist der Nulltag; er stünde für eine Löschung ohne Grenze");
+    }
+    EXPECT_EQ(parse_last_day_of_deletion("31.12.1899"), Date{1});
+}
+
+TEST(OptionValues, RefusesWhatIsNoDay) {
+    const struct {
+        const char* text;
+        const char* why;
+    } rows[] = {
+        {"2026-02-30", "February has no 30th"},
+        {"29.02.2025", "no leap year"},
+        {"2026-13-01", "no month 13"},
+        {"0099-01-01", "before year 100"},
+        {"1.2.2026", "digits are missing"},
+        {"2026-2-1", "digits are missing"},
+        {"2026/02/01", "another separator"},
+        {"2026-02-01 ", "trailing blank"},
+        {"", "empty"},
+        {"+026-02-01", "a sign is no digit"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(refusal([&] { parse_date(row.text); }),
+                  "„" + std::string(row.text) + "“ ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ")
+            << row.why;
+}
+
+TEST(OptionValues, ReadsEvents) {
+    const struct {
+        const char* text;
+        std::int32_t mask;
+        const char* why;
+    } rows[] = {
+        {"created", 1, "one kind"},
+        {"changed", 2, "one kind"},
+        {"deleted", 4, "one kind"},
+        {"created, DELETED", 5, "blanks and letter case do not matter"},
+        {"changed,changed", 2, "twice is once"},
+        {"all", 7, "word"},
+        {"None", 0, "word"},
+        {"5", 5, "the mask itself"},
+        {"2147483647", 2147483647, "handed on as it is"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(parse_events(row.text), row.mask) << row.why;
+}
+
+TEST(OptionValues, RefusesOtherEvents) {
+    for (const char* text : {"", "made", "created,", ",created", "all,created", "-1", "2147483648", "1,2"})
+        EXPECT_EQ(
+            refusal([&] { parse_events(text); }),
+            "„" + std::string(text) +
+                "“ ist keine Liste von Ereignissen; erwartet wird created, changed, deleted (durch Komma "
+                "getrennt), all, none oder eine Zahl");
+}
+
+TEST(OptionValues, FindsASectionByNumberOrName) {
+    EXPECT_EQ(find_section("15", sections).number, 15);
+    EXPECT_EQ(find_section("Exchange-Rates", sections).number, 15);
+    EXPECT_EQ(find_section("customers", sections).number, 9);
+}
+
+TEST(OptionValues, NamesTheSectionsThatExistWhenOneDoesNot) {
+    for (const char* text : {"7", "exchange", "", "-15"})
+        EXPECT_EQ(refusal([&] { find_section(text, sections); }),
+                  "„" + std::string(text) + "“ ist kein Bereich; es gibt: 9 customers, 15 exchange-rates");
+}
+
+TEST(OptionValues, ReadsASeparator) {
+    EXPECT_EQ(parse_separator(","), ",");
+    EXPECT_EQ(parse_separator("Tab"), "\t");
+    EXPECT_EQ(parse_separator("\t"), "\t");
+    EXPECT_EQ(parse_separator("§"), "§");
+    for (const char* text : {"", ";;", "\"", "\n", "\r", "§§", "\xFF"})
+        EXPECT_NE(refusal([&] { parse_separator(text); }), "") << text;
+}
+
+TEST(OptionValues, ReadsAnEncoding) {
+    EXPECT_EQ(parse_encoding("utf-8-bom"), CsvEncoding::utf8_bom);
+    EXPECT_EQ(parse_encoding("UTF-8"), CsvEncoding::utf8);
+    EXPECT_EQ(parse_encoding("windows-1252"), CsvEncoding::windows_1252);
+    EXPECT_EQ(refusal([] { parse_encoding("latin1"); }),
+              "„latin1“ ist keine Kodierung; erwartet wird utf-8-bom, utf-8 oder windows-1252");
+}
+
+TEST(OptionValues, ReadsANumberWithinItsRange) {
+    EXPECT_EQ(parse_number("18446744073709551615", 0, UINT64_MAX), UINT64_MAX);
+    EXPECT_EQ(parse_number("1", 1, 9), 1u);
+    for (const char* text : {"", "-1", "0", "10", "1.5", "x", "18446744073709551616"})
+        EXPECT_EQ(refusal([&] { parse_number(text, 1, 9); }),
+                  "„" + std::string(text) + "“ ist keine ganze Zahl von 1 bis 9");
+}
+
+}  // namespace
+}  // namespace prot

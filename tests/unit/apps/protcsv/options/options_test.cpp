@@ -1,0 +1,226 @@
+#include "apps/protcsv/options/options.h"
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "apps/protcsv/options/option_table.h"
+#include "apps/protcsv/options/usage_error.h"
+#include "platform/automation/utf8.h"
+
+namespace prot {
+namespace {
+
+constexpr Section sections[] = {{15, "exchange-rates", "Devisenkurse", nullptr}};
+using Arguments = std::vector<std::string>;
+
+Options parse(const Arguments& arguments) { return parse_options(arguments, sections); }
+
+std::string refusal(const Arguments& arguments) {
+    try {
+        parse(arguments);
+    } catch (const UsageError& error) {
+        return error.what();
+    }
+    return {};
+}
+
+TEST(Options, ReadsAnExport) {
+    const Options options =
+        parse({"export",  "--db",        "x.db",       "--section",  "exchange-rates", "--user",
+               "O'Neil",  "--from",      "2026-01-01", "--to",       "31.12.2026",     "--events",
+               "created", "--params",    "/autostart", "--out",      "ordner",         "--sql-log",
+               "log",     "--separator", "tab",        "--encoding", "utf-8",          "--raw-cells",
+               "--plain", "--answers",   "-",          "--quiet"});
+    EXPECT_EQ(options.command, Command::export_log);
+    EXPECT_EQ(options.database, "x.db");
+    EXPECT_EQ(options.request.section, 15);
+    EXPECT_EQ(options.request.user, "O'Neil");
+    EXPECT_EQ(options.request.from, to_date(CivilTime{2026, 1, 1}));
+    EXPECT_EQ(options.request.to, to_date(CivilTime{2026, 12, 31}));
+    EXPECT_EQ(options.request.events, 1);
+    EXPECT_EQ(options.parameters, "/autostart");
+    EXPECT_EQ(options.csv.folder, "ordner");
+    EXPECT_EQ(options.csv.separator, "\t");
+    EXPECT_EQ(options.csv.encoding, CsvEncoding::utf8);
+    EXPECT_TRUE(options.csv.raw_cells);
+    EXPECT_EQ(options.statement_log, "log");
+    EXPECT_EQ(options.answers, "-");
+    EXPECT_TRUE(options.plain);
+    EXPECT_TRUE(options.quiet);
+}
+
+TEST(Options, LeavesTheDefaultsOfAnExportWithoutOptions) {
+    const Options options = parse({"export", "--db", "x.db", "--section", "15"});
+    EXPECT_EQ(options.request.user, "");
+    EXPECT_TRUE(options.request.from.is_null());
+    EXPECT_TRUE(options.request.to.is_null());
+    EXPECT_EQ(options.request.events, 7);
+    EXPECT_FALSE(options.plain);
+    EXPECT_EQ(options.parameters, "");
+    EXPECT_EQ(options.csv.folder, "");
+    EXPECT_EQ(options.csv.separator, ";");
+    EXPECT_EQ(options.csv.encoding, CsvEncoding::utf8_bom);
+    EXPECT_FALSE(options.csv.raw_cells);
+    EXPECT_EQ(options.answers, std::nullopt);
+    EXPECT_FALSE(options.quiet);
+    EXPECT_FALSE(options.yes);
+}
+
+TEST(Options, TakesAParameterTextVerbatim) {
+    for (const char* text : {"[a,b]", "/autostart", "{}", "%%", "a b", "=x", "-x", "Ü\"'"}) {
+        EXPECT_EQ(parse({"export", "--db", "x", "--section", "15", "--params", text}).parameters, text);
+        EXPECT_EQ(
+            parse({"export", "--db", "x", "--section", "15", "--params=" + std::string(text)}).parameters,
+            text);
+    }
+}
+
+TEST(Options, TakesAnEmptyValueInBothSpellings) {
+    EXPECT_EQ(parse({"export", "--db", "x", "--section", "15", "--user", ""}).request.user, "");
+    EXPECT_EQ(parse({"export", "--user=", "--db", "x", "--section", "15"}).request.user, "");
+}
+
+TEST(Options, ReadsADeletionWithTheOptionsOfAnExport) {
+    const Options options = parse({"delete", "--db", "x", "--section", "15", "--yes", "--out", "ordner"});
+    EXPECT_EQ(options.command, Command::delete_log);
+    EXPECT_TRUE(options.yes);
+}
+
+TEST(Options, ReadsAnUnattendedRun) {
+    const Options options = parse({"run", "--db", "x", "--params", "/sektion:15/autostart"});
+    EXPECT_EQ(options.command, Command::run);
+    EXPECT_EQ(options.parameters, "/sektion:15/autostart");
+}
+
+TEST(Options, ReadsTheSampleCommand) {
+    const Options options = parse({"sample", "sections", "--seed", "7", "--rows", "100", "--overwrite"});
+    EXPECT_EQ(options.command, Command::sample);
+    EXPECT_EQ(options.sample_file, "sections");
+    EXPECT_EQ(options.sample.seed, 7u);
+    EXPECT_EQ(options.sample.rows, 100);
+    EXPECT_TRUE(options.overwrite);
+    EXPECT_FALSE(options.sample.section);
+    EXPECT_EQ(parse({"sample", "x", "--section", "exchange-rates"}).sample.section, 15);
+    EXPECT_EQ(parse({"sample", "--", "--db"}).sample_file, "--db");
+}
+
+TEST(Options, AnswersAWrongUseWithOneGermanLine) {
+    const struct {
+        Arguments arguments;
+        const char* line;
+        const char* why;
+    } rows[] = {
+        {{"exprot", "--db", "x"},
+         "„exprot“ ist kein Befehl; es gibt: export, delete, run, sample, sections (Hilfe: protcsv --help)",
+         "unknown command"},
+        {{"--", "--quiet"},
+         "die Option --quiet gibt es vor dem Befehl nicht (Hilfe: protcsv --help)",
+         "no command"},
+        {{"--"},
+         "es fehlt ein Befehl; es gibt: export, delete, run, sample, sections (Hilfe: protcsv --help)",
+         "no command"},
+        {{"--db", "x", "export", "--section", "15"},
+         "die Option --db gibt es vor dem Befehl nicht (Hilfe: protcsv --help)",
+         "option before the command"},
+        {{"export", "--foo=3", "--db", "x", "--section", "15"},
+         "die Option --foo gibt es bei export nicht (Hilfe: protcsv export --help)",
+         "unknown option"},
+        {{"export", "-q", "--db", "x", "--section", "15"},
+         "die Option -q gibt es bei export nicht (Hilfe: protcsv export --help)",
+         "unknown short option"},
+        {{"run", "--section", "15", "--db", "x", "--params", "y"},
+         "die Option --section gibt es bei run nicht (Hilfe: protcsv run --help)",
+         "option of another command"},
+        {{"export", "--db", "x", "--section", "15", "noch"},
+         "überzähliges Argument „noch“ (Hilfe: protcsv export --help)",
+         "extra argument"},
+        {{"sections", "sample"},
+         "überzähliges Argument „sample“ (Hilfe: protcsv sections --help)",
+         "two commands"},
+        {{"export", "--section", "15", "--db"},
+         "--db braucht einen Wert: --db ZIEL (Hilfe: protcsv export --help)",
+         "no value at the end"},
+        {{"export", "--db", "--section", "15"},
+         "--db braucht einen Wert: --db ZIEL (Hilfe: protcsv export --help)",
+         "an option in the value's place"},
+        {{"export", "--db", "x", "--section", "15", "--quiet=1"},
+         "--quiet nimmt keinen Wert (Hilfe: protcsv export --help)",
+         "flag with a value"},
+        {{"export", "--section", "15"}, "--db fehlt (Hilfe: protcsv export --help)", "required option"},
+        {{"export", "--db", "x"}, "--section fehlt (Hilfe: protcsv export --help)", "required option"},
+        {{"run", "--db", "x"}, "--params fehlt (Hilfe: protcsv run --help)", "required option"},
+        {{"sample"}, "DATEI fehlt (Hilfe: protcsv sample --help)", "required argument"},
+        {{"export", "--db", "x", "--db", "y", "--section", "15"},
+         "--db ist mehrfach angegeben (Hilfe: protcsv export --help)",
+         "option given twice"},
+        {{"export", "--db", "x", "--section", "15", "--quiet", "--quiet"},
+         "--quiet ist mehrfach angegeben (Hilfe: protcsv export --help)",
+         "flag given twice"},
+        {{"export", "--db", "", "--section", "15"},
+         "--db: der Wert darf nicht leer sein (Hilfe: protcsv export --help)",
+         "empty path"},
+        {{"export", "--db", "odbc:DSN=x", "--section", "15"},
+         "--db: „odbc:“ wird von dieser Fassung nicht unterstützt (Hilfe: protcsv export --help)",
+         "no ODBC yet"},
+        {{"export", "--db", "x", "--section", "7"},
+         "--section: „7“ ist kein Bereich; es gibt: 15 exchange-rates (Hilfe: protcsv export --help)",
+         "unknown section"},
+        {{"export", "--db", "x", "--section", "15", "--to", "31.11.2026"},
+         "--to: „31.11.2026“ ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ (Hilfe: protcsv export "
+         "--help)",
+         "no such day"},
+        {{"export", "--db", "x", "--section", "15", "--user", "\xFF"},
+         "--user: der Wert ist kein gültiges UTF-8 (Hilfe: protcsv export --help)",
+         "not UTF-8"},
+        {{"sample", "x", "--seed", "-1"},
+         "--seed: „-1“ ist keine ganze Zahl von 0 bis 18446744073709551615 (Hilfe: protcsv sample --help)",
+         "negative seed"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(refusal(row.arguments), row.line) << row.why;
+}
+
+TEST(Options, ShowsTheVersion) { EXPECT_EQ(parse({"--version"}).text, "protcsv 1.0.0\n"); }
+
+/// All help texts: the program's own and one for each command.
+std::vector<std::string> help_texts() {
+    std::vector<std::string> texts = {parse({"--help"}).text};
+    for (const CommandRow& row : command_table()) texts.push_back(parse({std::string(row.name), "-h"}).text);
+    return texts;
+}
+
+TEST(Options, ShowsHelpWithinEightyColumns) {
+    for (const std::string& text : help_texts()) {
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(decode_utf8(line).size(), 80u) << line;
+    }
+}
+
+TEST(Options, ShowsNoEnglishCaptionInAnyHelp) {
+    for (const std::string& text : help_texts()) {
+        EXPECT_NE(text.find("\n\nAufruf: protcsv "), std::string::npos) << text;
+        for (const char* word :
+             {"Usage", "OPTION", "Options", "Positional", "Subcommand", "SUBCOMMAND", "REQUIRED", "TEXT ..."})
+            EXPECT_EQ(text.find(word), std::string::npos) << word << " in\n" << text;
+    }
+}
+
+TEST(Options, ShowsAnExampleForEveryCommand) {
+    for (const CommandRow& row : command_table())
+        EXPECT_NE(parse({std::string(row.name), "--help"}).text.find("\n  protcsv " + std::string(row.name)),
+                  std::string::npos);
+}
+
+TEST(Options, ShowsTheHelpOfACommandBeforeWhatIsMissing) {
+    EXPECT_EQ(parse({"sections", "--help"}).text,
+              "Zeigt die Bereiche, die es gibt\n\n"
+              "Aufruf: protcsv sections\n\n"
+              "Allgemein:\n"
+              "  -h,--help             zeigt diese Hilfe\n\n"
+              "Beispiel:\n"
+              "  protcsv sections\n");
+    EXPECT_EQ(parse({"export", "--help"}).command, Command::show_text);
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,117 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/unit/platform/portable/csv/csv_file_writer_fixture.h"
+
+namespace prot {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+using CsvFileWriterFailures = CsvFileWriterTest;
+
+// Files that fail at the step of a given number, counted over create, write and complete, and from then on.
+class FailingFiles : public FileLayer {
+public:
+    explicit FailingFiles(int failing_step) : steps_left_(failing_step) {}
+
+    void make_folder(const fs::path& folder) override { system_files().make_folder(folder); }
+    std::unique_ptr<PendingFile> prepare(const fs::path& target) override {
+        return std::make_unique<File>(*this, target);
+    }
+    bool failed() const { return steps_left_ < 0; }
+
+private:
+    class File : public PendingFile {
+    public:
+        File(FailingFiles& files, const fs::path& target)
+            : files_(files), target_(target), file_(system_files().prepare(target)) {}
+        const fs::path& temporary_path() const override { return file_->temporary_path(); }
+        void create() override { step(), file_->create(); }
+        void write(std::string_view bytes) override { step(), file_->write(bytes); }
+        void complete() override { step(), file_->complete(); }
+        void discard() noexcept override { file_->discard(); }
+
+    private:
+        void step() {
+            if (--files_.steps_left_ < 0) throw file_error(target_, "abgezogen");
+        }
+        FailingFiles& files_;
+        fs::path target_;
+        std::unique_ptr<PendingFile> file_;
+    };
+
+    int steps_left_;
+};
+
+TEST_F(CsvFileWriterFailures, RefusesANameThatHoldsANul) {
+    CsvFileWriter writer(options(), host);
+    std::string name = "a\0.csv"s;
+    EXPECT_THAT(error_of([&] { writer.open(name, false); }), HasSubstr("Nullzeichen"));
+    EXPECT_EQ(folder.entries(), 0U);
+}
+
+TEST_F(CsvFileWriterFailures, RefusesAFolderForAFile) {
+    CsvFileWriter writer(options(), host);
+    for (std::string name : {"", ".", "..", "sub/"}) {
+        fs::create_directory(folder / "sub");
+        EXPECT_THAT(error_of([&] { writer.open(name, false); }), HasSubstr("ist ein Ordner")) << name;
+    }
+    EXPECT_THAT(host.told, IsEmpty());
+}
+
+TEST_F(CsvFileWriterFailures, FailsAtOpenBelowAFile) {
+    write_file(folder / "file", "whole");
+    CsvFileOptions below = options();
+    below.folder = folder / "file";
+    CsvFileWriter writer(below, host);
+    std::string name = "a.csv";
+    EXPECT_THAT(error_of([&] { writer.open(name, false); }),
+                StartsWith("Der Ordner „" + path_text(below.folder)));
+    EXPECT_EQ(content_of(folder / "file"), "whole");
+}
+
+TEST_F(CsvFileWriterFailures, FailsAtOpenInAMissingFolderOfAnAbsoluteName) {
+    CsvFileWriter writer(options(), host);
+    std::string name = path_text(folder / "no" / "a.csv");
+    EXPECT_THAT(error_of([&] { writer.open(name, false); }), HasSubstr(name));
+    EXPECT_THAT(host.told, ElementsAre("unfinished file", "no unfinished file"));
+}
+
+TEST_F(CsvFileWriterFailures, NeedsAnOpenFile) {
+    CsvFileWriter writer(options(), host);
+    EXPECT_THAT(error_of([&] { write(writer, {"x"}); }), HasSubstr("nicht geöffnet"));
+    EXPECT_THAT(error_of([&] { writer.close(); }), HasSubstr("nicht geöffnet"));
+}
+
+TEST_F(CsvFileWriterFailures, LeavesTheEarlierFileWholeWhicheverStepFails) {
+    const std::string big(300'000, 'x');
+    for (int step = 0;; ++step) {
+        write_file(folder / "a.csv", "earlier");
+        FailingFiles files(step);
+        CsvFileWriter writer(options(), host, files);
+        std::string name = "a.csv";
+        const std::string error = error_of([&] {
+            writer.open(name, false);
+            for (int line = 0; line < 3; ++line) write(writer, {big});
+            writer.close();
+        });
+        if (!files.failed()) {
+            EXPECT_EQ(step, 6) << "create, three full buffers, the rest, complete";
+            break;
+        }
+        EXPECT_THAT(error, HasSubstr(path_text(folder / "a.csv"))) << step;
+        EXPECT_EQ(content_of(folder / "a.csv"), "earlier") << step;
+        EXPECT_EQ(folder.entries(), 1U) << step;
+        EXPECT_EQ(host.told.back(), "no unfinished file") << step;
+    }
+    EXPECT_EQ(content_of(folder / "a.csv").size(), 3U * (big.size() + 2));
+}
+
+}  // namespace
+}  // namespace prot

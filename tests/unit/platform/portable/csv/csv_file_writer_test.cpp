@@ -1,0 +1,216 @@
+#include "platform/portable/csv/csv_file_writer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/unit/platform/portable/csv/csv_file_writer_fixture.h"
+
+namespace prot {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+
+TEST_F(CsvFileWriterTest, WritesAFileWithAByteOrderMarkByDefault) {
+    CsvFileOptions defaults;
+    defaults.folder = folder.path();
+    CsvFileWriter writer(defaults, host);
+    EXPECT_EQ(open(writer, "a.csv"), "a.csv");
+    write(writer, {"Währung", "=1", "a;b"});
+    write(writer, {"-1,5", "", ""});
+    writer.close();
+    EXPECT_EQ(content_of(folder / "a.csv"), "\xEF\xBB\xBFWährung;'=1;\"a;b\"\r\n-1,5;;\r\n");
+    EXPECT_THAT(host.told, ElementsAre("unfinished file", "no unfinished file",
+                                       "finished " + path_text(folder / "a.csv")));
+}
+
+TEST_F(CsvFileWriterTest, WritesTheOptionsThatItIsGiven) {
+    CsvFileOptions raw = options();
+    raw.separator = '\t';
+    raw.raw_cells = true;
+    CsvFileWriter writer(raw, host);
+    open(writer, "a.csv");
+    write(writer, {"=1", "a\tb", "c;d"});
+    writer.close();
+    EXPECT_EQ(content_of(folder / "a.csv"), "=1\t\"a\tb\"\tc;d\r\n");
+}
+
+TEST_F(CsvFileWriterTest, NeverReplacesAFileThatTheRunItselfNeeds) {
+    write_file(folder / "firma.db", "wichtig");
+    CsvFileOptions careful = options();
+    careful.never_replaced = {folder / "missing.db", folder / "firma.db"};
+    CsvFileWriter writer(careful, host);
+    for (const char* name : {"firma.db", "../"}) {
+        std::string file_name = name;
+        EXPECT_THROW(writer.open(file_name, false), AutomationError) << name;
+    }
+    EXPECT_EQ(content_of(folder / "firma.db"), "wichtig");
+    EXPECT_EQ(open(writer, "a.csv"), "a.csv");
+}
+
+TEST_F(CsvFileWriterTest, LeavesTheEarlierFileUntilClose) {
+    write_file(folder / "a.csv", "earlier");
+    CsvFileWriter writer(options(), host);
+    open(writer, "a.csv");
+    write(writer, {"new"});
+    EXPECT_EQ(content_of(folder / "a.csv"), "earlier");
+    EXPECT_EQ(folder.entries(), 2U);
+    writer.close();
+    EXPECT_EQ(content_of(folder / "a.csv"), "new\r\n");
+    EXPECT_EQ(folder.entries(), 1U);
+}
+
+TEST_F(CsvFileWriterTest, LeavesNothingWhenDestroyedBeforeClose) {
+    {
+        CsvFileWriter writer(options(), host);
+        open(writer, "a.csv");
+        write(writer, {"x"});
+    }
+    EXPECT_EQ(folder.entries(), 0U);
+    EXPECT_THAT(host.told, ElementsAre("unfinished file", "no unfinished file"));
+}
+
+TEST_F(CsvFileWriterTest, GivesUpAnUnfinishedFileAtTheNextOpen) {
+    CsvFileWriter writer(options(), host);
+    open(writer, "a.csv");
+    write(writer, {"x"});
+    open(writer, "b.csv");
+    write(writer, {"y"});
+    writer.close();
+    EXPECT_EQ(folder.entries(), 1U);
+    EXPECT_EQ(content_of(folder / "b.csv"), "y\r\n");
+}
+
+TEST_F(CsvFileWriterTest, WritesOneFileAfterAnother) {
+    CsvFileWriter writer(options(), host);
+    for (const char* name : {"a.csv", "b.csv", "a.csv"}) {
+        open(writer, name);
+        write(writer, {name});
+        writer.close();
+    }
+    EXPECT_EQ(content_of(folder / "a.csv"), "a.csv\r\n");
+    EXPECT_EQ(content_of(folder / "b.csv"), "b.csv\r\n");
+}
+
+TEST_F(CsvFileWriterTest, MakesTheFolderOnlyAtOpen) {
+    CsvFileOptions deep = options();
+    deep.folder = folder / "x" / "y";
+    CsvFileWriter writer(deep, host);
+    EXPECT_EQ(folder.entries(), 0U);
+    open(writer, "a.csv");
+    writer.close();
+    EXPECT_EQ(content_of(folder / "x" / "y" / "a.csv"), "");
+}
+
+TEST_F(CsvFileWriterTest, TakesAnAbsoluteNameAsItStandsAndMakesNoFolder) {
+    CsvFileOptions elsewhere = options();
+    elsewhere.folder = folder / "unused";
+    CsvFileWriter writer(elsewhere, host);
+    open(writer, path_text(folder / "a.csv"));
+    writer.close();
+    EXPECT_TRUE(fs::exists(folder / "a.csv"));
+    EXPECT_FALSE(fs::exists(folder / "unused"));
+}
+
+TEST_F(CsvFileWriterTest, TellsThePathInItsShortestForm) {
+    CsvFileOptions winding = options();
+    winding.folder = folder / "." / "x" / ".." / ".";
+    fs::create_directory(folder / "x");
+    CsvFileWriter writer(winding, host);
+    open(writer, "./a.csv");
+    writer.close();
+    EXPECT_EQ(host.told.back(), "finished " + path_text(folder / "a.csv"));
+}
+
+TEST_F(CsvFileWriterTest, TellsOnlyTheNameInTheCurrentFolder) {
+    fs::current_path(folder.path());
+    for (const char* current : {"", ".", "./"}) {
+        CsvFileOptions here = options();
+        here.folder = current;
+        CsvFileWriter writer(here, host);
+        open(writer, "a.csv");
+        writer.close();
+        EXPECT_EQ(host.told.back(), "finished a.csv");
+    }
+    fs::current_path(fs::temp_directory_path());
+}
+
+TEST_F(CsvFileWriterTest, WritesUnderTheNameThatThePersonChooses) {
+    host.choice = "mine.csv";
+    CsvFileWriter writer(options(), host);
+    EXPECT_EQ(open(writer, "a.csv", true), "mine.csv");
+    writer.close();
+    EXPECT_TRUE(fs::exists(folder / "mine.csv"));
+    EXPECT_EQ(host.told.front(), "ask a.csv");
+}
+
+TEST_F(CsvFileWriterTest, TakesTheSuggestionForAnEmptyChoice) {
+    host.choice = "";
+    CsvFileWriter writer(options(), host);
+    EXPECT_EQ(open(writer, "a.csv", true), "a.csv");
+    writer.close();
+    EXPECT_TRUE(fs::exists(folder / "a.csv"));
+}
+
+TEST_F(CsvFileWriterTest, OpensNothingWhenThePersonCancels) {
+    CsvFileOptions deep = options();
+    deep.folder = folder / "x";
+    CsvFileWriter writer(deep, host);
+    std::string name = "a.csv";
+    EXPECT_FALSE(writer.open(name, true));
+    EXPECT_EQ(name, "a.csv");
+    EXPECT_EQ(folder.entries(), 0U);
+    EXPECT_THAT(host.told, ElementsAre("ask a.csv"));
+}
+
+TEST_F(CsvFileWriterTest, ShowsTheFinishedFileAndNoOther) {
+    CsvFileWriter writer(options(), host);
+    writer.show();
+    open(writer, "a.csv");
+    writer.show();
+    writer.close();
+    host.told.clear();
+    writer.show();
+    EXPECT_THAT(host.told, ElementsAre("show " + path_text(folder / "a.csv")));
+}
+
+TEST_F(CsvFileWriterTest, TellsOncePerFileThatCharactersWereReplaced) {
+    CsvFileWriter writer(options(CsvEncoding::windows_1252), host);
+    open(writer, "a.csv");
+    write(writer, {"Łódź", "Ł"});
+    write(writer, {"Ł"});
+    writer.close();
+    EXPECT_EQ(content_of(folder / "a.csv"),
+              "?\xF3"
+              "d?;?\r\n?\r\n");
+    EXPECT_EQ(std::count(host.told.begin(), host.told.end(), "replaced " + path_text(folder / "a.csv")), 1);
+    host.told.clear();
+    open(writer, "b.csv");
+    write(writer, {"ä"});
+    writer.close();
+    EXPECT_THAT(host.told, ElementsAre("unfinished file", "no unfinished file",
+                                       "finished " + path_text(folder / "b.csv")));
+}
+
+TEST_F(CsvFileWriterTest, WritesLinesAndCellsLargerThanItsBuffer) {
+    CsvFileWriter writer(options(), host);
+    open(writer, "a.csv");
+    std::string expected;
+    const std::string huge(5'000'000, 'x');
+    for (int i = 0; i < 100'000; ++i) {
+        const std::string number = std::to_string(i);
+        write(writer, {number, "ä"});
+        expected += number + ";ä\r\n";
+        if (i == 50'000) {
+            write(writer, {huge, huge});
+            expected += huge + ";" + huge + "\r\n";
+        }
+    }
+    writer.close();
+    EXPECT_TRUE(content_of(folder / "a.csv") == expected);
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,83 @@
+#include "platform/portable/help/help_topics.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/portable/files/program_folder.h"
+#include "tests/unit/support/temporary_folder.h"
+
+namespace prot {
+namespace {
+
+class HelpTopicsTest : public testing::Test {
+protected:
+    HelpTopicsTest() {
+        std::filesystem::create_directory(folder_ / "hilfe");
+        write("kurse.html", "<html><body><p>Alles über Kurse und Währungen.</p></body></html>");
+    }
+
+    void write(const char* name, const std::string& content) {
+        write_file(folder_ / "hilfe" / name, content);
+    }
+    void write_map(const std::string& page) {
+        write("karte.xml",
+              R"(<hilfe><thema id="HID_ANDERES" seite="anderes.html"/><thema id="HID_KURSE" seite=")" + page +
+                  R"("/></hilfe>)");
+    }
+
+    TemporaryFolder folder_;
+    HelpTopics topics_{folder_ / "hilfe"};
+};
+
+TEST_F(HelpTopicsTest, FindsThePageOfATopicAndItsText) {
+    write_map("kurse.html");
+    EXPECT_EQ(topics_.page("karte.xml", "HID_KURSE"), folder_ / "hilfe" / "kurse.html");
+    EXPECT_EQ(topics_.text("karte.xml", "HID_KURSE"), "Alles über Kurse und Währungen.\n");
+    EXPECT_EQ(topics_.text("karte.xml", "HID_KURSE", 20), "Alles über Kurse und\nWährungen.\n");
+}
+
+TEST_F(HelpTopicsTest, KnowsNothingOfWhatIsMissing) {
+    EXPECT_FALSE(topics_.text("karte.xml", "HID_KURSE")) << "no map";
+    write_map("kurse.html");
+    EXPECT_FALSE(topics_.page("karte.xml", "HID_KEINES")) << "no row";
+    EXPECT_FALSE(topics_.page("karte.xml", "hid_kurse")) << "an id of other letter case is another";
+    EXPECT_FALSE(topics_.page("karte.xml", "")) << "no id";
+    EXPECT_FALSE(topics_.page("karte.xml", "HID_ANDERES")) << "no page";
+    EXPECT_FALSE(HelpTopics(std::filesystem::path()).page("karte.xml", "HID_KURSE")) << "no folder";
+}
+
+TEST_F(HelpTopicsTest, KnowsNothingOfWhatIsNoXml) {
+    write_map("kurse.html");
+    write("kurse.html", "<html><body><p>Kurse</body></html>");
+    EXPECT_TRUE(topics_.page("karte.xml", "HID_KURSE")) << "a browser may still show it";
+    EXPECT_FALSE(topics_.text("karte.xml", "HID_KURSE")) << "the page";
+    write("karte.xml", R"(<hilfe><thema id="HID_KURSE" seite="kurse.html"/>)");
+    EXPECT_FALSE(topics_.page("karte.xml", "HID_KURSE")) << "the map";
+}
+
+TEST_F(HelpTopicsTest, NeverLeavesItsFolder) {
+    const std::string page = content_of(folder_ / "hilfe" / "kurse.html");
+    write_file(folder_ / "aussen.html", page);
+    std::filesystem::create_directory(folder_ / "hilfe" / "innen");
+    write("innen/kurse.html", page);
+    const std::string outside = (folder_ / "aussen.html").generic_string();
+    for (const std::string& name : {outside, std::string("../aussen.html"), std::string("innen/kurse.html"),
+                                    std::string("./kurse.html"), std::string("..\\aussen.html"),
+                                    std::string("C:kurse.html"), std::string(".."), std::string(".")}) {
+        write_map(name);
+        EXPECT_FALSE(topics_.page("karte.xml", "HID_KURSE")) << name;
+    }
+    write_map("kurse.html");
+    std::filesystem::rename(folder_ / "hilfe" / "karte.xml", folder_ / "karte.xml");
+    EXPECT_FALSE(topics_.page("../karte.xml", "HID_KURSE")) << "a map outside";
+}
+
+TEST(ProgramFolder, HoldsTheRunningProgram) {
+    std::size_t own = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(program_folder()))
+        if (entry.path().stem() == "platform_portable_test") ++own;
+    EXPECT_GE(own, 1u);
+    EXPECT_EQ(HelpTopics::beside_program().folder(), program_folder() / "hilfe");
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,212 @@
+#include "platform/portable/sqlite/sqlite_database.h"
+
+#include <gmock/gmock.h>
+
+#include "platform/portable/tsql/tsql_refusal.h"
+#include "tests/unit/platform/portable/sqlite/sqlite_fixture.h"
+
+namespace prot {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr std::uint32_t base = 0x80040000;
+
+class SqliteDatabaseTest : public SqliteFixture {
+protected:
+    SqliteDatabaseTest() {
+        write(
+            "CREATE TABLE T (id INTEGER PRIMARY KEY, name TEXT COLLATE NOCASE, exact TEXT, amount REAL, "
+            "made DATETIME, noted timestamp(3), data BLOB);"
+            "INSERT INTO T VALUES (1, 'Müller', 'A', 1.5, '2026-01-02 03:04:05', '2026-01-02', x'C3A4'),"
+            "(2, 'meier', 'a', NULL, 'bald', NULL, NULL)");
+    }
+};
+
+TEST_F(SqliteDatabaseTest, DeliversEachStorageClassAndDatesAsDates) {
+    const RowSet rows = open()->query_array("SELECT * FROM T ORDER BY id");
+    ASSERT_EQ(rows.rows(), 2U);
+    ASSERT_EQ(rows.columns(), 7U);
+    EXPECT_EQ(rows.at(0, 0).integer(), 1);
+    EXPECT_EQ(rows.at(1, 0).text(), "Müller");
+    EXPECT_EQ(rows.at(3, 0).real(), 1.5);
+    EXPECT_EQ(to_text(rows.at(4, 0).date()), "02.01.2026 03:04:05");
+    EXPECT_EQ(to_text(rows.at(5, 0).date()), "02.01.2026");
+    EXPECT_EQ(rows.at(6, 0).text(), "ä") << "a blob's bytes";
+    EXPECT_TRUE(rows.at(3, 1).is_null());
+    EXPECT_EQ(rows.at(4, 1).text(), "bald") << "no date, so it stays a text";
+}
+
+TEST_F(SqliteDatabaseTest, GivesTheFirstValueOrNull) {
+    const auto database = open();
+    EXPECT_EQ(database->query_value("SELECT name, id FROM T ORDER BY id"), Value("Müller"));
+    EXPECT_EQ(database->query_value("SELECT COUNT(*) FROM T"), Value(std::int64_t{2}));
+    EXPECT_EQ(database->query_value("SELECT made FROM T WHERE id = 1"),
+              Value(to_date("02.01.2026 03:04:05")));
+    EXPECT_TRUE(is_null(database->query_value("SELECT name FROM T WHERE id = 3")));
+    EXPECT_TRUE(is_null(database->query_value("SELECT amount FROM T WHERE id = 2")));
+}
+
+TEST_F(SqliteDatabaseTest, GivesNoRowsWhenNoneIsFound) {
+    EXPECT_TRUE(open()->query_array("SELECT * FROM T WHERE id = 3").empty());
+}
+
+TEST_F(SqliteDatabaseTest, ComparesAsTheColumnsDeclare) {
+    const auto database = open();
+    EXPECT_THAT(lines(database->query_array("SELECT id FROM T WHERE name = 'MEIER'")), ElementsAre("2"));
+    EXPECT_THAT(lines(database->query_array("SELECT id FROM T WHERE exact = 'a'")), ElementsAre("2"));
+    EXPECT_THAT(lines(database->query_array("SELECT id FROM T WHERE id = '2'")), ElementsAre("2"));
+    EXPECT_THAT(lines(database->query_array("SELECT id FROM T WHERE name LIKE 'M_LLER'")), ElementsAre("1"))
+        << "the underscore is one character, not one byte";
+}
+
+TEST_F(SqliteDatabaseTest, UsesOneShapeForManyValues) {
+    const auto database = open();
+    for (std::int64_t id = 1; id <= 2; ++id)
+        EXPECT_EQ(database->query_value("SELECT id FROM T WHERE id = " + std::to_string(id)), Value(id));
+    EXPECT_EQ(database->query_value("SELECT id FROM T WHERE name LIKE 'mei%'"), Value(std::int64_t{2}));
+    EXPECT_EQ(database->query_value("SELECT id FROM T WHERE name LIKE 'M%r'"), Value(std::int64_t{1}));
+}
+
+TEST_F(SqliteDatabaseTest, WritesDateLiterals) {
+    const auto database = open();
+    EXPECT_EQ(database->date_literal(to_date("02.01.2026 03:04:05")), "'2026-01-02 03:04:05'");
+    EXPECT_EQ(database->date_literal(to_date("02.01.2026")), "'2026-01-02 00:00:00'");
+    EXPECT_EQ(database->date_literal(Date{1.0 + 0.4 / 86400}), "'1899-12-31 00:00:00'") << "nearest second";
+    EXPECT_EQ(database->date_literal(Date{1.0 + 0.6 / 86400}), "'1899-12-31 00:00:01'") << "nearest second";
+    EXPECT_EQ(database->date_literal(Date{2.0 - 0.4 / 86400}), "'1900-01-01 00:00:00'")
+        << "into the next day";
+    EXPECT_EQ(database->query_value("SELECT id FROM T WHERE made >= " +
+                                    database->date_literal(to_date("02.01.2026 03:04:05")) + " AND id = 1"),
+              Value(std::int64_t{1}));
+    EXPECT_EQ(database->like_wildcard(), "%");
+}
+
+TEST_F(SqliteDatabaseTest, ReportsSqlitesErrorWithTheStatement) {
+    const AutomationError error = error_of([&] { open()->query_value("SELECT a FROM tX"); });
+    EXPECT_EQ(static_cast<std::uint32_t>(error.number()), base + SQLITE_ERROR);
+    EXPECT_EQ(error.source(), "SQLite");
+    EXPECT_EQ(error.description(), "Die Tabelle „tX“ gibt es nicht. Anweisung: SELECT a FROM tX");
+}
+
+TEST_F(SqliteDatabaseTest, TakesNoUnknownNameForAText) {
+    const auto database = open();
+    for (const char* sql : {"SELECT nothing FROM T", "SELECT \"nothing\" FROM T", "SELECT [nothing] FROM T",
+                            "SELECT id FROM T WHERE name = \"nothing\""})
+        EXPECT_THAT(error_of([&] { database->query_array(sql); }).description(),
+                    HasSubstr("Die Spalte „nothing“ gibt es nicht"))
+            << sql;
+}
+
+TEST_F(SqliteDatabaseTest, RunsNothingOfABatchThatItDoesNotUnderstand) {
+    const auto database = open(SqliteAccess::read_write);
+    EXPECT_EQ(error_of([&] { database->execute("DELETE T WHERE id = 1; UPDATE T SET id = 2"); }).number(),
+              statement_refused);
+    EXPECT_EQ(database->query_value("SELECT COUNT(*) FROM T"), Value(std::int64_t{2}));
+}
+
+TEST_F(SqliteDatabaseTest, EndsAUserNameWithAnApostropheAsErrorAndDeletesNothing) {
+    const auto database = open(SqliteAccess::read_write);
+    for (const char* sql :
+         {"DELETE T WHERE name = 'O'Brien' AND id = 1", "DELETE T WHERE name = 'O'B'rien' AND id = 1",
+          "DELETE T WHERE name = 'x' ' AND id = '1'"})
+        EXPECT_EQ(error_of([&] { database->execute(sql); }).number(), statement_refused) << sql;
+    EXPECT_EQ(database->query_value("SELECT COUNT(*) FROM T"), Value(std::int64_t{2}));
+}
+
+TEST_F(SqliteDatabaseTest, TakesExactlyOneSelectAsAQuery) {
+    const auto database = open(SqliteAccess::read_write);
+    for (const char* sql :
+         {"SELECT 1; SELECT 2", "DELETE T", "SELECT id INTO #t FROM T", "DROP TABLE IF EXISTS #t"}) {
+        EXPECT_EQ(error_of([&] { database->query_value(sql); }).number(), statement_refused) << sql;
+        EXPECT_EQ(error_of([&] { database->query_array(sql); }).number(), statement_refused) << sql;
+    }
+    EXPECT_EQ(database->query_value("SELECT COUNT(*) FROM T"), Value(std::int64_t{2}));
+}
+
+TEST_F(SqliteDatabaseTest, DeletesOnlyWithWriteAccess) {
+    EXPECT_EQ(
+        static_cast<std::uint32_t>(error_of([&] { open()->execute("DELETE T WHERE id = 1"); }).number()),
+        base + SQLITE_READONLY);
+    open(SqliteAccess::read_write)->execute("DELETE T WHERE id = 1");
+    EXPECT_THAT(lines(open()->query_array("SELECT id FROM T")), ElementsAre("2"));
+}
+
+TEST_F(SqliteDatabaseTest, TreatsALockAsAnErrorOfTheStatementOnly) {
+    const auto database = open(SqliteAccess::read_write);
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(path().c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const AutomationError error = error_of([&] { database->execute("DELETE T"); });
+    EXPECT_EQ(static_cast<std::uint32_t>(error.number()), base + SQLITE_BUSY);
+    sqlite3_close(other);
+    EXPECT_NO_THROW(database->require_connection());
+    EXPECT_NO_THROW(database->execute("DELETE T"));
+}
+
+TEST_F(SqliteDatabaseTest, AnswersEverythingWithTheErrorOfAFailedConnection) {
+    std::string filler;
+    for (int i = 0; i < 200; ++i) filler += "INSERT INTO U VALUES (hex(randomblob(500)));";
+    write("CREATE TABLE U (a);" + filler);
+    const auto database = open();
+    const auto size = static_cast<std::size_t>(std::filesystem::file_size(path()));
+    std::fstream file(path(), std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(4096 * 3);  // the schema and the first pages stay whole
+    file << std::string(size - 4096 * 3, '\xFF');
+    file.close();
+
+    EXPECT_NO_THROW(database->require_connection());
+    const AutomationError first = error_of([&] { database->query_array("SELECT * FROM U"); });
+    EXPECT_EQ(static_cast<std::uint32_t>(first.number()) & 0xFFU, std::uint32_t{SQLITE_CORRUPT});
+    for (const AutomationError& later : {error_of([&] { database->query_value("SELECT 1"); }),
+                                         error_of([&] { database->query_array("nonsense"); }),
+                                         error_of([&] { database->execute("DROP TABLE IF EXISTS #t"); }),
+                                         error_of([&] { database->require_connection(); })}) {
+        EXPECT_EQ(later.number(), first.number());
+        EXPECT_EQ(later.description(), first.description());
+    }
+}
+
+TEST(SqliteConnectionInformation, NamesTheFileAsServer) {
+    const auto information = sqlite_connection_information("some/folder/Prüfung.db");
+    std::array<std::string, 10> expected;
+    expected[9] = "Prüfung.db";
+    EXPECT_EQ(information->fields(1206), expected);
+    EXPECT_THAT(information->fields(1207)[9], IsEmpty());
+}
+
+TEST_F(SqliteDatabaseTest, LookupsSeeOneStateAndHoldWritersOff) {
+    write("CREATE TABLE Stand (a); INSERT INTO Stand VALUES (1)");
+    const auto database = open();
+    sqlite3* writer = nullptr;
+    ASSERT_EQ(sqlite3_open(path().c_str(), &writer), SQLITE_OK);
+    const auto change = [&] {
+        return sqlite3_exec(writer, "UPDATE Stand SET a = a + 1", nullptr, nullptr, nullptr);
+    };
+    database->begin_lookups();
+    EXPECT_EQ(database->query_value("SELECT a FROM Stand"), Value(std::int64_t{1}));
+    EXPECT_EQ(change(), SQLITE_BUSY);
+    EXPECT_EQ(database->query_value("SELECT a FROM Stand"), Value(std::int64_t{1}));
+    database->end_lookups();
+    EXPECT_EQ(change(), SQLITE_OK);
+    EXPECT_EQ(database->query_value("SELECT a FROM Stand"), Value(std::int64_t{2}));
+    sqlite3_close(writer);
+}
+
+TEST_F(SqliteDatabaseTest, LookupsDoNotBeginInALockedDatabase) {
+    write("CREATE TABLE Stand (a)");
+    const auto database = open();
+    sqlite3* writer = nullptr;
+    ASSERT_EQ(sqlite3_open(path().c_str(), &writer), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(writer, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_EQ(error_of([&] { database->begin_lookups(); }).description(),
+              "Die Datenbank ist gesperrt, ein anderes Programm schreibt gerade hinein");
+    sqlite3_close(writer);
+    EXPECT_NO_THROW(database->begin_lookups());
+    database->end_lookups();
+}
+
+}  // namespace
+}  // namespace prot

@@ -1,0 +1,114 @@
+#include "platform/portable/terminal/terminal.h"
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+namespace prot {
+namespace {
+
+struct Talk {
+    std::ostringstream output;
+    std::istringstream keyboard;
+
+    Terminal without_input() { return Terminal(settings()); }
+    Terminal with_answers(std::string answers) {
+        TerminalSettings prepared = settings();
+        prepared.answers = std::move(answers);
+        return Terminal(prepared);
+    }
+    Terminal with_keyboard(const std::string& typed) {
+        keyboard.str(typed);
+        TerminalSettings person = settings();
+        person.keyboard = &keyboard;
+        return Terminal(person);
+    }
+
+private:
+    TerminalSettings settings() {
+        TerminalSettings plain;
+        plain.program = "prog";
+        plain.output = &output;
+        plain.refusal = "Niemand da.";
+        return plain;
+    }
+};
+
+TEST(Terminal, WritesCrLfAsLf) {
+    Talk talk;
+    talk.without_input().write("eins\r\nzwei\n");
+    EXPECT_EQ(talk.output.str(), "eins\nzwei\n");
+}
+
+TEST(Terminal, SplitsAnswersAtLineFeedsSoThatAFinalOneIsFollowedByAnEmptyAnswer) {
+    Talk talk;
+    Terminal terminal = talk.with_answers(
+        "\xEF\xBB\xBF"
+        "EUR\r\nUSD\n");
+    EXPECT_EQ(terminal.ask("a", "1"), "EUR");
+    EXPECT_EQ(terminal.ask("b", "2"), "USD");
+    EXPECT_EQ(terminal.ask("c", "3"), "");
+    EXPECT_EQ(talk.output.str(), "a [1]: EUR\nb [2]: USD\nc [3]: \n");
+    EXPECT_EQ(terminal.outcome(), Outcome::done);
+}
+
+TEST(Terminal, CancelsWithTheQuestionWhenTheAnswersRunOut) {
+    Talk talk;
+    Terminal terminal = talk.with_answers("EUR");
+    terminal.ask("von", "AUD");
+    EXPECT_EQ(terminal.ask("bis", "ZAR"), std::nullopt);
+    EXPECT_EQ(talk.output.str(),
+              "von [AUD]: EUR\n"
+              "prog: Auf die Frage „bis“ gab es keine Antwort; der Lauf ist abgebrochen.\n");
+    EXPECT_EQ(terminal.outcome(), Outcome::cancelled);
+}
+
+TEST(Terminal, CancelsAtTheEndOfTheKeyboardsInput) {
+    Talk talk;
+    Terminal terminal = talk.with_keyboard("EUR\n");
+    EXPECT_EQ(terminal.ask("von", "AUD"), "EUR");
+    EXPECT_EQ(terminal.ask("bis", "ZAR"), std::nullopt);
+    EXPECT_EQ(talk.output.str(), "von [AUD]: bis [ZAR]: \n");
+    EXPECT_EQ(terminal.outcome(), Outcome::cancelled);
+}
+
+TEST(Terminal, RefusesOnceWhenNobodyCanAnswer) {
+    Talk talk;
+    Terminal terminal = talk.without_input();
+    EXPECT_FALSE(terminal.require_input());
+    EXPECT_EQ(terminal.ask("von", "AUD"), std::nullopt);
+    EXPECT_EQ(talk.output.str(), "prog: Niemand da.\n");
+    EXPECT_EQ(terminal.outcome(), Outcome::refused);
+}
+
+TEST(Terminal, NeverAnswersAPersonsQuestionFromPreparedAnswers) {
+    Talk talk;
+    Terminal terminal = talk.with_answers("ja\n");
+    EXPECT_EQ(terminal.ask_person("Löschen? "), std::nullopt);
+    EXPECT_EQ(talk.output.str(), "");
+}
+
+TEST(Terminal, WipesTheStatusLineBeforeAnyOtherText) {
+    Talk talk;
+    Terminal terminal = talk.without_input();
+    terminal.show_status("12345");
+    terminal.show_status("123");
+    terminal.write("Text\n");
+    terminal.write("mehr\n");
+    EXPECT_EQ(talk.output.str(), "\r12345\r123  \r     \rText\nmehr\n");
+}
+
+TEST(Terminal, KeepsTheOutcomeOfHighestPrecedence) {
+    Talk talk;
+    Terminal terminal = talk.without_input();
+    terminal.note(Outcome::cancelled);
+    terminal.note(Outcome::failed);
+    terminal.note(Outcome::cancelled);
+    EXPECT_EQ(terminal.outcome(), Outcome::failed);
+    terminal.note(Outcome::refused);
+    terminal.note(Outcome::failed);
+    EXPECT_EQ(terminal.outcome(), Outcome::refused);
+}
+
+}  // namespace
+}  // namespace prot
