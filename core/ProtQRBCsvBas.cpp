@@ -70,16 +70,17 @@ std::vector<std::string> line_of(std::size_t cells) { return std::vector<std::st
 
 }  // namespace
 
-std::string_view gsXMLGetValue(XmlSelect& oXML, std::string_view sPath) try {
-    const std::string_view value = oXML.value(sPath);
+std::string_view gsXMLGetValue(ChangeDocumentReader& oXML, std::int32_t column, ColumnPart part) try {
+    const std::string_view value = oXML.part(column, part);
     return value == "NULL" ? std::string_view() : value;
 } catch (...) {
     leave(owner, "gsXMLGetValue");
 }
 
-std::unique_ptr<XmlSelect> create_change_document_reader(Environment& environment) {
-    return with_failing_command(create_reader_command,
-                                [&environment] { return environment.components.create_xml_select(); });
+std::unique_ptr<ChangeDocumentReader> create_change_document_reader(Environment& environment) {
+    return with_failing_command(create_reader_command, [&environment] {
+        return environment.components.create_change_document_reader();
+    });
 }
 
 std::string log_table(Database& oDBU, std::int32_t lSection) {

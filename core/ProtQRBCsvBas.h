@@ -7,9 +7,9 @@
 
 #include "core/run.h"
 #include "platform/automation/date.h"
+#include "platform/change_document_reader.h"
 #include "platform/database.h"
 #include "platform/environment.h"
-#include "platform/xml_select.h"
 
 /// The module that all section exporters share: the statement over the log, the deletion, the lookups, the
 /// file names.
@@ -18,12 +18,12 @@ namespace prot {
 /// What a lookup answers when it cannot determine a value.
 inline constexpr std::string_view undefined = "_UNDEFINIERT_";
 
-/// The value at `sPath`; the value "NULL" reads as the empty text. Every value of a change document is read
-/// here. Valid until the next value is read.
-std::string_view gsXMLGetValue(XmlSelect& oXML, std::string_view sPath);
+/// A part of a changed column; the value "NULL" reads as the empty text. Every value of a change document is
+/// read here. Valid until the next value is read.
+std::string_view gsXMLGetValue(ChangeDocumentReader& oXML, std::int32_t column, ColumnPart part);
 
-/// Creates the XML reader of change documents; a failure is reported with the failing command.
-std::unique_ptr<XmlSelect> create_change_document_reader(Environment& environment);
+/// Creates the reader of change documents; a failure is reported with the failing command.
+std::unique_ptr<ChangeDocumentReader> create_change_document_reader(Environment& environment);
 
 /// The log table of a section, such as tProtokoll; empty when the section is unknown.
 std::string log_table(Database& oDBU, std::int32_t lSection);

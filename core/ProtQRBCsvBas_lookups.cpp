@@ -22,7 +22,7 @@ std::string old_value(const std::string& document, std::string_view sSpalte, Run
     const auto oXML = create_change_document_reader(run.environment);
     if (!oXML->load(document)) return std::string(undefined);
     // Read directly: the text NULL stays here.
-    return std::string(oXML->value("//Cols/Col[@Name=\"" + std::string(sSpalte) + "\"]/OldValue"));
+    return std::string(oXML->old_value_of(sSpalte));
 }
 
 std::string log_search(std::string_view sTabelle, std::string_view sSchluessel, std::string_view condition,

@@ -5,13 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "platform/change_document_reader.h"
 #include "platform/environment.h"
-#include "platform/xml_select.h"
 
 namespace prot {
 
 /// The change document of a log record: the changed columns with their old and new values, in document order.
-/// One object reads one document after another; the XML reader is made for the first that is not empty.
+/// One object reads one document after another; the reader is made for the first that is not empty.
 class ChangeDocument {
 public:
     explicit ChangeDocument(Environment& environment) : environment_(environment) {}
@@ -27,17 +27,16 @@ public:
     std::string_view select(std::int32_t index);
 
     /// The values of the selected column; each is valid until the next value is read.
-    std::string_view old_value() { return value("OldValue"); }
-    std::string_view new_value() { return value("NewValue"); }
+    std::string_view old_value() { return value(ColumnPart::old_value); }
+    std::string_view new_value() { return value(ColumnPart::new_value); }
 
 private:
-    std::string_view value(std::string_view step);
+    std::string_view value(ColumnPart part);
 
     Environment& environment_;
-    std::unique_ptr<XmlSelect> oXML_;
+    std::unique_ptr<ChangeDocumentReader> oXML;
     std::int32_t columns_ = 0;
-    std::string path_;  // "//Cols/Col[i]/" and the last step asked for
-    std::size_t prefix_size_ = 0;
+    std::int32_t selected_ = 0;
     std::string name_;
 };
 

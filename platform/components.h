@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "platform/change_document_reader.h"
 #include "platform/csv_writer.h"
 #include "platform/error_display.h"
 #include "platform/help_display.h"
-#include "platform/xml_select.h"
 
 namespace prot {
 
@@ -14,7 +14,7 @@ class Components {
 public:
     virtual ~Components() = default;
     virtual std::unique_ptr<CsvWriter> create_csv_writer() = 0;
-    virtual std::unique_ptr<XmlSelect> create_xml_select() = 0;
+    virtual std::unique_ptr<ChangeDocumentReader> create_change_document_reader() = 0;
     virtual std::unique_ptr<ErrorDisplay> create_error_display() = 0;
     virtual std::unique_ptr<HelpDisplay> create_help_display() = 0;
 };

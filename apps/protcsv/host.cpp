@@ -5,7 +5,7 @@
 #include "platform/portable/sqlite/sqlite_database.h"
 #include "platform/portable/terminal/terminal_error_display.h"
 #include "platform/portable/terminal/terminal_help_display.h"
-#include "platform/portable/xml/pugi_xml_select.h"
+#include "platform/portable/xml/pugi_document_reader.h"
 
 namespace prot {
 
@@ -29,7 +29,9 @@ Environment Host::environment() {
 
 std::unique_ptr<CsvWriter> Host::create_csv_writer() { return std::make_unique<CsvFileWriter>(csv_, *this); }
 
-std::unique_ptr<XmlSelect> Host::create_xml_select() { return create_pugi_xml_select(); }
+std::unique_ptr<ChangeDocumentReader> Host::create_change_document_reader() {
+    return create_pugi_document_reader();
+}
 
 std::unique_ptr<ErrorDisplay> Host::create_error_display() {
     if (full_screen_) return full_screen_->create_error_display();

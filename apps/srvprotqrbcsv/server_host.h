@@ -38,7 +38,7 @@ public:
 
 private:
     std::unique_ptr<CsvWriter> create_csv_writer() override;
-    std::unique_ptr<XmlSelect> create_xml_select() override;
+    std::unique_ptr<ChangeDocumentReader> create_change_document_reader() override;
     std::unique_ptr<ErrorDisplay> create_error_display() override;
     std::unique_ptr<HelpDisplay> create_help_display() override;
 

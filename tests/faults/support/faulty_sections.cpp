@@ -39,7 +39,9 @@ private:
     std::unique_ptr<CsvWriter> create_csv_writer() override {
         return std::make_unique<CsvFileWriter>(current->csv, dynamic_cast<CsvFileHost&>(host_), files_);
     }
-    std::unique_ptr<XmlSelect> create_xml_select() override { return host_.create_xml_select(); }
+    std::unique_ptr<ChangeDocumentReader> create_change_document_reader() override {
+        return host_.create_change_document_reader();
+    }
     std::unique_ptr<ErrorDisplay> create_error_display() override { return host_.create_error_display(); }
     std::unique_ptr<HelpDisplay> create_help_display() override { return host_.create_help_display(); }
 

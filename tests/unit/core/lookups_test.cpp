@@ -65,14 +65,14 @@ TEST_F(ValueByDate, IsTheLiveValueOfARowThatNeverChanged) {
     oDBU.answers[live] = {{std::int64_t{10020030}}};
     EXPECT_EQ(value(), "10020030");
     EXPECT_EQ(oDBU.statements, (std::vector<std::string>{"value: " + later_change, "array: " + live}));
-    EXPECT_EQ(host.xml_readers_created, 0);
+    EXPECT_EQ(host.readers_created, 0);
 }
 
 TEST_F(ValueByDate, ReadsAnEmptyDocumentAsNoChange) {
     oDBU.answers[later_change] = {{std::string()}};
     oDBU.answers[live] = {{Value()}};
     EXPECT_EQ(value(), "") << "a null live value is the empty text";
-    EXPECT_EQ(host.xml_readers_created, 0);
+    EXPECT_EQ(host.readers_created, 0);
 }
 
 TEST_F(ValueByDate, IsTheDeletionsOldValueOfARowDeletedSince) {
@@ -98,7 +98,7 @@ TEST_F(ValueByDate, IsUndefinedWhenTheLiveRowHasNoColumn) {
 
 TEST_F(ValueByDate, IsUndefinedWhenTheXmlReaderIsMissing) {
     oDBU.answers[later_change] = {{std::string("doc")}};
-    host.xml_failure = AutomationError(429, "COM", "fehlt");
+    host.reader_failure = AutomationError(429, "COM", "fehlt");
     EXPECT_EQ(value(), "_UNDEFINIERT_");
 }
 
@@ -199,11 +199,11 @@ TEST_F(UserInfo, RaisesAnErrorWithItsName) {
 }
 
 TEST(XmlValue, ReadsTheTextNullAsEmpty) {
-    const test::FakeXmlSelect::Documents documents = {{"doc", {{"a", "NULL", "null"}}}};
-    test::FakeXmlSelect oXML(documents);
+    const test::FakeDocumentReader::Documents documents = {{"doc", {{"a", "NULL", "null"}}}};
+    test::FakeDocumentReader oXML(documents);
     oXML.load("doc");
-    EXPECT_EQ(gsXMLGetValue(oXML, "//Cols/Col[0]/OldValue"), "");
-    EXPECT_EQ(gsXMLGetValue(oXML, "//Cols/Col[0]/NewValue"), "null");
+    EXPECT_EQ(gsXMLGetValue(oXML, 0, ColumnPart::old_value), "");
+    EXPECT_EQ(gsXMLGetValue(oXML, 0, ColumnPart::new_value), "null");
 }
 
 }  // namespace

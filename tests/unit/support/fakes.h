@@ -98,32 +98,30 @@ private:
     WrittenFiles::File* file_ = nullptr;
 };
 
-/// An XML reader that knows prepared documents by their text; any other text does not load.
-class FakeXmlSelect : public XmlSelect {
+/// A reader that knows prepared documents by their text; any other text does not load.
+class FakeDocumentReader : public ChangeDocumentReader {
 public:
     struct Column {
         std::string name, old_value, new_value;
     };
     using Documents = std::map<std::string, std::vector<Column>, std::less<>>;
 
-    explicit FakeXmlSelect(const Documents& documents) : documents_(documents) {}
+    explicit FakeDocumentReader(const Documents& documents) : documents_(documents) {}
     bool load(std::string_view document) override {
         const auto found = documents_.find(document);
         loaded_ = found == documents_.end() ? nullptr : &found->second;
         return loaded_ != nullptr;
     }
-    std::int32_t count(std::string_view path) override {
-        return path == "//Cols" ? static_cast<std::int32_t>(loaded_->size()) : 0;
+    std::int32_t columns() const override { return static_cast<std::int32_t>(loaded_->size()); }
+    std::string_view part(std::int32_t index, ColumnPart part) override {
+        const Column& column = loaded_->at(static_cast<std::size_t>(index));
+        return part == ColumnPart::name        ? column.name
+               : part == ColumnPart::old_value ? column.old_value
+                                               : column.new_value;
     }
-    std::string_view value(std::string_view path) override {
-        for (std::size_t i = 0; i < loaded_->size(); ++i) {
-            const Column& column = (*loaded_)[i];
-            const std::string prefix = "//Cols/Col[" + std::to_string(i) + "]/";
-            if (path == prefix + "attribute(\"Name\")") return column.name;
-            if (path == prefix + "OldValue") return column.old_value;
-            if (path == prefix + "NewValue") return column.new_value;
-            if (path == "//Cols/Col[@Name=\"" + column.name + "\"]/OldValue") return column.old_value;
-        }
+    std::string_view old_value_of(std::string_view name) override {
+        for (const Column& column : *loaded_)
+            if (column.name == name) return column.old_value;
         return {};
     }
 
@@ -179,9 +177,9 @@ class FakeHost : public Components,
                  public ExportNotices {
 public:
     WrittenFiles written;
-    FakeXmlSelect::Documents documents;
-    int xml_readers_created = 0;
-    std::optional<AutomationError> xml_failure, error_display_failure, help_failure;
+    FakeDocumentReader::Documents documents;
+    int readers_created = 0;
+    std::optional<AutomationError> reader_failure, error_display_failure, help_failure;
     std::vector<ShownError> errors;
     std::vector<std::string> help_topics;
     std::vector<ShownBox> boxes;
@@ -202,10 +200,10 @@ public:
     std::unique_ptr<CsvWriter> create_csv_writer() override {
         return std::make_unique<FakeCsvWriter>(written);
     }
-    std::unique_ptr<XmlSelect> create_xml_select() override {
-        if (xml_failure) throw *xml_failure;
-        ++xml_readers_created;
-        return std::make_unique<FakeXmlSelect>(documents);
+    std::unique_ptr<ChangeDocumentReader> create_change_document_reader() override {
+        if (reader_failure) throw *reader_failure;
+        ++readers_created;
+        return std::make_unique<FakeDocumentReader>(documents);
     }
     std::unique_ptr<ErrorDisplay> create_error_display() override {
         if (error_display_failure) throw *error_display_failure;

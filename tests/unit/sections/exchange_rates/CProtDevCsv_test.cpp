@@ -207,7 +207,7 @@ TEST_F(RateExport, TellsFieldsWithoutCaptionAndDocumentsThatDoNotLoad) {
 TEST_F(RateExport, EmptyDocumentsNeedNoXmlReader) {
     log({log_row(1, "")});
     run();
-    EXPECT_EQ(host.xml_readers_created, 0);
+    EXPECT_EQ(host.readers_created, 0);
 }
 
 TEST_F(RateExport, WritesARecordWithoutDateWithAnEmptyDate) {
@@ -303,7 +303,7 @@ TEST_F(RateExport, BothLookupsReportUnderOneName) {
 
 TEST_F(RateExport, ReportsAMissingXmlReaderWithTheFailingCommand) {
     log({log_row(1, "two")});
-    host.xml_failure = AutomationError(429, "COM", "Objekterstellung nicht möglich");
+    host.reader_failure = AutomationError(429, "COM", "Objekterstellung nicht möglich");
     EXPECT_EQ(error_of_run().description(),
               "Objekterstellung nicht möglich\r\nFehler beim Zugriff auf die srvZQXml.dll\r\n"
               "Set oXML = New srvZQXml.DOMSelectClass");
