@@ -63,13 +63,10 @@ std::string PROT_gsGetValueByDate(std::string_view sTabelle, std::string_view sS
                                   std::string_view sSchluesselSpalte, std::string_view sSchluessel,
                                   Date dtDatum, Run& run) try {
     if (sSchluessel == undefined) return std::string(undefined);
-    const std::string& key = run.memory.key({sTabelle, sSpalte, sSchluesselSpalte, sSchluessel});
-    if (const auto known = run.memory.values_by_date.find(key);
-        known != run.memory.values_by_date.end() && known->second.answers(dtDatum))
-        return known->second.value;
+    const ValueKey key{sTabelle, sSpalte, sSchluesselSpalte, sSchluessel};
+    if (std::optional<std::string> known = run.memory.values.find(key, dtDatum)) return *std::move(known);
     const auto remember = [&](std::string value, bool no_later_change) {
-        run.memory.values_by_date.insert_or_assign(
-            key, LookupMemory::ValueByDate{dtDatum, value, no_later_change});
+        run.memory.values.remember(key, dtDatum, value, no_later_change);
         return value;
     };
 
@@ -94,9 +91,7 @@ std::string PROT_gsGetValueByDate(std::string_view sTabelle, std::string_view sS
 
 std::string_view PROT_gsGetFieldDescription(std::string_view sTabelle, std::string_view sSpalte,
                                             Run& run) try {
-    const std::string& key = run.memory.key({sTabelle, sSpalte});
-    if (const auto known = run.memory.captions.find(key); known != run.memory.captions.end())
-        return known->second;
+    if (const std::string* const known = run.memory.captions.find({sTabelle, sSpalte})) return *known;
     const Value caption = run.oDBU.query_value(
         std::string("SELECT tSysQuvoColumns.dmDescription "
                     "FROM   tSysQuvoColumns INNER JOIN "
@@ -106,9 +101,8 @@ std::string_view PROT_gsGetFieldDescription(std::string_view sTabelle, std::stri
             .append("' AND   tSysQuvoColumns.dcColumnName = '")
             .append(sSpalte)
             .append("'"));
-    const auto answer =
-        run.memory.captions.emplace(key, is_null(caption) ? std::string(undefined) : to_text(caption)).first;
-    return answer->second;
+    return run.memory.captions.remember({sTabelle, sSpalte},
+                                        is_null(caption) ? std::string(undefined) : to_text(caption));
 } catch (...) {
     end_with_notice(run.environment);
     return undefined;

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <utility>
 
 #include "core/ProtQRBCsvBas.h"
-#include "core/change_document.h"
 #include "core/event_names.h"
 
 namespace prot {
@@ -32,20 +32,35 @@ private:
     Database& oDBU_;
 };
 
-/// The host's number for row `index`; the largest there is for rows beyond it.
-std::int32_t row_number(const RowSet& rows, std::size_t index) {
-    constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::min(rows.first_row() + static_cast<std::int64_t>(index), largest));
-}
+/// Tells a parent how far the records are, in the host's own numbers; the largest there is stands for those
+/// beyond.
+class RecordProgress {
+public:
+    RecordProgress(ProgressParent* parent, const RowSource& rows, LineRules::ProgressEnd end)
+        : parent_(parent), next_(rows.first_number()), end_(number(end_of(rows, end))) {}
+
+    void begin_record() {
+        if (parent_) parent_->gSetFortschritt(number(next_), end_);
+        ++next_;
+    }
+
+private:
+    static std::int64_t end_of(const RowSource& rows, LineRules::ProgressEnd end) {
+        const std::int64_t behind_last = rows.first_number() + rows.count();
+        if (end == LineRules::ProgressEnd::row_count) return behind_last;
+        return std::max<std::int64_t>(behind_last - 1, 1);
+    }
+    static std::int32_t number(std::int64_t wanted) {
+        constexpr std::int64_t largest = std::numeric_limits<std::int32_t>::max();
+        return static_cast<std::int32_t>(std::min(wanted, largest));
+    }
+
+    ProgressParent* parent_;
+    std::int64_t next_;
+    std::int32_t end_;
+};
 
 }  // namespace
-
-std::string_view caption_or_empty(std::string_view field, std::string_view table, Run& run) {
-    const std::string_view caption = PROT_gsGetFieldDescription(table, field, run);
-    if (!caption.empty() && caption != undefined) return caption;
-    run.environment.notices.field_without_caption(table, field);
-    return {};
-}
 
 std::string csv_file_name(std::string_view word, std::string_view psCommandline, Environment& environment) {
     std::string name = "Prot_" + std::string(word);
@@ -61,20 +76,23 @@ void report_no_data(const std::string& file_name, std::string_view psCommandline
         gWriteCSVAutoStartOhneDaten(file_name, psCommandline, no_data, environment);
 }
 
-ExportFrame::ExportFrame(Run& run, ProgressParent* poParent, std::size_t cells)
-    : run_(run), poParent_(poParent), first_common_(cells - common_captions.size()), line_(cells) {}
+ExportFrame::ExportFrame(Run& run, ProgressParent* poParent, SectionLines& section, const FileHead& head)
+    : run_(run),
+      poParent_(poParent),
+      section_(section),
+      rules_(section.rules()),
+      head_(head),
+      line_(head.captions.size() + common_captions.size()) {}
 
-bool ExportFrame::write_file(CsvWriter& writer, bool ask_user, std::string& file_name,
-                             std::string_view filter_text, std::span<const std::string_view> leading_captions,
-                             const RowSet& rows, SectionLines& section) {
-    rows.require_columns(log_columns);
+bool ExportFrame::write_file(CsvWriter& writer, bool ask_user, std::string& file_name, RowSource& rows) {
+    rows.require_log_columns();
     ScreenPointer& pointer = run_.environment.screen_pointer;
     pointer.set(Pointer::standard);
     if (!writer.open(file_name, ask_user)) return false;
     pointer.set(Pointer::hourglass);
     if (poParent_) poParent_->gRefresh();
-    write_head(writer, filter_text, leading_captions);
-    write_records(writer, rows, section);
+    write_head(writer);
+    write_records(writer, rows);
     // A caption lookup answers a failed statement with no caption; a lost connection must not pass for a
     // short file.
     run_.oDBU.require_connection();
@@ -83,35 +101,42 @@ bool ExportFrame::write_file(CsvWriter& writer, bool ask_user, std::string& file
     return true;
 }
 
-void ExportFrame::write_head(CsvWriter& writer, std::string_view filter_text,
-                             std::span<const std::string_view> leading_captions) {
+void ExportFrame::write_head(CsvWriter& writer) {
     line_.clear();
-    line_[0] = filter_text;
+    line_[0] = head_.filter_text;
     writer.write_line(line_.cells());
     line_.clear();
-    for (std::size_t i = 0; i < leading_captions.size(); ++i) line_[i] = leading_captions[i];
-    for (std::size_t i = 0; i < common_captions.size(); ++i) line_[first_common_ + i] = common_captions[i];
+    std::size_t index = 0;
+    for (const std::string_view caption : head_.captions) line_[index++] = caption;
+    for (const std::string_view caption : common_captions) line_[index++] = caption;
     writer.write_line(line_.cells());
 }
 
-void ExportFrame::write_records(CsvWriter& writer, const RowSet& rows, SectionLines& section) {
+void ExportFrame::write_records(CsvWriter& writer, RowSource& rows) {
     const Lookups lookups(run_.oDBU);
     ChangeDocument document(run_.environment);
-    for (std::size_t i = 0; i < rows.rows(); ++i) {
-        if (poParent_) poParent_->gSetFortschritt(row_number(rows, i), row_number(rows, rows.rows()));
-        const LogRow row(rows, i);
-        line_.clear();
-        if (!section.describe_record(row, line_)) continue;
-        fill_common_cells(row);
-        switch (document.load(row.text(LogColumn::dmData, scratch_))) {
-            case ChangeDocument::Loaded::yes:
-                write_fields(writer, row, document, section);
-                break;
-            case ChangeDocument::Loaded::empty:
-                break;
-            case ChangeDocument::Loaded::unreadable:
-                run_.environment.notices.unreadable_document(row.id());
-        }
+    RecordProgress progress(poParent_, rows, rules_.progress_end);
+    while (const LogRow* const row = rows.next()) {
+        progress.begin_record();
+        write_record(writer, *row, document);
+    }
+}
+
+void ExportFrame::write_record(CsvWriter& writer, const LogRow& row, ChangeDocument& document) {
+    using Description = LineRules::Description;
+    line_.clear();
+    if (rules_.described == Description::first && !section_.describe_record(row, line_)) return;
+    fill_common_cells(row);
+    if (rules_.described == Description::behind_common_cells && !section_.describe_record(row, line_)) return;
+    if (rules_.only_dated && !row.has_moment()) return;
+    switch (document.load(row.text(LogColumn::dmData, scratch_))) {
+        case ChangeDocument::Loaded::yes:
+            write_fields(writer, row, document);
+            break;
+        case ChangeDocument::Loaded::empty:
+            break;
+        case ChangeDocument::Loaded::unreadable:
+            run_.environment.notices.unreadable_document(row.id());
     }
 }
 
@@ -126,19 +151,34 @@ void ExportFrame::fill_common_cells(const LogRow& row) {
     fill(cell(CommonCell::application), LogColumn::dcApplication);
 }
 
-void ExportFrame::write_fields(CsvWriter& writer, const LogRow& row, ChangeDocument& document,
-                               SectionLines& section) {
+void ExportFrame::write_fields(CsvWriter& writer, const LogRow& row, ChangeDocument& document) {
     const std::string_view table = row.text(LogColumn::dcTable, scratch_);
+    bool described = rules_.described != LineRules::Description::with_first_line;
     for (std::int32_t i = 0; i < document.columns(); ++i) {
-        const std::string_view field = document.select(i);
-        const std::string_view caption = section.caption(field, table, row);
+        const ChangedField field{document.select(i), table, row};
+        const std::string_view caption = section_.caption(field);
         if (caption.empty()) continue;
         cell(CommonCell::field) = caption;
+        if (!described && !section_.describe_record(row, line_)) return;
+        described = true;
         cell(CommonCell::old_value) = document.old_value();
         cell(CommonCell::new_value) = document.new_value();
-        section.translate_values(field, table, row, line_);
+        // Both marks are resolved before either value is translated.
+        auto marked_old = section_.marked_old_value(field, cell(CommonCell::old_value));
+        auto marked_new = section_.marked_new_value(field, cell(CommonCell::new_value));
+        fill_value(CommonCell::old_value, field, std::move(marked_old));
+        fill_value(CommonCell::new_value, field, std::move(marked_new));
         writer.write_line(line_.cells());
     }
+}
+
+void ExportFrame::fill_value(CommonCell which, const ChangedField& field, std::optional<std::string> marked) {
+    std::string& value = cell(which);
+    if (marked) value = *std::move(marked);
+    if (value.empty())
+        value = rules_.empty_value;
+    else if (std::string text = section_.translated_value(field, value); !text.empty())
+        value = std::move(text);
 }
 
 }  // namespace prot

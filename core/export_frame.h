@@ -2,12 +2,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "core/change_document.h"
+#include "core/changed_field.h"
 #include "core/csv_line.h"
-#include "core/log_row.h"
+#include "core/row_source.h"
 #include "core/run.h"
 #include "platform/csv_writer.h"
 #include "platform/progress_parent.h"
@@ -30,36 +33,45 @@ enum class CommonCell : std::size_t {
 
 inline constexpr std::size_t common_cells = 9;
 
+/// Where the sections' rules about their lines differ.
+struct LineRules {
+    enum class Description { first, behind_common_cells, with_first_line };
+    enum class ProgressEnd { row_count, last_row };
+
+    Description described = Description::first;         ///< when a record is described
+    std::string_view empty_value{};                     ///< stands for an empty old or new value
+    bool only_dated = false;                            ///< a record without moment has no line
+    ProgressEnd progress_end = ProgressEnd::row_count;  ///< what the host's progress counts up to
+};
+
 /// What a section adds to the lines of its file.
 class SectionLines {
 public:
     virtual ~SectionLines() = default;
+
+    virtual LineRules rules() const { return {}; }
 
     /// Fills the cells before the common ones, the same for all lines of the record. False: the record has no
     /// line.
     virtual bool describe_record(const LogRow& row, CsvLine& line) = 0;
 
     /// The caption of a changed field; empty when the field gets no line. Valid until the next call.
-    virtual std::string_view caption(std::string_view field, std::string_view table, const LogRow& row) = 0;
+    virtual std::string_view caption(const ChangedField& field) = 0;
 
-    /// Replaces old and new value, which stand in the line as logged, by what a reader understands.
-    virtual void translate_values(std::string_view field, std::string_view table, const LogRow& row,
-                                  CsvLine& line) = 0;
-};
-
-/// Replaces the old and the new value, each where it is not empty, by what `translate` answers for it; an
-/// empty answer leaves the value as logged. leading: how many cells stand before the common ones.
-template <class Translate>
-void translate_both(CsvLine& line, std::size_t leading, Translate translate) {
-    for (const CommonCell which : {CommonCell::old_value, CommonCell::new_value}) {
-        std::string& value = line[leading + static_cast<std::size_t>(which)];
-        if (value.empty()) continue;
-        if (std::string text = translate(std::string_view(value)); !text.empty()) value = std::move(text);
+    /// The old value that a logged mark stands for, likewise the new one; nothing when the logged value is no
+    /// mark.
+    virtual std::optional<std::string> marked_old_value(const ChangedField& /*field*/,
+                                                        std::string_view /*logged*/) {
+        return std::nullopt;
     }
-}
+    virtual std::optional<std::string> marked_new_value(const ChangedField& /*field*/,
+                                                        std::string_view /*logged*/) {
+        return std::nullopt;
+    }
 
-/// The caption of a field by the field descriptions; empty without one, and then the notices hear of it.
-std::string_view caption_or_empty(std::string_view field, std::string_view table, Run& run);
+    /// What a reader understands by a value, which is not empty; empty when it stays as it is.
+    virtual std::string translated_value(const ChangedField& field, std::string_view value) = 0;
+};
 
 /// "Prot_" and the section's word, then the time stamp only in batch mode, then ".csv".
 std::string csv_file_name(std::string_view word, std::string_view psCommandline, Environment& environment);
@@ -68,33 +80,38 @@ std::string csv_file_name(std::string_view word, std::string_view psCommandline,
 void report_no_data(const std::string& file_name, std::string_view psCommandline, BoxStyle style,
                     Environment& environment);
 
-/// One file of a section. cells: how many a line has; the last nine are the common ones.
+/// The two lines above all others.
+struct FileHead {
+    std::string_view filter_text;                ///< alone in line 1
+    std::span<const std::string_view> captions;  ///< of the cells before the common ones
+};
+
+/// One file of a section.
 class ExportFrame {
 public:
-    ExportFrame(Run& run, ProgressParent* poParent, std::size_t cells);
+    ExportFrame(Run& run, ProgressParent* poParent, SectionLines& section, const FileHead& head);
 
-    /// Opens the file, writes the filter text alone in a line, the header, and the lines of all records, and
-    /// closes it. ask_user: the person may change file_name. False when the person cancels; then nothing is
-    /// written. Rows that lack a column of the log: automation error 9, before a file is opened.
-    bool write_file(CsvWriter& writer, bool ask_user, std::string& file_name, std::string_view filter_text,
-                    std::span<const std::string_view> leading_captions, const RowSet& rows,
-                    SectionLines& section);
-
-    /// The index of a common cell in the line.
-    std::size_t index(CommonCell cell) const { return first_common_ + static_cast<std::size_t>(cell); }
+    /// Opens the file, writes its head and the lines of all records, and closes it. ask_user: the person may
+    /// change file_name. False when the person cancels; then nothing is written. Rows that lack a column of
+    /// the log: automation error 9, before a file is opened.
+    bool write_file(CsvWriter& writer, bool ask_user, std::string& file_name, RowSource& rows);
 
 private:
-    void write_head(CsvWriter& writer, std::string_view filter_text,
-                    std::span<const std::string_view> leading_captions);
-    void write_records(CsvWriter& writer, const RowSet& rows, SectionLines& section);
+    void write_head(CsvWriter& writer);
+    void write_records(CsvWriter& writer, RowSource& rows);
+    void write_record(CsvWriter& writer, const LogRow& row, ChangeDocument& document);
     void fill_common_cells(const LogRow& row);
-    void write_fields(CsvWriter& writer, const LogRow& row, class ChangeDocument& document,
-                      SectionLines& section);
-    std::string& cell(CommonCell which) { return line_[index(which)]; }
+    void write_fields(CsvWriter& writer, const LogRow& row, ChangeDocument& document);
+    void fill_value(CommonCell which, const ChangedField& field, std::optional<std::string> marked);
+    std::string& cell(CommonCell which) {
+        return line_[head_.captions.size() + static_cast<std::size_t>(which)];
+    }
 
     Run& run_;
     ProgressParent* poParent_;
-    std::size_t first_common_;
+    SectionLines& section_;
+    const LineRules rules_;
+    const FileHead head_;
     CsvLine line_;
     std::string scratch_;
 };

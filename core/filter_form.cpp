@@ -2,6 +2,7 @@
 
 #include "core/ZQErrorHandling.h"
 #include "core/help.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot {
 
@@ -9,13 +10,24 @@ namespace {
 constexpr int filter_form_setup = 1000;
 }  // namespace
 
+bool FilterForm::gbGetFilter(Database& oDBU, std::string& sCommandline) try {
+    const bool ready = accepted(oDBU, sCommandline);
+    if (ready) sFilter_ = take_over(!sCommandline.empty());
+    Form_Unload();
+    return ready;
+} catch (...) {
+    fail("gbGetFilter");
+    Form_Unload();
+    return false;
+}
+
 bool FilterForm::accepted(Database& oDBU, std::string& sCommandline) {
     environment_.screen_pointer.set(Pointer::standard);
     accepted_ = failed_ = false;
     oDBU_ = &oDBU;
     form_ = described_form();
     Form_Load();
-    fill(oDBU);
+    fill();
     if (failed_) return false;
     if (!sCommandline.empty() && mbCommandlineOk(sCommandline)) return !failed_;
     sCommandline.clear();
@@ -24,6 +36,24 @@ bool FilterForm::accepted(Database& oDBU, std::string& sCommandline) {
     form_.shown = true;
     environment_.form_display.show_modal(form_);
     return accepted_ && !failed_;
+}
+
+bool FilterForm::mbCommandlineOk(const std::string& sCommandline) try {
+    begin_batch();
+    bool autostart = false;
+    for (const std::string& text : batch_items(sCommandline)) {
+        const BatchItem item(text, environment_);
+        autostart = autostart || item.is("autostart");
+        if (autostart) read_item(item);  // items before "autostart" are ignored, deliberately
+    }
+    return end_batch() && autostart;
+} catch (...) {
+    fail("mbCommandlineOk");
+    return false;
+}
+
+std::vector<std::string> FilterForm::batch_items(const std::string& sCommandline) {
+    return split(sCommandline, '/');
 }
 
 void FilterForm::Form_Load() try {

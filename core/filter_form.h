@@ -1,8 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "core/batch_item.h"
 #include "platform/database.h"
 #include "platform/environment.h"
 #include "platform/forms/form.h"
@@ -19,20 +22,34 @@ public:
     /// The form as it is described, before it is filled.
     virtual Form described_form() = 0;
 
+    /// Asks for the filter. sCommandline: a batch text that holds a selection for this section is accepted
+    /// without showing the form; any other is emptied, and the run is interactive. False when the person
+    /// cancels, or when an error was shown.
+    bool gbGetFilter(Database& oDBU, std::string& sCommandline);
+
+    /// What the file's first line says of an accepted filter.
+    const std::string& sFilter() const { return sFilter_; }
+
 protected:
     FilterForm(Environment& environment, std::string_view owner) : environment_(environment), owner_(owner) {}
     virtual ~FilterForm() = default;
 
-    /// Runs the pattern. True: accepted; with an empty sCommandline by a person, from the form's fields. A
-    /// batch text that mbCommandlineOk refuses is emptied, and the form shown.
-    bool accepted(Database& oDBU, std::string& sCommandline);
-
     /// Fills the fields from the database.
-    virtual void fill(Database& oDBU) = 0;
+    virtual void fill() = 0;
     /// Fills what only a person needs, just before the form is shown.
     virtual void fill_for_person() {}
-    /// Takes the selection from a batch text; never empty.
-    virtual bool mbCommandlineOk(const std::string& sCommandline) = 0;
+
+    /// The items of a batch text, of which those from "autostart" on are read.
+    virtual std::vector<std::string> batch_items(const std::string& sCommandline);
+    /// Starts a selection by a batch text from what the fields hold.
+    virtual void begin_batch() = 0;
+    virtual void read_item(const BatchItem& item) = 0;
+    /// Behind the last item; whether the selection will do.
+    virtual bool end_batch() { return true; }
+
+    /// Makes the filter of the accepted selection: that of the batch text, or the form's fields. Returns
+    /// sFilter.
+    virtual std::string take_over(bool by_batch) = 0;
 
     void Form_Load();
     void Form_KeyDown(const KeyStroke& key);
@@ -60,8 +77,12 @@ protected:
     Database* oDBU_ = nullptr;  // until the form unloads
 
 private:
+    bool accepted(Database& oDBU, std::string& sCommandline);
+    bool mbCommandlineOk(const std::string& sCommandline);
+
     bool accepted_ = false;
     bool failed_ = false;  // an error was shown
+    std::string sFilter_;
 };
 
 /// Title of a box that says why an entry is not possible.

@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "platform/automation/error.h"
 #include "platform/automation/text_forms.h"
 
 namespace prot {
@@ -44,13 +45,26 @@ std::string_view LogRow::text(LogColumn column, std::string& scratch) const {
     return scratch;
 }
 
-std::optional<Date> LogRow::moment() const {
+bool LogRow::without_date() const {
     const Cell& cell = (*this)[LogColumn::ddDatum];
-    if (cell.is_null()) return std::nullopt;
+    return cell.is_null() || (cell.type() == Cell::Type::text && cell.text().empty());
+}
+
+bool LogRow::has_moment() const {
+    try {
+        return moment().has_value();
+    } catch (const AutomationError& error) {
+        if (error.number() != static_cast<std::int32_t>(ErrorNumber::type_mismatch)) throw;
+        return false;
+    }
+}
+
+std::optional<Date> LogRow::moment() const {
+    if (without_date()) return std::nullopt;
+    const Cell& cell = (*this)[LogColumn::ddDatum];
     if (cell.type() == Cell::Type::date) return cell.date();
     std::string text;
     append_text(text, cell);
-    if (text.empty()) return std::nullopt;
     return to_date(std::string_view(text));
 }
 

@@ -43,10 +43,10 @@ void append_text(std::string& text, const Cell& cell);
 /// One record of the log.
 class LogRow {
 public:
-    LogRow(const RowSet& rows, std::size_t row) : rows_(rows), row_(row) {}
+    LogRow(const RowSet& rows, std::size_t row) : rows_(&rows), row_(row) {}
 
     const Cell& operator[](LogColumn column) const {
-        return rows_.at(static_cast<std::size_t>(column), row_);
+        return rows_->at(static_cast<std::size_t>(column), row_);
     }
     std::int32_t number(LogColumn column) const { return number_of((*this)[column]); }
 
@@ -59,12 +59,18 @@ public:
     /// The column's text in `scratch`, or where it lies already. Valid until `scratch` changes.
     std::string_view text(LogColumn column, std::string& scratch) const;
 
+    /// Whether ddDatum is Null or the empty text.
+    bool without_date() const;
+
+    /// Whether the record has a moment; a text that is no date is none.
+    bool has_moment() const;
+
     /// The moment of the change; nothing for a record without one. A text that is no date: automation
     /// error 13.
     std::optional<Date> moment() const;
 
 private:
-    const RowSet& rows_;
+    const RowSet* rows_;
     std::size_t row_;
 };
 

@@ -7,39 +7,39 @@ namespace prot {
 
 void SectionRun::gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon,
                              Date dtBis, std::int32_t lAktion, Value&) try {
-    std::string condition;
-    if (!get_filter(oDBU, condition, filter_text_)) return;
+    if (!get_filter(oDBU, lSection, filter_text_)) return;
+    const Names run_names = names();
     Run run{environment_, oDBU};
     if (poParent) poParent->gRefresh();
-    gCSVFile = csv_file_name(names_.word, psCommandline, environment_);
-    const std::string sql =
-        gsMainSelect(oDBU, lSection, lAktion, dtVon, dtBis, sUser, pbLoeschen) + msWHERE(condition);
+    gCSVFile = csv_file_name(run_names.word, psCommandline, environment_);
+    prepare_selection(run);
+    std::string sql = gsMainSelect(oDBU, lSection, lAktion, dtVon, dtBis, sUser, pbLoeschen);
+    sql += msWHERE();
     if (pbLoeschen)
         gMainDelete(environment_, oDBU, lSection, sql);
     else
-        export_rows(run, sql + " ORDER BY ddDatum");
+        export_rows(run, run_names, sql + " ORDER BY ddDatum");
 } catch (...) {
-    leave(names_.owner, "gCSVAusgabe");
+    leave(owner_, "gCSVAusgabe");
 }
 
-void SectionRun::export_rows(Run& run, const std::string& sql) {
-    const RowSet rows = run.oDBU.query_array(sql);
-    if (rows.empty()) {
-        report_no_data(gCSVFile, psCommandline, BoxStyle::information, environment_);
+void SectionRun::export_rows(Run& run, const Names& names, const std::string& sql) {
+    ArrayRows rows(run.oDBU.query_array(sql));
+    if (rows.count() == 0) {
+        report_no_data(gCSVFile, psCommandline, names.no_data, environment_);
         return;
     }
     if (!writer_) writer_ = environment_.components.create_csv_writer();
-    if (mbAusgabeCSV(run, rows) && psCommandline.empty()) writer_->show();
+    if (write_file(run, names, rows) && psCommandline.empty()) writer_->show();
 }
 
-bool SectionRun::mbAusgabeCSV(Run& run, const RowSet& rows) try {
-    ExportFrame frame(run, poParent, names_.captions.size() + common_cells);
+bool SectionRun::write_file(Run& run, const Names& names, RowSource& rows) try {
     const std::unique_ptr<SectionLines> section = lines(run);
-    return frame.write_file(*writer_, psCommandline.empty(), gCSVFile, filter_text_, names_.captions, rows,
-                            *section);
+    ExportFrame frame(run, poParent, *section, {filter_text_, names.captions});
+    return frame.write_file(*writer_, psCommandline.empty(), gCSVFile, rows);
 } catch (...) {
     writer_.reset();  // and with it the unfinished file, however long the host keeps this object
-    leave(names_.owner, "mbAusgabeCSV");
+    leave(owner_, names.writer_loop);
 }
 
 }  // namespace prot

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/automation/letter_case.h"
 #include "platform/automation/utf8.h"
@@ -19,11 +20,13 @@ void Field::select_key(std::int64_t key) {
 
 std::string Field::selected_text() const { return selected ? entries[*selected].text : std::string(); }
 
-Field& Form::field(std::string_view name) {
+const Field& Form::field(std::string_view name) const {
     const auto found = std::ranges::find(fields, name, &Field::name);
     if (found == fields.end()) throw std::out_of_range("form without field " + std::string(name));
     return *found;
 }
+
+Field& Form::field(std::string_view name) { return const_cast<Field&>(std::as_const(*this).field(name)); }
 
 std::string without_access_key(std::string_view label) {
     std::string text;

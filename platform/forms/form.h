@@ -90,6 +90,7 @@ struct Form {
     std::function<void(const KeyStroke&)> key_down{};
 
     Field& field(std::string_view name);  ///< the field of that name, which exists
+    const Field& field(std::string_view name) const;
 
     /// Puts the focus on a field; a text field's whole text is selected.
     void set_focus(std::size_t index) {

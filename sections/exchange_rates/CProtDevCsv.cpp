@@ -6,16 +6,19 @@
 
 namespace prot::exchange_rates {
 
-CProtDevCsv::CProtDevCsv(Environment& environment)
-    : SectionRun(environment, {owner, "Devisenkurse", rate_captions}) {}
+CProtDevCsv::CProtDevCsv(Environment& environment) : SectionRun(environment, owner) {}
 
-bool CProtDevCsv::get_filter(Database& oDBU, std::string& condition, std::string& filter_text) {
-    return ProtDevFrmFilter(environment()).gbGetFilter(condition, filter_text, oDBU, psCommandline);
+bool CProtDevCsv::get_filter(Database& oDBU, std::int32_t /*lSection*/, std::string& filter_text) {
+    ProtDevFrmFilter form(environment());
+    if (!form.gbGetFilter(oDBU, psCommandline)) return false;
+    sWhere_ = form.sWhere();
+    filter_text = form.sFilter();
+    return true;
 }
 
-std::string CProtDevCsv::msWHERE(std::string_view condition) const {
-    return exchange_rates::msWHERE(condition);
-}
+SectionRun::Names CProtDevCsv::names() const { return {.word = "Devisenkurse", .captions = rate_captions}; }
+
+std::string CProtDevCsv::msWHERE() const { return exchange_rates::msWHERE(sWhere_); }
 
 std::unique_ptr<SectionLines> CProtDevCsv::lines(Run& run) const { return std::make_unique<RateLines>(run); }
 

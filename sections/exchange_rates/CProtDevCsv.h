@@ -13,9 +13,12 @@ public:
     explicit CProtDevCsv(Environment& environment);
 
 private:
-    bool get_filter(Database& oDBU, std::string& condition, std::string& filter_text) override;
-    std::string msWHERE(std::string_view condition) const override;
+    bool get_filter(Database& oDBU, std::int32_t lSection, std::string& filter_text) override;
+    Names names() const override;
+    std::string msWHERE() const override;
     std::unique_ptr<SectionLines> lines(Run& run) const override;
+
+    std::string sWhere_;
 };
 
 /// For the table of sections.

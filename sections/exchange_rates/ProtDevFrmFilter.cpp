@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/Prot0000UtilitiesBAS.h"
 #include "core/ZQErrorHandling.h"
 #include "platform/automation/text_forms.h"
 #include "platform/automation/text_parts.h"
@@ -10,8 +9,6 @@
 namespace prot::exchange_rates {
 
 namespace {
-
-constexpr std::string_view owner = "ProtDevFrmFilter";
 
 enum RangeField : std::size_t { from_field, to_field };
 
@@ -24,7 +21,7 @@ std::int64_t key_of(const Cell& id) {
 
 }  // namespace
 
-ProtDevFrmFilter::ProtDevFrmFilter(Environment& environment) : FilterForm(environment, owner) {}
+ProtDevFrmFilter::ProtDevFrmFilter(Environment& environment) : FilterForm(environment, "ProtDevFrmFilter") {}
 
 Form ProtDevFrmFilter::described_form() {
     Form form;
@@ -39,29 +36,17 @@ Form ProtDevFrmFilter::described_form() {
     return form;
 }
 
-bool ProtDevFrmFilter::gbGetFilter(std::string& sWhere, std::string& sFilter, Database& oDBU,
-                                   std::string& sCommandline) try {
-    const bool ready = accepted(oDBU, sCommandline);
-    if (ready) {
-        const Range range = sCommandline.empty() ? selected_range() : range_;
-        sWhere = " WHERE dcISOKennz BETWEEN '" + range.from + "' AND '" + range.to + "'";
-        sFilter = "Von ISO Währungscode: " + range.from + " bis ISO Währungscode: " + range.to;
-    }
-    Form_Unload();
-    return ready;
-} catch (...) {
-    fail("gbGetFilter");
-    Form_Unload();
-    return false;
+std::string ProtDevFrmFilter::take_over(bool by_batch) {
+    const Range range = by_batch ? batch_ : selected_range();
+    sWhere_ = " WHERE dcISOKennz BETWEEN '" + range.from + "' AND '" + range.to + "'";
+    return "Von ISO Währungscode: " + range.from + " bis ISO Währungscode: " + range.to;
 }
 
-void ProtDevFrmFilter::fill(Database&) { mIsoWaehrungLesen(); }
-
-/// Fills both lists. The default range is all currencies, from the lowest to the highest code.
+/// Fills both lists; the form always holds its database object by now. The default range is all currencies,
+/// from the lowest to the highest code.
 void ProtDevFrmFilter::mIsoWaehrungLesen() try {
     const RowSet rows =
-        oDBU_ ? oDBU_->query_array("SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz")
-              : RowSet();
+        oDBU_->query_array("SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz");
     rows.require_columns(2);
     for (Field& field : form_.fields) {
         for (std::size_t row = 0; row < rows.rows(); ++row)
@@ -79,23 +64,11 @@ void ProtDevFrmFilter::mIsoWaehrungLesen() try {
     fail("mIsoWaehrungLesen");
 }
 
-bool ProtDevFrmFilter::mbCommandlineOk(const std::string& sCommandline) try {
-    range_ = selected_range();
-    bool autostart = false;
-    for (const std::string& part : split(sCommandline, '/')) {
-        autostart = autostart || pbCommandVorhanden(part, "autostart");
-        if (!autostart) continue;  // parameters before "autostart" are ignored, deliberately
-        std::string* const bound = pbCommandVorhanden(part, "vondevi")   ? &range_.from
-                                   : pbCommandVorhanden(part, "bisdevi") ? &range_.to
-                                                                         : nullptr;
-        if (!bound) continue;
-        const std::string item = psComWert("/" + part, environment_);
-        if (const std::string_view value = trim_blanks(item); !value.empty()) *bound = value;
-    }
-    return autostart;
-} catch (...) {
-    fail("mbCommandlineOk");
-    return false;
+void ProtDevFrmFilter::read_item(const BatchItem& item) {
+    std::string* const bound = item.is("vondevi") ? &batch_.from : item.is("bisdevi") ? &batch_.to : nullptr;
+    if (!bound) return;
+    const std::string text = item.value();
+    if (const std::string_view value = trim_blanks(text); !value.empty()) *bound = value;
 }
 
 ProtDevFrmFilter::Range ProtDevFrmFilter::selected_range() const {

@@ -11,25 +11,26 @@ class ProtDevFrmFilter : public FilterForm {
 public:
     explicit ProtDevFrmFilter(Environment& environment);
 
-    /// Asks for the range. sWhere: condition on the currency table. sFilter: what the file's first line says.
-    /// sCommandline: emptied when it is not a batch text for this section; the run is interactive then. False
-    /// when the person cancels, or when an error was shown.
-    bool gbGetFilter(std::string& sWhere, std::string& sFilter, Database& oDBU, std::string& sCommandline);
-
     Form described_form() override;
+
+    /// The condition on the currency table of an accepted filter.
+    const std::string& sWhere() const { return sWhere_; }
 
 private:
     struct Range {
         std::string from, to;
     };
 
-    void fill(Database& oDBU) override;
-    bool mbCommandlineOk(const std::string& sCommandline) override;
+    void fill() override { mIsoWaehrungLesen(); }
+    void begin_batch() override { batch_ = selected_range(); }
+    void read_item(const BatchItem& item) override;
+    std::string take_over(bool by_batch) override;
     void mIsoWaehrungLesen();
     void cmdOK_Click();
     Range selected_range() const;
 
-    Range range_;  // of the batch text
+    Range batch_;
+    std::string sWhere_;
 };
 
 }  // namespace prot::exchange_rates

@@ -1,11 +1,8 @@
 #include "sections/exchange_rates/rate_lines.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "core/ProtQRBCsvBas.h"
 #include "core/ZQErrorHandling.h"
-#include "platform/automation/letter_case.h"
+#include "core/field_rules.h"
 #include "platform/automation/text_forms.h"
 #include "sections/exchange_rates/rate_selection.h"
 
@@ -15,9 +12,18 @@ namespace {
 
 constexpr std::string_view no_longer_there = "nicht vorhanden";
 
-/// Fields that say who touched the rate and which one it is; changes of them are never exported.
-constexpr std::string_view suppressed_fields[] = {"ddDatumAend", "flMitarbeiter", "idDevisenKurs",
-                                                  "flDevisenWaehr", "ddGueltigAb"};
+/// Changes of the fields that say who touched the rate, and which one it is, are never exported.
+constexpr CaptionRule caption_rules[] = {
+    {{.field = "ddDatumAend"}, Caption::none()},   {{.field = "flMitarbeiter"}, Caption::none()},
+    {{.field = "idDevisenKurs"}, Caption::none()}, {{.field = "flDevisenWaehr"}, Caption::none()},
+    {{.field = "ddGueltigAb"}, Caption::none()},
+};
+
+/// Compared with names in capitals, this one never fits, so values are always written as logged. Deliberate:
+/// readers compare the files with those of earlier years.
+constexpr IdRule id_rules[] = {
+    {{.field = "idDevisenKurs"}, "ohne ISOKennzeichen", "tDevisenWaehr", "dCISOKENNZ", "idDevisenWaehr"},
+};
 
 }  // namespace
 
@@ -29,13 +35,12 @@ bool RateLines::describe_record(const LogRow& row, CsvLine& line) {
     return true;
 }
 
-std::string_view RateLines::caption(std::string_view field, std::string_view table, const LogRow&) {
-    return msDBGetFieldDescription(field, table, run_);
+std::string_view RateLines::caption(const ChangedField& field) {
+    return msDBGetFieldDescription(field, run_);
 }
 
-void RateLines::translate_values(std::string_view field, std::string_view, const LogRow& row, CsvLine& line) {
-    translate_both(line, rate_captions.size(),
-                   [&](std::string_view value) { return msTranslateID(value, field, row, run_); });
+std::string RateLines::translated_value(const ChangedField& field, std::string_view value) {
+    return msTranslateID(value, field, run_);
 }
 
 const RateLines::Currency& RateLines::mGetWaehrInfos(std::int32_t lId) try {
@@ -64,23 +69,18 @@ const std::string& RateLines::mGetKursGueltigAb(std::int32_t lId) try {
     leave(owner, "mGetWaehrInfos");
 }
 
-std::string_view msDBGetFieldDescription(std::string_view sFeld, std::string_view sTabelle, Run& run) try {
-    if (std::ranges::find(suppressed_fields, sFeld) != std::end(suppressed_fields)) return {};
-    return caption_or_empty(sFeld, sTabelle, run);
+std::string_view msDBGetFieldDescription(const ChangedField& field, Run& run) try {
+    return caption_by(caption_rules, NameMatch::exact, field, run);
 } catch (...) {
     leave(owner, "msDBGetFieldDescription");
 }
 
-std::string msTranslateID(std::string_view sWert, std::string_view sFeld, const LogRow& row, Run& run) try {
-    // A name in capitals never equals this one, so values are always written as logged. Deliberate: readers
-    // compare the files with those of earlier years.
-    if (!upper_equals(sFeld, "idDevisenKurs")) return {};
-    const std::optional<Date> moment = row.moment();
-    const std::optional<std::int32_t> id = number_in_range(sWert);
-    if (!moment || !id) return {};
-    if (*id == 0) return "ohne ISOKennzeichen";
-    return PROT_gsGetValueByDate("tDevisenWaehr", "dCISOKENNZ", "idDevisenWaehr", std::to_string(*id), *moment,
-                                 run);
+std::string msTranslateID(std::string_view value, const ChangedField& field, Run& run) try {
+    const IdRule* const rule = first_rule<IdRule>(id_rules, field, NameMatch::in_capitals);
+    if (!rule) return {};
+    const std::optional<Date> moment = field.row.moment();
+    const std::optional<std::int32_t> id = number_in_range(value);
+    return moment && id ? name_by(*rule, *id, *moment, run) : std::string();
 } catch (...) {
     leave(owner, "msTranslateID");
 }

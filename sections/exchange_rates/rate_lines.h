@@ -23,9 +23,8 @@ public:
     explicit RateLines(Run& run) : run_(run) {}
 
     bool describe_record(const LogRow& row, CsvLine& line) override;
-    std::string_view caption(std::string_view field, std::string_view table, const LogRow& row) override;
-    void translate_values(std::string_view field, std::string_view table, const LogRow& row,
-                          CsvLine& line) override;
+    std::string_view caption(const ChangedField& field) override;
+    std::string translated_value(const ChangedField& field, std::string_view value) override;
 
 private:
     struct Currency {
@@ -42,10 +41,10 @@ private:
 
 /// The caption of a changed field of a rate; empty for fields that are never exported and for those without
 /// caption.
-std::string_view msDBGetFieldDescription(std::string_view sFeld, std::string_view sTabelle, Run& run);
+std::string_view msDBGetFieldDescription(const ChangedField& field, Run& run);
 
 /// What a reader understands by the logged value of a field; empty when the logged value stays. A record
 /// without date keeps its logged values.
-std::string msTranslateID(std::string_view sWert, std::string_view sFeld, const LogRow& row, Run& run);
+std::string msTranslateID(std::string_view value, const ChangedField& field, Run& run);
 
 }  // namespace prot::exchange_rates

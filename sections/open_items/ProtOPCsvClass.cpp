@@ -6,17 +6,21 @@
 
 namespace prot::open_items {
 
-ProtOPCsvClass::ProtOPCsvClass(Environment& environment)
-    : SectionRun(environment, {owner, "OffenePosten", item_captions}) {}
+ProtOPCsvClass::ProtOPCsvClass(Environment& environment) : SectionRun(environment, owner) {}
 
-bool ProtOPCsvClass::get_filter(Database& oDBU, std::string& condition, std::string& filter_text) {
-    return ProtOPFrmFilter(environment())
-        .gbGetFilter(condition, filter_text, pbLoeschen, oDBU, psCommandline);
+bool ProtOPCsvClass::get_filter(Database& oDBU, std::int32_t /*lSection*/, std::string& filter_text) {
+    ProtOPFrmFilter form(environment(), pbLoeschen);
+    if (!form.gbGetFilter(oDBU, psCommandline)) return false;
+    sWhere_ = form.sWhere();
+    filter_text = form.sFilter();
+    return true;
 }
 
-std::string ProtOPCsvClass::msWHERE(std::string_view condition) const {
-    return open_items::msWHERE(condition);
+SectionRun::Names ProtOPCsvClass::names() const {
+    return {.word = "OffenePosten", .captions = item_captions};
 }
+
+std::string ProtOPCsvClass::msWHERE() const { return open_items::msWHERE(sWhere_); }
 
 std::unique_ptr<SectionLines> ProtOPCsvClass::lines(Run& run) const {
     return std::make_unique<ItemLines>(run);

@@ -2,257 +2,123 @@
 
 #include <algorithm>
 
-#include "core/Prot0000UtilitiesBAS.h"
 #include "core/ZQErrorHandling.h"
-#include "platform/automation/letter_case.h"
-#include "platform/automation/text_forms.h"
-#include "platform/automation/text_parts.h"
-#include "sections/open_items/fiscal_years.h"
-#include "sections/open_items/plain_number.h"
 
 namespace prot::open_items {
 
 namespace {
 
-constexpr std::string_view owner = "ProtOPFrmFilter";
-constexpr std::string_view input_error = "Eingabefehler";
+constexpr KindChoice kinds[] = {
+    {1, ClientKind::client},
+    {2, ClientKind::office},
+    {3, ClientKind::all},
+};
 
-enum FormField : std::size_t { kind_field, client_field, year_field, from_field, to_field };
+constexpr std::int64_t all_years = 0;
 
 /// The range that stands for all accounts.
-constexpr double lowest_account = 1, highest_account = 999999999;
+constexpr NumberRange all_accounts = {1, 999999999};
 
 }  // namespace
 
-ProtOPFrmFilter::ProtOPFrmFilter(Environment& environment) : FilterForm(environment, owner) {}
+ProtOPFrmFilter::ProtOPFrmFilter(Environment& environment, bool bLoeschen)
+    : ClientRangeForm(environment, "ProtOPFrmFilter", kinds), bLoeschen_(bLoeschen) {}
 
 Form ProtOPFrmFilter::described_form() {
     Form form;
     form.caption = "Protokollausgabe Offene Posten";
     form.help_id = "HID_MIVRA_ALLGEMEIN_PROTOKOLLIERUNG_OFFENE_POSTEN";
     form.fields = {
-        {.name = "cboMandant", .label = "&Auswahl", .changed = [this] { mMandantAuswahl(); }},
-        {.kind = FieldKind::picker,
-         .name = "ctlMandant",
-         .label = "&Mandant",
-         .longest = 60,
-         .changed = [this] { ctlMandant_Change(); }},
+        kind_field(),
+        client_field(),
         {.name = "cboWirtschaftsjahr", .label = "&Wirtschaftsjahr"},
-        {.kind = FieldKind::text,
-         .name = "txtKLNr(0)",
-         .label = "&von Konto",
-         .longest = 9,
-         .validate = [this] { return txtKLNr_Validate(from_field); }},
-        {.kind = FieldKind::text,
-         .name = "txtKLNr(1)",
-         .label = "&bis Konto",
-         .longest = 9,
-         .validate = [this] { return txtKLNr_Validate(to_field); }},
+        number_field(0, "&von Konto"),
+        number_field(1, "&bis Konto"),
     };
-    form.groups = {{"Mandant oder Kanzlei", kind_field, 3}, {"Konten", from_field, 2}};
+    form.groups = {{"Mandant oder Kanzlei", 0, 3}, {"Konten", 3, 2}};
     add_buttons(form, [this] { cmdOK_Click(); });
     return form;
 }
 
-bool ProtOPFrmFilter::gbGetFilter(std::string& sWhere, std::string& sFilter, bool bLoeschen, Database& oDBU,
-                                  std::string& sCommandline) try {
-    bLoeschen_ = bLoeschen;
-    const bool ready = accepted(oDBU, sCommandline);
-    if (ready) {
-        const Selection selection = sCommandline.empty() ? chosen() : batch_;
-        sWhere = condition(selection);
-        sFilter = label_of(selection.kind);
-        if (selection.kind != ClientKind::all)
-            sFilter += ": " + selection.client.number + " " + selection.client.short_name;
-        sFilter +=
-            ", von Konto: " + plain_number(selection.from) + " bis Konto: " + plain_number(selection.to);
-    }
-    Form_Unload();
-    return ready;
-} catch (...) {
-    fail("gbGetFilter");
-    Form_Unload();
-    return false;
+void ProtOPFrmFilter::fill() { mInitCBO_MandKanz(); }
+
+void ProtOPFrmFilter::mInitCBO_MandKanz() { offer(bLoeschen_, "10000", "10001"); }
+
+std::string ProtOPFrmFilter::take_over(bool by_batch) {
+    const Selection selected = selection(by_batch);
+    sWhere_ = condition(selected, by_batch ? batch_year_ : chosen_year());
+    return text_of(selected) + ", von Konto: " + plain_number(selected.range.from) +
+           " bis Konto: " + plain_number(selected.range.to);
 }
 
 /// The condition on the open items; empty for all of them.
-std::string ProtOPFrmFilter::condition(const Selection& selection) const {
+std::string ProtOPFrmFilter::condition(const Selection& selection, std::int64_t fiscal_year) const {
+    const NumberRange& range = selection.range;
     std::string text;
-    if (selection.from > lowest_account || selection.to < highest_account)
-        text =
-            " WHERE OP_SkNr BETWEEN " + plain_number(selection.from) + " AND " + plain_number(selection.to);
+    if (range.from > all_accounts.from || range.to < all_accounts.to)
+        text = " WHERE OP_SkNr BETWEEN " + plain_number(range.from) + " AND " + plain_number(range.to);
     if (selection.client.id <= 0) return text;
     text += text.empty() ? " WHERE " : " AND ";
-    if (selection.fiscal_year >= 1) return text + " WJ_ID = " + std::to_string(selection.fiscal_year);
-    std::string ids;
-    for (const std::string& id : fiscal_years_) ids.append(ids.empty() ? "" : ", ").append(id);
-    return text + " WJ_ID IN (" + ids + ")";
-}
-
-void ProtOPFrmFilter::fill(Database&) {
-    form_.fields[from_field].text = "10000";
-    form_.fields[to_field].text = "10001";
-    mInitCBO_MandKanz();
-}
-
-/// All clients and offices together are offered to a deletion only: an export always concerns one.
-void ProtOPFrmFilter::mInitCBO_MandKanz() {
-    Field& kinds = form_.fields[kind_field];
-    for (const ClientKind kind : {ClientKind::client, ClientKind::office, ClientKind::all})
-        if (kind != ClientKind::all || bLoeschen_)
-            kinds.add(static_cast<std::int64_t>(kind), std::string(label_of(kind)));
-    kinds.selected = 0;
-}
-
-void ProtOPFrmFilter::fill_for_person() { mMandantAuswahl(); }
-
-/// Offers the clients or offices of the chosen kind; none is chosen then. All together need no choice.
-void ProtOPFrmFilter::mMandantAuswahl() try {
-    const ClientKind kind = chosen().kind;
-    Field& clients = form_.fields[client_field];
-    const bool all = kind == ClientKind::all;
-    clients.entries = all ? std::vector<Entry>() : client_entries(*oDBU_, kind);
-    clients.selected.reset();
-    clients.text.clear();
-    clients.enabled = !all;
-    if (!all) clients.label = kind == ClientKind::office ? "&Kanzlei" : "&Mandant";
-    form_.ok.enabled = all;
-    mFuelleWJListe(chosen());
-} catch (...) {
-    fail("mMandantAuswahl");
-}
-
-void ProtOPFrmFilter::ctlMandant_Change() try {
-    const Selection selection = chosen();
-    form_.ok.enabled = selection.client.id > 0;
-    mFuelleWJListe(selection);
-} catch (...) {
-    fail("ctlMandant_Change");
+    if (fiscal_year > all_years) return text + " WJ_ID = " + std::to_string(fiscal_year);
+    return text + " WJ_ID IN (" + fiscal_years_ + ")";
 }
 
 /// Fills the list of fiscal years: of the chosen client, or of all that may be chosen.
 void ProtOPFrmFilter::mFuelleWJListe(const Selection& selection) try {
-    Field& years = form_.fields[year_field];
     fiscal_years_.clear();
-    years.entries = {{0, "Alle Wirtschaftsjahre"}};
-    years.selected = 0;
+    years().entries = {{all_years, "Alle Wirtschaftsjahre"}};
+    years().selected = 0;
     std::string restriction;
     if (selection.client.id > 0) {
         restriction = " = " + std::to_string(selection.client.id);
-    } else if (selection.kind == ClientKind::all) {
-        const std::string ids = msMandantId(*oDBU_, selection.kind);
+    } else if (!is_single(selection.kind)) {
+        const std::string ids = msMandantId(selection.kind);
         if (!ids.empty()) restriction = " IN (" + ids + ")";
     }
     if (restriction.empty()) return;
     for (const FiscalYear& year : fiscal_years(*oDBU_, restriction)) {
-        years.add(year.id, year.text);
-        fiscal_years_.push_back(std::to_string(year.id));
+        years().add(year.id, year.text);
+        mFuellenFelder(year);
     }
 } catch (...) {
     fail("mFuelleWJListe");
 }
 
-/// Account numbers are whole numbers without marks of thousands, which Val would stop at.
-bool ProtOPFrmFilter::txtKLNr_Validate(std::size_t field) try {
-    const std::string_view text = trim_blanks(form_.fields[field].text);
-    const std::string_view digits = text.substr(text.starts_with('-') || text.starts_with('+') ? 1 : 0);
-    const bool whole = std::ranges::all_of(digits, [](char c) { return c >= '0' && c <= '9'; });
-    if (text.empty() || (whole && !digits.empty())) return true;
-    refuse("Das Eingabefeld darf keine alphanumerischen Zeichen enthalten!", input_error, field);
-    return false;
-} catch (...) {
-    fail("txtKLNr_Validate");
-    return false;
+/// Collects the ids for the condition on all years of the client.
+void ProtOPFrmFilter::mFuellenFelder(const FiscalYear& year) {
+    fiscal_years_.append(fiscal_years_.empty() ? "" : ", ").append(std::to_string(year.id));
 }
 
-void ProtOPFrmFilter::cmdOK_Click() try {
-    const Selection selection = chosen();
-    const std::size_t not_positive = selection.from <= 0 ? from_field : to_field;
-    const struct {
-        bool failed;
-        std::string_view text;
-        std::size_t field;
-    } checks[] = {
-        {selection.from <= 0 || selection.to <= 0,
-         "Die Werte in den Eingabefeldern 'von/bis Nummer' müssen größer 0 sein!", not_positive},
-        // The next two cannot fail behind the first; their order is kept, deliberately.
-        {selection.from <= 0, "Bitte geben Sie an, ab welcher Nummer die Ausgabe erfolgen soll.", from_field},
-        {selection.to <= 0, "Bitte geben Sie an, bis zu welcher Nummer die Ausgabe erfolgen soll.", to_field},
-        {selection.to < selection.from,
-         "Der Wert im Feld 'bis Nummer' darf nicht kleiner sein als der Wert im Feld 'von Nummer' !",
-         to_field},
-    };
-    for (const auto& check : checks) {
-        if (!check.failed) continue;
-        refuse(check.text, not_allowed, check.field);
-        return;
-    }
-    accept();
-} catch (...) {
-    fail("cmdOK_Click");
+std::string ProtOPFrmFilter::msMandantId(ClientKind kind) {
+    return client_ids(*oDBU_, kind, "Person_v4.Ps_Id, Person_v4.Ps_nr");
 }
 
-/// What the fields hold.
-ProtOPFrmFilter::Selection ProtOPFrmFilter::chosen() const {
-    const auto entry_of = [this](std::size_t index) -> const Entry* {
-        const Field& field = form_.fields[index];
-        return field.selected ? &field.entries[*field.selected] : nullptr;
-    };
-    Selection selection;
-    if (const Entry* const kind = entry_of(kind_field)) selection.kind = ClientKind{kind->key};
-    const Entry* const client = entry_of(client_field);
-    if (client && selection.kind != ClientKind::all)
-        selection.client = {static_cast<std::int32_t>(client->key), client->number, client->text};
-    if (const Entry* const year = entry_of(year_field)) selection.fiscal_year = year->key;
-    selection.from = val(form_.fields[from_field].text);
-    selection.to = val(form_.fields[to_field].text);
-    return selection;
+void ProtOPFrmFilter::begin_batch() {
+    ClientRangeForm::begin_batch();
+    batch_year_text_.clear();
+    batch_year_ = all_years;
 }
 
-bool ProtOPFrmFilter::mbCommandlineOk(const std::string& sCommandline) try {
-    batch_ = Selection();
-    batch_.from = val(form_.fields[from_field].text);
-    batch_.to = val(form_.fields[to_field].text);
-    std::string fiscal_year;
-    bool autostart = false;
-    for (const std::string& part : split(sCommandline, '/')) {
-        autostart = autostart || pbCommandVorhanden(part, "autostart");
-        if (!autostart) continue;  // parameters before "autostart" are ignored, deliberately
-        const std::string value = psComWert("/" + part, environment_);
-        if (pbCommandVorhanden(part, "mandant:"))
-            read_client(value);
-        else if (pbCommandVorhanden(part, "wirtschaftsjahr:"))
-            fiscal_year = value;
-        else if (pbCommandVorhanden(part, "vonkonto") && val(value) > 0)
-            batch_.from = val(value);
-        else if (pbCommandVorhanden(part, "biskonto") && val(value) > 0)
-            batch_.to = val(value);
-    }
-    if (batch_.client.id > 0 && !fiscal_year.empty()) select_fiscal_year(fiscal_year);
-    return autostart;
-} catch (...) {
-    fail("mbCommandlineOk");
-    return false;
-}
-
-/// "k123" is an office, "m123" or "123" a client.
-void ProtOPFrmFilter::read_client(std::string_view value) {
-    const char first = value.empty() ? '\0' : to_lower(value.substr(0, 1))[0];
-    if (first == 'k') batch_.kind = ClientKind::office;
-    if (first == 'k' || first == 'm') value.remove_prefix(1);
-    if (val(value) <= 0) return;
-    std::optional<Client> client = find_client(*oDBU_, batch_.kind, plain_number(val(value)));
-    if (!client) return;
-    batch_.client = std::move(*client);
-    mFuelleWJListe(batch_);
+void ProtOPFrmFilter::read_item(const BatchItem& item) {
+    if (item.is("wirtschaftsjahr:"))
+        batch_year_text_ = item.value();
+    else
+        ClientRangeForm::read_item(item);
 }
 
 /// Chooses the fiscal year whose entry reads exactly so; all of them when there is none.
-void ProtOPFrmFilter::select_fiscal_year(std::string_view text) {
-    const std::vector<Entry>& years = form_.fields[year_field].entries;
-    const auto found = std::find_if(years.begin() + 1, years.end(),
-                                    [text](const Entry& entry) { return entry.text == text; });
-    if (found != years.end()) batch_.fiscal_year = found->key;
+bool ProtOPFrmFilter::end_batch() {
+    if (selection(true).client.id <= 0 || batch_year_text_.empty()) return true;
+    const std::vector<Entry>& entries = years().entries;
+    const auto found = std::find_if(entries.begin() + 1, entries.end(),
+                                    [this](const Entry& entry) { return entry.text == batch_year_text_; });
+    if (found != entries.end()) batch_year_ = found->key;
+    return true;
+}
+
+std::int64_t ProtOPFrmFilter::chosen_year() {
+    const Field& field = years();
+    return field.selected ? field.entries[*field.selected].key : all_years;
 }
 
 }  // namespace prot::open_items

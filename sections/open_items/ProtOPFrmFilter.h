@@ -5,52 +5,45 @@
 #include <string_view>
 #include <vector>
 
-#include "core/filter_form.h"
-#include "sections/open_items/clients.h"
+#include "core/client_range_form.h"
+#include "sections/open_items/fiscal_years.h"
 
 namespace prot::open_items {
 
 /// The filter form of the open items: a client or office (a deletion may cover all of them), its fiscal year,
 /// a range of accounts.
-class ProtOPFrmFilter : public FilterForm {
+class ProtOPFrmFilter : public ClientRangeForm {
 public:
-    explicit ProtOPFrmFilter(Environment& environment);
-
-    /// Asks for the filter. sWhere: condition on the open items, empty for all. sFilter: what the file's
-    /// first line says. bLoeschen: all clients and offices together are offered too. sCommandline: emptied
-    /// when it is not a batch text. False when the person cancels, or when an error was shown.
-    bool gbGetFilter(std::string& sWhere, std::string& sFilter, bool bLoeschen, Database& oDBU,
-                     std::string& sCommandline);
+    /// bLoeschen: all clients and offices together are offered too.
+    ProtOPFrmFilter(Environment& environment, bool bLoeschen);
 
     Form described_form() override;
 
-private:
-    struct Selection {
-        ClientKind kind = ClientKind::client;
-        Client client;
-        std::int64_t fiscal_year = 0;  ///< its key; 0 for all
-        double from = 0, to = 0;       ///< accounts
-    };
+    /// The condition on the open items of an accepted filter, empty for all.
+    const std::string& sWhere() const { return sWhere_; }
 
-    void fill(Database& oDBU) override;
-    void fill_for_person() override;
-    bool mbCommandlineOk(const std::string& sCommandline) override;
+private:
+    void fill() override;
+    void begin_batch() override;
+    void read_item(const BatchItem& item) override;
+    bool end_batch() override;
+    std::string take_over(bool by_batch) override;
+    void client_chosen(const Selection& selection) override { mFuelleWJListe(selection); }
 
     void mInitCBO_MandKanz();
-    void mMandantAuswahl();
     void mFuelleWJListe(const Selection& selection);
-    void ctlMandant_Change();
-    bool txtKLNr_Validate(std::size_t field);
-    void cmdOK_Click();
+    void mFuellenFelder(const FiscalYear& year);
+    std::string msMandantId(ClientKind kind);
 
-    void read_client(std::string_view value);
-    void select_fiscal_year(std::string_view text);
-    Selection chosen() const;
-    std::string condition(const Selection& selection) const;
+    Field& years() { return form_.field("cboWirtschaftsjahr"); }
+    std::int64_t chosen_year();
+    std::string condition(const Selection& selection, std::int64_t fiscal_year) const;
 
-    bool bLoeschen_ = false;
-    Selection batch_;
-    std::vector<std::string> fiscal_years_;  // ids of the client's, in the order of the list
+    const bool bLoeschen_;
+    std::string batch_year_text_;
+    std::int64_t batch_year_ = 0;  // its key; 0 for all
+    std::string fiscal_years_;     // ids of the client's, joined
+    std::string sWhere_;
 };
 
 }  // namespace prot::open_items

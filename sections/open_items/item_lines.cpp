@@ -1,9 +1,7 @@
 #include "sections/open_items/item_lines.h"
 
-#include <algorithm>
-
 #include "core/ZQErrorHandling.h"
-#include "platform/automation/letter_case.h"
+#include "core/field_rules.h"
 #include "platform/automation/text_forms.h"
 #include "sections/open_items/item_selection.h"
 
@@ -11,9 +9,13 @@ namespace prot::open_items {
 
 namespace {
 
-/// Fields that only link the item to others, or say who touched it; changes of them are never exported.
-constexpr std::string_view suppressed_fields[] = {"BU_ID",    "BUS_ID",         "OP_ID",          "WJ_ID",
-                                                  "OP_DATUM", "OP_MITARBEITER", "OP_AUSGLEICH_NR"};
+/// Changes of the fields that only link the item to others, or say who touched it, are never exported.
+constexpr CaptionRule caption_rules[] = {
+    {{.field = "BU_ID"}, Caption::none()},           {{.field = "BUS_ID"}, Caption::none()},
+    {{.field = "OP_ID"}, Caption::none()},           {{.field = "WJ_ID"}, Caption::none()},
+    {{.field = "OP_DATUM"}, Caption::none()},        {{.field = "OP_MITARBEITER"}, Caption::none()},
+    {{.field = "OP_AUSGLEICH_NR"}, Caption::none()},
+};
 
 std::string kind_of_item(std::int32_t kind) {
     if (kind == 1) return "Rechnung";
@@ -27,13 +29,13 @@ std::string dunning_block(std::int32_t count) {
     return {};
 }
 
-struct Translation {
-    std::string_view field;  ///< in capitals; logged names are compared without letter case
-    std::string (*text_of)(std::int32_t value);
+struct WordRule {
+    FieldPattern fields;
+    std::string (*words_of)(std::int32_t value);
 };
-constexpr Translation translations[] = {
-    {"OP_ART", kind_of_item},
-    {"OP_SPERR_KZ", dunning_block},
+constexpr WordRule word_rules[] = {
+    {{.field = "OP_ART"}, kind_of_item},
+    {{.field = "OP_SPERR_KZ"}, dunning_block},
 };
 
 }  // namespace
@@ -46,15 +48,12 @@ bool ItemLines::describe_record(const LogRow& row, CsvLine& line) {
     return true;
 }
 
-std::string_view ItemLines::caption(std::string_view field, std::string_view table, const LogRow&) {
-    return msDBGetFieldDescription(field, table, run_);
+std::string_view ItemLines::caption(const ChangedField& field) {
+    return msDBGetFieldDescription(field, run_);
 }
 
-void ItemLines::translate_values(std::string_view field, std::string_view, const LogRow& row, CsvLine& line) {
-    // A change without a moment is written as logged, in every section.
-    if (row.text(LogColumn::ddDatum, scratch_).empty()) return;
-    translate_both(line, item_captions.size(),
-                   [field](std::string_view value) { return msTranslateID(value, field); });
+std::string ItemLines::translated_value(const ChangedField& field, std::string_view value) {
+    return msTranslateID(value, field);
 }
 
 const ItemLines::Item& ItemLines::mGetOPInfos(std::int32_t lId) try {
@@ -72,21 +71,18 @@ const ItemLines::Item& ItemLines::mGetOPInfos(std::int32_t lId) try {
     leave(owner, "mGetOPInfos");
 }
 
-std::string_view msDBGetFieldDescription(std::string_view sFeld, std::string_view sTabelle, Run& run) try {
-    const auto is_logged_as = [sFeld](std::string_view field) { return upper_equals(sFeld, field); };
-    if (std::ranges::any_of(suppressed_fields, is_logged_as)) return {};
-    return caption_or_empty(sFeld, sTabelle, run);
+std::string_view msDBGetFieldDescription(const ChangedField& field, Run& run) try {
+    return caption_by(caption_rules, NameMatch::in_capitals, field, run);
 } catch (...) {
     leave(owner, "msDBGetFieldDescription");
 }
 
-std::string msTranslateID(std::string_view sWert, std::string_view sFeld) try {
-    for (const Translation& translation : translations) {
-        if (!upper_equals(sFeld, translation.field)) continue;
-        const std::optional<std::int32_t> number = number_in_range(sWert);
-        return number ? translation.text_of(*number) : std::string();
-    }
-    return {};
+std::string msTranslateID(std::string_view value, const ChangedField& field) try {
+    const WordRule* const rule = first_rule<WordRule>(word_rules, field, NameMatch::in_capitals);
+    // A change without a moment is written as logged, in every section.
+    if (!rule || field.row.without_date()) return {};
+    const std::optional<std::int32_t> number = number_in_range(value);
+    return number ? rule->words_of(*number) : std::string();
 } catch (...) {
     leave(owner, "msTranslateID");
 }

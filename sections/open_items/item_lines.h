@@ -21,9 +21,8 @@ public:
     explicit ItemLines(Run& run) : run_(run) {}
 
     bool describe_record(const LogRow& row, CsvLine& line) override;
-    std::string_view caption(std::string_view field, std::string_view table, const LogRow& row) override;
-    void translate_values(std::string_view field, std::string_view table, const LogRow& row,
-                          CsvLine& line) override;
+    std::string_view caption(const ChangedField& field) override;
+    std::string translated_value(const ChangedField& field, std::string_view value) override;
 
 private:
     struct Item {
@@ -34,14 +33,13 @@ private:
 
     Run& run_;
     IdMemory<Item> items_;  // each asked once in a run
-    std::string scratch_;
 };
 
 /// The caption of a changed field; empty for fields that are never exported, whatever their letter case, and
 /// for those without caption.
-std::string_view msDBGetFieldDescription(std::string_view sFeld, std::string_view sTabelle, Run& run);
+std::string_view msDBGetFieldDescription(const ChangedField& field, Run& run);
 
 /// What a reader understands by the logged value of a field; empty when the logged value stays.
-std::string msTranslateID(std::string_view sWert, std::string_view sFeld);
+std::string msTranslateID(std::string_view value, const ChangedField& field);
 
 }  // namespace prot::open_items

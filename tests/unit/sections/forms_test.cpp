@@ -20,7 +20,7 @@ Form rates_form(Environment& environment) {
 }
 
 Form items_form(Environment& environment) {
-    return open_items::ProtOPFrmFilter(environment).described_form();
+    return open_items::ProtOPFrmFilter(environment, true).described_form();
 }
 
 struct FormRow {

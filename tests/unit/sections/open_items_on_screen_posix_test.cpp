@@ -26,7 +26,7 @@ protected:
     }
 
     test::FakeHost host;
-    Form form = open_items::ProtOPFrmFilter(host.environment).described_form();
+    Form form = open_items::ProtOPFrmFilter(host.environment, true).described_form();
 };
 
 TEST_F(OpenItemsOnScreen, TheSmallestScreenShowsItAllWithAtLeastThreeMatches) {

@@ -28,7 +28,10 @@ protected:
     bool ask(std::string parameters = {}) {
         commandline = std::move(parameters);
         exchange_rates::ProtDevFrmFilter form(host.environment);
-        return form.gbGetFilter(where, filter, oDBU, commandline);
+        if (!form.gbGetFilter(oDBU, commandline)) return false;
+        where = form.sWhere();
+        filter = form.sFilter();
+        return true;
     }
     static void choose(Form& form, std::size_t from, std::size_t to) {
         form.fields[0].selected = from;

@@ -8,6 +8,7 @@
 #include "sections/open_items/item_lines.h"
 #include "sections/open_items/item_selection.h"
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/log_record.h"
 
 namespace prot {
 namespace {
@@ -138,6 +139,12 @@ TEST(ItemCondition, AnEmptyConditionSelectsEveryLoggedItem) {
               "WJ_ID = 5)) )");
 }
 
+/// The words for a value of a record that has a moment.
+std::string translated(std::string_view value, std::string_view field) {
+    const test::LogRecord record({.date = Date{46000}});
+    return open_items::msTranslateID(value, record.field(field));
+}
+
 TEST(ItemValues, AreTranslatedByField) {
     const struct {
         const char* field;
@@ -164,7 +171,7 @@ TEST(ItemValues, AreTranslatedByField) {
         {"OP_BETRAG", "1", "", "any other field"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(open_items::msTranslateID(row.value, row.field), row.text)
+        EXPECT_EQ(translated(row.value, row.field), row.text)
             << row.field << " " << row.value << ": " << row.why;
 }
 
@@ -174,7 +181,7 @@ TEST(ItemValues, ADunningBlockIsCountedInWordsFrom0To9AndElseStaysAsLogged) {
         const std::string expected = count == 0                 ? "keine Sperrung"
                                      : count >= 1 && count <= 9 ? value + " mal gesperrt"
                                                                 : "";
-        EXPECT_EQ(open_items::msTranslateID(value, "OP_SPERR_KZ"), expected) << value;
+        EXPECT_EQ(translated(value, "OP_SPERR_KZ"), expected) << value;
     }
 }
 

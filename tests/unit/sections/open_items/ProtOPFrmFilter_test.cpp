@@ -73,8 +73,11 @@ protected:
     }
     bool ask(std::string parameters = {}) {
         commandline = std::move(parameters);
-        open_items::ProtOPFrmFilter form(host.environment);
-        return form.gbGetFilter(where, filter, deleting, oDBU, commandline);
+        open_items::ProtOPFrmFilter form(host.environment, deleting);
+        if (!form.gbGetFilter(oDBU, commandline)) return false;
+        where = form.sWhere();
+        filter = form.sFilter();
+        return true;
     }
     static void choose(Form& form, const char* field, std::size_t entry) {
         form.field(field).selected = entry;

@@ -1,31 +1,31 @@
-#include "sections/open_items/clients.h"
+#include "core/clients.h"
 
 #include "core/log_row.h"
 #include "platform/automation/text_forms.h"
 
-namespace prot::open_items {
+namespace prot {
 
 namespace {
 
+constexpr std::string_view are_clients = " AND (Mandant_Zeit.MaZt_Kanzlei = 0)";
+constexpr std::string_view are_offices = " AND (Mandant_Zeit.MaZt_Kanzlei = -1)";
+
 struct KindRow {
-    ClientKind kind;
     std::string_view label;
     std::string_view condition;  ///< on the clients that may be chosen
 };
+/// In the order of ClientKind.
 constexpr KindRow kinds[] = {
-    {ClientKind::client, "Mandant", " AND (Mandant_Zeit.MaZt_Kanzlei = 0)"},
-    {ClientKind::office, "Kanzlei", " AND (Mandant_Zeit.MaZt_Kanzlei = -1)"},
-    {ClientKind::all, "Alle Mandanten/Kanzleien", ""},
+    {"Mandant", are_clients},        {"Kanzlei", are_offices},         {"Alle Mandanten", are_clients},
+    {"Alle Kanzleien", are_offices}, {"Alle Mandanten/Kanzleien", ""},
 };
 
-const KindRow& row_of(ClientKind kind) {
-    return kinds[static_cast<std::size_t>(kind) - static_cast<std::size_t>(ClientKind::client)];
-}
+const KindRow& row_of(ClientKind kind) { return kinds[static_cast<std::size_t>(kind)]; }
 
 /// The clients that are not in the waste basket.
-std::string clients_statement(ClientKind kind, std::string_view further_column, std::string_view order) {
-    return std::string("SELECT DISTINCT Person_v4.Ps_Id, Person_v4.Ps_nr")
-        .append(further_column)
+std::string clients_statement(ClientKind kind, std::string_view columns, std::string_view order) {
+    return std::string("SELECT DISTINCT ")
+        .append(columns)
         .append(
             " FROM Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id"
             " INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id"
@@ -57,8 +57,8 @@ std::optional<Client> find_client(Database& oDBU, ClientKind kind, const std::st
     return Client{number_of(rows.at(0, 0)), number, text(rows, 1, 0)};
 }
 
-std::string msMandantId(Database& oDBU, ClientKind kind) {
-    const RowSet rows = oDBU.query_array(clients_statement(kind, "", "Ps_Id"));
+std::string client_ids(Database& oDBU, ClientKind kind, std::string_view columns) {
+    const RowSet rows = oDBU.query_array(clients_statement(kind, columns, "Ps_Id"));
     rows.require_columns(1);
     std::string ids;
     for (std::size_t row = 0; row < rows.rows(); ++row)
@@ -67,7 +67,8 @@ std::string msMandantId(Database& oDBU, ClientKind kind) {
 }
 
 std::vector<Entry> client_entries(Database& oDBU, ClientKind kind) {
-    const RowSet rows = oDBU.query_array(clients_statement(kind, ", Person_v4.Ps_KurzName", "Ps_nr"));
+    const RowSet rows = oDBU.query_array(
+        clients_statement(kind, "Person_v4.Ps_Id, Person_v4.Ps_nr, Person_v4.Ps_KurzName", "Ps_nr"));
     rows.require_columns(3);
     std::vector<Entry> entries(rows.rows());
     for (std::size_t row = 0; row < rows.rows(); ++row)
@@ -75,4 +76,4 @@ std::vector<Entry> client_entries(Database& oDBU, ClientKind kind) {
     return entries;
 }
 
-}  // namespace prot::open_items
+}  // namespace prot

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+#include "core/log_row.h"
+
+namespace prot {
+
+/// One changed column of a log record.
+struct ChangedField {
+    std::string_view name;   ///< as logged
+    std::string_view table;  ///< dcTable, as logged
+    const LogRow& row;
+};
+
+}  // namespace prot

@@ -1,0 +1,65 @@
+#include "core/lookup_memory.h"
+
+#include <gtest/gtest.h>
+
+namespace prot {
+namespace {
+
+TEST(TextMemory, TellsKeysApartByEveryPart) {
+    TextMemory<int> memory;
+    memory.remember({"ab", "c"}, 1);
+    EXPECT_EQ(memory.find({"a", "bc"}), nullptr);
+    EXPECT_EQ(memory.find({"ab"}), nullptr);
+    EXPECT_EQ(memory.find({"ab", "c", ""}), nullptr);
+    ASSERT_NE(memory.find({"ab", "c"}), nullptr);
+    EXPECT_EQ(*memory.find({"ab", "c"}), 1);
+}
+
+TEST(TextMemory, KeepsAnswersValidWhileLookupsNest) {
+    TextMemory<std::string> memory;
+    const std::string& first = memory.remember({"außen"}, "A");
+    for (int i = 0; i < 1000; ++i) memory.remember({"innen", std::to_string(i)}, "B");
+    EXPECT_EQ(&first, memory.find({"außen"}));
+    EXPECT_EQ(first, "A");
+}
+
+constexpr ValueKey bank = {"TBANK", "dcBLZ", "idBank", "7"};
+
+TEST(ValueMemory, AnswersForTheMomentAskedAlone) {
+    ValueMemory memory;
+    memory.remember(bank, Date{100}, "alt", false);
+    EXPECT_EQ(memory.find(bank, Date{100}), "alt");
+    EXPECT_EQ(memory.find(bank, Date{99}), std::nullopt);
+    EXPECT_EQ(memory.find(bank, Date{101}), std::nullopt) << "the next change may come first";
+}
+
+TEST(ValueMemory, AnswersForEveryLaterMomentWhenNothingChangesAnyMore) {
+    ValueMemory memory;
+    memory.remember(bank, Date{100}, "heute", true);
+    EXPECT_EQ(memory.find(bank, Date{200}), "heute");
+    EXPECT_EQ(memory.find(bank, Date{100}), "heute");
+    EXPECT_EQ(memory.find(bank, Date{99}), std::nullopt) << "before it another value may have held";
+}
+
+TEST(ValueMemory, HoldsTheLatestMomentAsked) {
+    ValueMemory memory;
+    memory.remember(bank, Date{100}, "alt", false);
+    memory.remember(bank, Date{110}, "neuer", false);
+    EXPECT_EQ(memory.find(bank, Date{110}), "neuer");
+    EXPECT_EQ(memory.find(bank, Date{100}), std::nullopt);
+}
+
+TEST(ValueMemory, TellsValuesApartByEveryPartOfTheirKey) {
+    ValueMemory memory;
+    memory.remember(bank, Date{100}, "x", true);
+    for (const ValueKey& other :
+         {ValueKey{"TBANK2", "dcBLZ", "idBank", "7"}, ValueKey{"TBANK", "dcBIC", "idBank", "7"},
+          ValueKey{"TBANK", "dcBLZ", "fl", "7"}, ValueKey{"TBANK", "dcBLZ", "idBank", "8"},
+          ValueKey{"TBANK", "dcBLZ", "idBank", "7", "dlSuchId1"}})
+        EXPECT_EQ(memory.find(other, Date{100}), std::nullopt);
+    EXPECT_EQ(memory.find({"TBANK", "dcBLZ", "idBank", "7", "dlPrimaryKey1"}, Date{100}), "x")
+        << "the usual column";
+}
+
+}  // namespace
+}  // namespace prot
