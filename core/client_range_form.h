@@ -22,13 +22,14 @@ struct KindChoice {
 /// The filter form of a client or office and a range of numbers: its fields, what they do together, and how a
 /// batch text chooses them. Controls: cboMandant, ctlMandant, txtKLNr(0) and txtKLNr(1).
 class ClientRangeForm : public FilterForm {
-protected:
+public:
     struct Selection {
         ClientKind kind = ClientKind::client;
-        Client client;
+        Client client;  ///< none for a collective kind
         NumberRange range;
     };
 
+protected:
     /// kinds lives as long as the program.
     ClientRangeForm(Environment& environment, std::string_view owner, std::span<const KindChoice> kinds)
         : FilterForm(environment, owner), kinds_(kinds) {}
