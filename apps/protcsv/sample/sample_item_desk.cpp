@@ -69,7 +69,7 @@ LogRow ItemDesk::rename_client(const Occasion& occasion, std::int32_t number, st
 }
 
 LogRow ItemDesk::change_dunning(const Occasion& occasion) {
-    return change_item(occasion, [&](Item& item) {
+    return change_any(occasion, [&](Item& item) {
         if (random_.percent(60)) {
             item.dunning_level = (item.dunning_level + 1) % 4;
             if (random_.percent(80)) return;
@@ -79,7 +79,7 @@ LogRow ItemDesk::change_dunning(const Occasion& occasion) {
 }
 
 LogRow ItemDesk::change_terms(const Occasion& occasion) {
-    return change_item(occasion, [&](Item& item) {
+    return change_any(occasion, [&](Item& item) {
         const std::int64_t dice = random_.below(100);
         if (dice < 50) item.amount += random_.between(1, 90'000) * (item.amount > 100'000 ? -1 : 1);
         if (dice >= 30 && item.due != Day()) item.due = item.document_date + days(random_.between(91, 120));
@@ -89,18 +89,18 @@ LogRow ItemDesk::change_terms(const Occasion& occasion) {
 }
 
 LogRow ItemDesk::change_text(const Occasion& occasion) {
-    return change_item(occasion, [&](Item& item) {
+    return change_any(occasion, [&](Item& item) {
         const std::string_view before = item.text;
         while (item.text == before) item.text = random_.pick(texts);
     });
 }
 
 LogRow ItemDesk::settle(const Occasion& occasion) {
-    return change_item(occasion, [&](Item& item) { item.settlement = item.settlement == 0 ? item.id : 0; });
+    return change_any(occasion, [&](Item& item) { item.settlement = item.settlement == 0 ? item.id : 0; });
 }
 
 LogRow ItemDesk::touch(const Occasion& occasion) {
-    return change_item(occasion, [](Item&) {});
+    return change_any(occasion, [](Item&) {});
 }
 
 LogRow ItemDesk::set_number(const Occasion& occasion, std::int32_t Item::*number, std::int32_t value) {

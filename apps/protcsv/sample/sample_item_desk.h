@@ -34,7 +34,7 @@ public:
 
     /// Any one item changed by `change`, and stamped with the occasion.
     template <class Change>
-    LogRow change_item(const Occasion& occasion, Change change) {
+    LogRow change_any(const Occasion& occasion, Change change) {
         Item& item = items_[any_item()];
         const Item before = item;
         change(item);

@@ -72,40 +72,28 @@ Author author_of_items(Moment moment, Random& random) {
     return author;
 }
 
-class OpenItems : public Section {
-public:
-    OpenItems(Random random, std::int64_t rows) : desk_(random, rows) {}
+// clang-format off
+constexpr Everyday<ItemDesk> everyday[] = {
+    {10, &ItemDesk::add_item},
+    {3,  &ItemDesk::remove_item},
+    {5,  &ItemDesk::touch},
+    {8,  &ItemDesk::settle},
+    {34, &ItemDesk::change_dunning},
+    {15, &ItemDesk::change_text},
+    {25, &ItemDesk::change_terms},
+};
+// clang-format on
 
-    LogRow log_change(Moment moment) override;
+class OpenItems : public StorySection<ItemDesk> {
+public:
+    OpenItems(Random random, std::int64_t rows) : StorySection({random, rows}, item_story(), everyday) {}
+
     void write_master_data(SampleFile& file) const override;
     std::span<const Caption> captions() const override { return all_captions; }
 
 private:
-    LogRow any_change(const Occasion& occasion);
-
-    ItemDesk desk_;
-    std::size_t told_ = 0;  ///< steps of the story so far
+    Author author_at(Moment moment) override { return author_of_items(moment, desk().random()); }
 };
-
-LogRow OpenItems::log_change(Moment moment) {
-    const auto story = item_story();
-    if (told_ < story.size() && moment >= story[told_].due && !is_night(moment)) {
-        const ItemStep& step = story[told_++];
-        return step.change(desk_, {moment, author_of_items(moment, desk_.random())}, step.text);
-    }
-    return any_change({moment, author_of_items(moment, desk_.random())});
-}
-
-LogRow OpenItems::any_change(const Occasion& occasion) {
-    const std::int64_t kind = desk_.random().below(100);
-    if (kind < 10) return desk_.add_item(occasion);
-    if (kind < 13) return desk_.remove_item(occasion);
-    if (kind < 18) return desk_.touch(occasion);
-    if (kind < 26) return desk_.settle(occasion);
-    if (kind < 60) return desk_.change_dunning(occasion);
-    if (kind < 75) return desk_.change_text(occasion);
-    return desk_.change_terms(occasion);
-}
 
 void write_item(Insert& insert, const Item& item) {
     insert.row(item.id, item.year_id, booking_id(item), batch_id(item), item.account, document_number(item),
@@ -116,13 +104,13 @@ void write_item(Insert& insert, const Item& item) {
 }
 
 void OpenItems::write_master_data(SampleFile& file) const {
-    desk_.clients().write(file);
+    desk().clients().write(file);
     file.execute(table);
     Insert items(file,
                  "INSERT INTO OFFENER_POSTEN VALUES (?, ?, ?, ?, ?, NULLIF(?, ''), ?, NULLIF(?, ''), ?, ?,"
                  " NULLIF(?, 0), ?, NULLIF(?, 0), NULLIF(?, ''), NULLIF(?, ''), NULLIF(?, ''),"
                  " NULLIF(?, 0), ?, NULLIF(?, 0))");
-    for (const Item& item : desk_.items()) write_item(items, item);
+    for (const Item& item : desk().items()) write_item(items, item);
     file.execute(indexes);
 }
 

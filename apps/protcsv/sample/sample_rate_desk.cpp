@@ -114,7 +114,7 @@ LogRow RateDesk::remove_rate_of(const Occasion& occasion, std::string_view code)
 }
 
 LogRow RateDesk::requote(const Occasion& occasion) {
-    return change_rate(occasion, [&](Rate& rate) {
+    return change_any(occasion, [&](Rate& rate) {
         const Quote quote = moved(rate.quote);
         const bool both_sides = random_.percent(25) || quote.bid >= rate.quote.ask;
         rate.quote = {quote.bid, both_sides ? quote.ask : rate.quote.ask};
@@ -124,7 +124,7 @@ LogRow RateDesk::requote(const Occasion& occasion) {
 }
 
 LogRow RateDesk::change_source(const Occasion& occasion) {
-    return change_rate(occasion, [&](Rate& rate) {
+    return change_any(occasion, [&](Rate& rate) {
         const std::string_view before = rate.source;
         while (rate.source == before) rate.source = random_.pick(sources);
     });

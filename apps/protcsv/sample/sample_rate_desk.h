@@ -37,7 +37,7 @@ public:
 
     /// Any one rate changed by `change`, and stamped with the occasion.
     template <class Change>
-    LogRow change_rate(const Occasion& occasion, Change change) {
+    LogRow change_any(const Occasion& occasion, Change change) {
         Rate& rate = rates_[any_rate()];
         const Rate before = rate;
         change(rate);
