@@ -47,25 +47,19 @@ ItemDesk::ItemDesk(Random random, std::int64_t rows) : random_(random), clients_
 
 LogRow ItemDesk::add_item(const Occasion& occasion) {
     if (static_cast<std::int64_t>(items_.size()) >= most_items) return remove_item(occasion);
-    Item& item = new_item(std::chrono::floor<days>(occasion.moment));
-    stamp(item, occasion);
-    return item_row(occasion, nullptr, &item);
+    return log_creation(new_item(std::chrono::floor<days>(occasion.moment)), occasion);
 }
 
 LogRow ItemDesk::remove_item(const Occasion& occasion) {
     if (items_.size() <= fewest_items) return change_terms(occasion);
-    Item& place = items_[any_item()];
-    const Item removed = place;
-    place = items_.back();
-    items_.pop_back();
-    return item_row(occasion, &removed, nullptr);
+    return log_deletion(items_, random_, occasion);
 }
 
 LogRow ItemDesk::rename_client(const Occasion& occasion, std::int32_t number, std::string_view short_name) {
     Client& client = clients_.of_number(number);
-    const std::string former_name = client.short_name;
+    const Client before = client;
     client.short_name = short_name;
-    return client_row(occasion, client, former_name);
+    return log_row(occasion, &before, &client);
 }
 
 LogRow ItemDesk::change_dunning(const Occasion& occasion) {
@@ -104,11 +98,7 @@ LogRow ItemDesk::touch(const Occasion& occasion) {
 }
 
 LogRow ItemDesk::set_number(const Occasion& occasion, std::int32_t Item::*number, std::int32_t value) {
-    Item& item = item_without(number, value);
-    const Item before = item;
-    item.*number = value;
-    stamp(item, occasion);
-    return item_row(occasion, &before, &item);
+    return log_change(item_without(number, value), occasion, [&](Item& item) { item.*number = value; });
 }
 
 LogRow ItemDesk::set_number_logged_as(const Occasion& occasion, std::int32_t Item::*number,
@@ -121,11 +111,7 @@ LogRow ItemDesk::set_number_logged_as(const Occasion& occasion, std::int32_t Ite
     return row;
 }
 
-std::vector<Item> ItemDesk::items() const {
-    std::vector<Item> existing = items_;
-    std::ranges::sort(existing, {}, &Item::id);
-    return existing;
-}
+std::vector<Item> ItemDesk::items() const { return by_key(items_); }
 
 /// An item with a document of the year before `latest`.
 Item& ItemDesk::new_item(Day latest) {
@@ -161,24 +147,13 @@ const Client& ItemDesk::any_client() {
     }
 }
 
-/// Two drawings: later items are changed more often than early ones.
-std::size_t ItemDesk::any_item() {
-    const auto count = static_cast<std::int64_t>(items_.size());
-    return static_cast<std::size_t>(std::max(random_.below(count), random_.below(count)));
-}
-
 /// An item with another value; any one when there is none.
 Item& ItemDesk::item_without(std::int32_t Item::*number, std::int32_t value) {
-    const auto start = items_.begin() + static_cast<std::ptrdiff_t>(any_item());
+    const auto start = items_.begin() + (&any_of(items_, random_) - items_.data());
     const auto differs = [&](const Item& item) { return item.*number != value; };
     auto found = std::find_if(start, items_.end(), differs);
     if (found == items_.end()) found = std::find_if(items_.begin(), start, differs);
     return *found;
-}
-
-void ItemDesk::stamp(Item& item, const Occasion& occasion) {
-    item.changed = occasion.moment;
-    if (occasion.author.employee != 0) item.employee = occasion.author.employee;
 }
 
 }  // namespace prot::sample

@@ -7,7 +7,6 @@
 
 #include "apps/protcsv/sample/sample_clients.h"
 #include "apps/protcsv/sample/sample_items.h"
-#include "apps/protcsv/sample/sample_random.h"
 
 namespace prot::sample {
 
@@ -35,11 +34,7 @@ public:
     /// Any one item changed by `change`, and stamped with the occasion.
     template <class Change>
     LogRow change_any(const Occasion& occasion, Change change) {
-        Item& item = items_[any_item()];
-        const Item before = item;
-        change(item);
-        stamp(item, occasion);
-        return item_row(occasion, &before, &item);
+        return log_change(any_of(items_, random_), occasion, change);
     }
 
     /// Gives `number` to an item that has another value there.
@@ -56,9 +51,7 @@ public:
 private:
     Item& new_item(Day latest);
     const Client& any_client();
-    std::size_t any_item();
     Item& item_without(std::int32_t Item::*number, std::int32_t value);
-    static void stamp(Item& item, const Occasion& occasion);
 
     Random random_;
     ClientBook clients_;
