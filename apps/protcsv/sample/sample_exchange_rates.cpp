@@ -144,19 +144,20 @@ constexpr Everyday<RateDesk> everyday[] = {
 };
 // clang-format on
 
+constexpr Plot<RateDesk> plot = {
+    .story = story,
+    .everyday = everyday,
+    .programs = {"Devisenverwaltung",
+                 {"_UNBEKANNT_Kursimport", "svc_kursimport", 0, "SRV-JOBS", "Kursimport"}},
+    .in_turn = true,
+};
+
 class ExchangeRates : public StorySection<RateDesk> {
 public:
-    ExchangeRates(Random random, std::int64_t rows) : StorySection({random, rows}, story, everyday) {}
+    ExchangeRates(Random random, std::int64_t rows) : StorySection({random, rows}, plot) {}
 
     void write_master_data(SampleFile& file) const override;
     std::span<const Caption> captions() const override { return all_captions; }
-
-private:
-    Author author_at(Moment moment) override { return sample::author_at(moment, desk().random()); }
-    /// Everybody in turn.
-    Author author_of_step(std::size_t number, Moment /*moment*/) override {
-        return authors()[number % authors().size()];
-    }
 };
 
 void write_rate(Insert& insert, const Rate& rate) {

@@ -62,16 +62,6 @@ CREATE INDEX iOffenerPostenWirtschaftsjahr ON OFFENER_POSTEN (WJ_ID, OP_SKNR);
 CREATE INDEX iOffenerPostenKonto ON OFFENER_POSTEN (OP_SKNR);
 )";
 
-constexpr Author bank_job = {"_UNBEKANNT_Bankabruf", "svc_bankabruf", 0, "SRV-JOBS", "Kontoauszugsabruf"};
-
-/// Who works on open items at that moment; the programs for exchange rates have no part in them.
-Author author_of_items(Moment moment, Random& random) {
-    Author author = author_at(moment, random);
-    if (author.application == "Kursimport") return bank_job;
-    if (author.application == "Devisenverwaltung") author.application = "OP-Verwaltung";
-    return author;
-}
-
 // clang-format off
 constexpr Everyday<ItemDesk> everyday[] = {
     {10, &ItemDesk::add_item},
@@ -84,15 +74,18 @@ constexpr Everyday<ItemDesk> everyday[] = {
 };
 // clang-format on
 
+constexpr Programs programs = {
+    "OP-Verwaltung",
+    {"_UNBEKANNT_Bankabruf", "svc_bankabruf", 0, "SRV-JOBS", "Kontoauszugsabruf"},
+};
+
 class OpenItems : public StorySection<ItemDesk> {
 public:
-    OpenItems(Random random, std::int64_t rows) : StorySection({random, rows}, item_story(), everyday) {}
+    OpenItems(Random random, std::int64_t rows)
+        : StorySection({random, rows}, {.story = item_story(), .everyday = everyday, .programs = programs}) {}
 
     void write_master_data(SampleFile& file) const override;
     std::span<const Caption> captions() const override { return all_captions; }
-
-private:
-    Author author_at(Moment moment) override { return author_of_items(moment, desk().random()); }
 };
 
 void write_item(Insert& insert, const Item& item) {

@@ -23,13 +23,6 @@ Day first_of_month(Day day) {
     return date.year() / date.month() / 1;
 }
 
-/// Somebody who works with rates when nobody in particular is meant.
-std::int32_t any_employee(Random& random) {
-    std::int32_t employee = 0;
-    while (employee == 0) employee = random.pick(authors()).employee;
-    return employee;
-}
-
 }  // namespace
 
 RateDesk::RateDesk(Random random, std::int64_t rows) : random_(random) {
@@ -126,7 +119,7 @@ LogRow RateDesk::change_source(const Occasion& occasion) {
 
 LogRow RateDesk::touch(const Occasion& occasion) {
     Occasion person = occasion;
-    if (person.author.employee == 0) person.author = authors().front();
+    if (person.author.employee == 0) person.author = a_person();
     Rate* rate = &any_of(rates_, random_);
     for (int tries = 0; tries < 50 && rate->employee == person.author.employee; ++tries)
         rate = &any_of(rates_, random_);

@@ -51,39 +51,44 @@ LogRow set(Desk& desk, const Occasion& occasion, std::string_view text) {
     return desk.change_any(occasion, [text](auto& record) { record.*field = text; });
 }
 
-/// A section that is told so. The story's steps are in the order of their days.
+template <class Desk>
+struct Plot {
+    std::span<const Step<Desk>> story;  ///< in the order of the days
+    std::span<const Everyday<Desk>> everyday;
+    Programs programs;
+    bool in_turn = false;  ///< everybody has a part in the story; else whoever is likely to be at work
+};
+
+/// A section that is told so.
 template <class Desk>
 class StorySection : public Section {
 public:
     LogRow log_change(Moment moment) final {
-        if (told_ == story_.size() || moment < story_[told_].due || is_night(moment))
-            return any_change({moment, author_at(moment)});
-        const Occasion occasion{moment, author_of_step(told_, moment)};
-        const Step<Desk>& step = story_[told_++];
-        return step.change(desk_, occasion, step.text);
+        if (told_ == plot_.story.size() || moment < plot_.story[told_].due || is_night(moment))
+            return any_change({moment, any_author(moment)});
+        const Author teller =
+            plot_.in_turn ? author(told_ % author_count(), plot_.programs) : any_author(moment);
+        const Step<Desk>& step = plot_.story[told_++];
+        return step.change(desk_, {moment, teller}, step.text);
     }
 
 protected:
-    StorySection(Desk desk, std::span<const Step<Desk>> story, std::span<const Everyday<Desk>> everyday)
-        : desk_(std::move(desk)), story_(story), everyday_(everyday) {}
+    StorySection(Desk desk, const Plot<Desk>& plot) : desk_(std::move(desk)), plot_(plot) {}
 
-    Desk& desk() { return desk_; }
     const Desk& desk() const { return desk_; }
 
-    virtual Author author_at(Moment moment) = 0;
-    virtual Author author_of_step(std::size_t /*number*/, Moment moment) { return author_at(moment); }
-
 private:
+    Author any_author(Moment moment) { return author_at(moment, desk_.random(), plot_.programs); }
+
     LogRow any_change(const Occasion& occasion) {
         std::int64_t dice = desk_.random().below(100);
-        auto kind = everyday_.begin();
+        auto kind = plot_.everyday.begin();
         for (; dice >= kind->percent; ++kind) dice -= kind->percent;
         return (desk_.*kind->change)(occasion);
     }
 
     Desk desk_;
-    std::span<const Step<Desk>> story_;
-    std::span<const Everyday<Desk>> everyday_;
+    Plot<Desk> plot_;
     std::size_t told_ = 0;  ///< steps of the story so far
 };
 
