@@ -44,6 +44,8 @@ struct FiscalYear {
 /// All clients and offices. The first `busy_clients` of them have most of the open items.
 class ClientBook {
 public:
+    ClientBook() = default;  ///< nobody
+
     /// rows: of the log to come; the more rows, the more clients, up to `most_clients`.
     ClientBook(Random& random, std::int64_t rows);
 

@@ -1,5 +1,3 @@
-#include "apps/protcsv/sample/sample_exchange_rates.h"
-
 #include "apps/protcsv/sample/sample_rate_desk.h"
 #include "apps/protcsv/sample/sample_story.h"
 
@@ -182,7 +180,7 @@ void ExchangeRates::write_master_data(SampleFile& file) const {
 
 }  // namespace
 
-std::unique_ptr<Section> create_exchange_rates(Random random, std::int64_t rows) {
+std::unique_ptr<Section> create_exchange_rates(Random random, std::int64_t rows, ClientBook& /*clients*/) {
     return std::make_unique<ExchangeRates>(random, rows);
 }
 

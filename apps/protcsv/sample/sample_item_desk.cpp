@@ -36,7 +36,9 @@ std::int32_t any_kind(Random& random) {
 
 }  // namespace
 
-ItemDesk::ItemDesk(Random random, std::int64_t rows) : random_(random), clients_(random_, rows) {
+ItemDesk::ItemDesk(Random random, std::int64_t rows, ClientBook& clients)
+    : random_(random), clients_(clients) {
+    clients_ = ClientBook(random_, rows);
     const std::int64_t count = std::clamp(rows / 20, fewest_early_items, most_items / 2);
     for (std::int64_t number = 0; number < count; ++number) {
         Item& item = new_item(log_begin);

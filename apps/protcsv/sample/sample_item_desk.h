@@ -14,8 +14,9 @@ namespace prot::sample {
 /// keeps the present state and the log in step and returns its log row.
 class ItemDesk {
 public:
-    /// rows: of the log to come; the more rows, the more clients and items there are from the start.
-    ItemDesk(Random random, std::int64_t rows);
+    /// rows: of the log to come; the more rows, the more clients and items there are from the start. clients:
+    /// become those of this desk; they outlive it.
+    ItemDesk(Random random, std::int64_t rows, ClientBook& clients);
 
     LogRow add_item(const Occasion& occasion);
     LogRow remove_item(const Occasion& occasion);
@@ -54,7 +55,7 @@ private:
     Item& item_without(std::int32_t Item::*number, std::int32_t value);
 
     Random random_;
-    ClientBook clients_;
+    ClientBook& clients_;
     std::vector<Item> items_;
     std::int32_t last_id_ = 0;
     std::int32_t last_document_ = 4710;

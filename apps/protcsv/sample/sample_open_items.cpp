@@ -1,5 +1,3 @@
-#include "apps/protcsv/sample/sample_open_items.h"
-
 #include "apps/protcsv/sample/sample_item_desk.h"
 #include "apps/protcsv/sample/sample_item_story.h"
 
@@ -81,8 +79,9 @@ constexpr Programs programs = {
 
 class OpenItems : public StorySection<ItemDesk> {
 public:
-    OpenItems(Random random, std::int64_t rows)
-        : StorySection({random, rows}, {.story = item_story(), .everyday = everyday, .programs = programs}) {}
+    OpenItems(Random random, std::int64_t rows, ClientBook& clients)
+        : StorySection({random, rows, clients},
+                       {.story = item_story(), .everyday = everyday, .programs = programs}) {}
 
     void write_master_data(SampleFile& file) const override;
     std::span<const Caption> captions() const override { return all_captions; }
@@ -109,8 +108,8 @@ void OpenItems::write_master_data(SampleFile& file) const {
 
 }  // namespace
 
-std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows) {
-    return std::make_unique<OpenItems>(random, rows);
+std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows, ClientBook& clients) {
+    return std::make_unique<OpenItems>(random, rows, clients);
 }
 
 }  // namespace prot::sample
