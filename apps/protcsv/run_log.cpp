@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "apps/protcsv/commands.h"
-#include "apps/protcsv/displays/progress_bar.h"
+#include "apps/protcsv/displays/choose_displays.h"
 #include "apps/protcsv/host.h"
 #include "apps/protcsv/options/run_parameters.h"
 #include "apps/protcsv/options/usage_error.h"
@@ -92,7 +92,10 @@ public:
           console_(console),
           sections_(sections),
           terminal_(terminal_settings(options, console)),
-          host_(options, terminal_, full_screen(options, console)),
+          message_boxes_(terminal_, options.yes),
+          displays_(choose_displays(
+              {terminal_, message_boxes_, full_screen(options, console), console.err_is_terminal})),
+          host_(options, terminal_, *displays_),
           environment_(host_.environment()) {}
 
     int run() {
@@ -119,10 +122,10 @@ public:
 private:
     /// An error that leaves the exporter is shown like those that it shows itself.
     void run_section(const LogRequest& request, Database& database) {
-        ProgressBar progress(terminal_);
+        const std::unique_ptr<ProgressParent> progress =
+            options_.quiet ? nullptr : displays_->create_progress();
         ProtCsvClass entry(environment_, sections_);
-        if (!options_.quiet)
-            entry.poParent = host_.progress() || !console_.err_is_terminal ? host_.progress() : &progress;
+        entry.poParent = progress.get();
         entry.psCommandline = options_.parameters;
         entry.pbLoeschen = options_.command == Command::delete_log;
         Value spare;
@@ -140,29 +143,35 @@ private:
 
     void report(const AutomationError& error) {
         const std::string source = error.source().empty() ? std::string(own_source) : error.source();
-        host_.create_error_display()->ZQ_gShowError(error.number(), source, error.description());
+        displays_->create_error_display()->ZQ_gShowError(error.number(), source, error.description());
     }
 
     int finish() {
-        if (host_.message_boxes().left_unanswered())
+        if (message_boxes_.left_unanswered())
             terminal_.complain("Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.");
-        host_.tell(host_.notices().failures_text());
+        tell(host_.notices().failures_text());
         // A deletion says how many records it found before it deletes them. The question that fails counts as
         // answered no, without a word.
         if (options_.command == Command::delete_log && terminal_.outcome() == Outcome::done &&
-            !host_.message_boxes().shown()) {
+            !message_boxes_.shown()) {
             terminal_.note(Outcome::failed);
             terminal_.complain("Die Löschfrage ließ sich nicht stellen; es wurde nichts gelöscht.");
         }
         if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
-        if (!options_.quiet) host_.tell(host_.notices().text());
+        if (!options_.quiet) tell(host_.notices().text());
         return host_.finished_file().empty() ? exit_done : print(console_, host_.finished_file() + '\n');
+    }
+
+    void tell(const std::string& text) {
+        if (!text.empty()) displays_->tell(text);
     }
 
     const Options& options_;
     const Console& console_;
     SectionTable sections_;
     Terminal terminal_;
+    TerminalMessageBoxes message_boxes_;
+    std::unique_ptr<Displays> displays_;
     Host host_;
     Environment environment_;
 };

@@ -26,7 +26,7 @@ void write_line(std::ostream& file, const nlohmann::ordered_json& line) {
 }  // namespace
 
 StatementLog::StatementLog(Database& database, const std::string& path)
-    : database_(database), path_(path), file_(text_path(path), std::ios::binary | std::ios::trunc) {
+    : ForwardingDatabase(database), path_(path), file_(text_path(path), std::ios::binary | std::ios::trunc) {
     if (!file_)
         throw AutomationError(ErrorNumber::file,
                               "Die Datei „" + path_ + "“ lässt sich nicht zum Schreiben öffnen.");
@@ -63,15 +63,15 @@ auto StatementLog::logged(std::string_view operation, std::string_view sql, Send
 }
 
 Value StatementLog::query_value(std::string_view sql) {
-    return logged("value", sql, [&] { return database_.query_value(sql); });
+    return logged("value", sql, [&] { return ForwardingDatabase::query_value(sql); });
 }
 
 RowSet StatementLog::query_array(std::string_view sql) {
-    return logged("array", sql, [&] { return database_.query_array(sql); });
+    return logged("array", sql, [&] { return ForwardingDatabase::query_array(sql); });
 }
 
 void StatementLog::execute(std::string_view sql) {
-    logged("execute", sql, [&] { database_.execute(sql); });
+    logged("execute", sql, [&] { ForwardingDatabase::execute(sql); });
 }
 
 }  // namespace prot

@@ -3,7 +3,7 @@
 #include <fstream>
 #include <string>
 
-#include "platform/database.h"
+#include "platform/forwarding_database.h"
 
 namespace prot {
 
@@ -11,7 +11,7 @@ namespace prot {
 ///   {"op":"value"|"array"|"execute","sql":…,"rows":n,"ms":n,"error":…}
 /// sql is the text as given (bytes that are not UTF-8 become U+FFFD); rows stands for array only, error only
 /// when the statement failed. Dialect questions are not statements and are not written.
-class StatementLog : public Database {
+class StatementLog : public ForwardingDatabase {
 public:
     /// Creates the file `path`, replacing an earlier one. AutomationError (file) when that is impossible.
     StatementLog(Database& database, const std::string& path);
@@ -19,11 +19,6 @@ public:
     Value query_value(std::string_view sql) override;
     RowSet query_array(std::string_view sql) override;
     void execute(std::string_view sql) override;
-    std::string date_literal(Date date) override { return database_.date_literal(date); }
-    std::string like_wildcard() override { return database_.like_wildcard(); }
-    void begin_lookups() override { database_.begin_lookups(); }
-    void end_lookups() noexcept override { database_.end_lookups(); }
-    void require_connection() override { database_.require_connection(); }
 
     /// Raises AutomationError (file) when a line could not be written.
     void close();
@@ -32,7 +27,6 @@ private:
     template <typename Send>
     auto logged(std::string_view operation, std::string_view sql, Send send);
 
-    Database& database_;
     std::string path_;
     std::ofstream file_;
 };

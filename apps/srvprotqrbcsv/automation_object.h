@@ -2,23 +2,17 @@
 
 #include <oaidl.h>
 
-#include <atomic>
-
-#include "apps/srvprotqrbcsv/module.h"
+#include "apps/srvprotqrbcsv/counted_object.h"
 #include "apps/srvprotqrbcsv/type_information.h"
 
 namespace prot {
 
-/// An automation object with the one dual interface `Interface` of the type library: identity, reference
-/// counting, late binding and error information. The members are the derived class's; each reports its errors
+/// An automation object with the one dual interface `Interface` of the type library: identity, late binding
+/// and error information. The members are the derived class's; each reports its errors
 /// through report_errors.
 template <class Interface>
-class AutomationObject : public Interface, public ISupportErrorInfo {
+class AutomationObject : public CountedObject<Interface, ISupportErrorInfo> {
 public:
-    AutomationObject() = default;
-    AutomationObject(const AutomationObject&) = delete;
-    AutomationObject& operator=(const AutomationObject&) = delete;
-
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override {
         if (!object) return E_POINTER;
         *object = nullptr;
@@ -28,14 +22,8 @@ public:
             *object = static_cast<ISupportErrorInfo*>(this);
         else
             return E_NOINTERFACE;
-        AddRef();
+        this->AddRef();
         return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() noexcept override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
     }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
@@ -63,13 +51,8 @@ public:
         return iid == __uuidof(Interface) ? S_OK : S_FALSE;
     }
 
-protected:
-    virtual ~AutomationObject() = default;
-
 private:
-    std::atomic<ULONG> references_ = 0;
     TypeInformation type_{__uuidof(Interface)};
-    module::Reference module_;
 };
 
 }  // namespace prot

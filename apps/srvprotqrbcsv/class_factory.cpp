@@ -1,22 +1,18 @@
 #include "apps/srvprotqrbcsv/class_factory.h"
 
-#include <atomic>
 #include <new>
 
 #include "apps/srvprotqrbcsv/class_table.h"
-#include "apps/srvprotqrbcsv/module.h"
+#include "apps/srvprotqrbcsv/counted_object.h"
 #include "platform/windows/com/com_ptr.h"
 
 namespace prot {
 
 namespace {
 
-class ClassFactory : public IClassFactory {
+class ClassFactory : public CountedObject<IClassFactory> {
 public:
     explicit ClassFactory(const AutomationClass& made) : made_(made) {}
-    virtual ~ClassFactory() = default;
-    ClassFactory(const ClassFactory&) = delete;
-    ClassFactory& operator=(const ClassFactory&) = delete;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) noexcept override {
         if (!object) return E_POINTER;
@@ -25,12 +21,6 @@ public:
         *object = static_cast<IClassFactory*>(this);
         AddRef();
         return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() noexcept override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() noexcept override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
     }
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) noexcept override
@@ -53,8 +43,6 @@ public:
 
 private:
     const AutomationClass& made_;
-    std::atomic<ULONG> references_ = 0;
-    module::Reference module_;
 };
 
 }  // namespace

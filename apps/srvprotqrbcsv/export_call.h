@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "apps/srvprotqrbcsv/server_host.h"
@@ -26,6 +27,13 @@ struct ExportCall {
     std::int32_t lAktion;
 };
 
+/// What the client has set.
+struct ExportSettings {
+    ComPtr<IDispatch> poParent;
+    std::string psCommandline;
+    bool pbLoeschen = false;
+};
+
 /// Whose name an error bears that arises here, before or behind the procedures of the core.
 struct Owner {
     std::string_view name, procedure;
@@ -41,11 +49,11 @@ auto named_after(const Owner& owner, Body body) try {
 /// Runs `call` by `target`, the entry class or an exporter, with the host's objects held for the length of
 /// the run, whatever the host does with its own references meanwhile. Raises what the run could not show.
 template <class Target>
-void run_export(Target& target, const Owner& owner, ServerHost& host, const ComPtr<IDispatch>& parent,
+void run_export(Target& target, const Owner& owner, ServerHost& host, const ExportSettings& settings,
                 const ExportCall& call) {
     const std::unique_ptr<HostDatabase> database =
         named_after(owner, [&call] { return host_database(call.oDBU); });
-    const std::unique_ptr<ProgressParent> progress = host_progress_parent(parent.borrow());
+    const std::unique_ptr<ProgressParent> progress = host_progress_parent(settings.poParent.borrow());
     struct Ending {
         Target& target;
         ServerHost& host;
@@ -55,6 +63,8 @@ void run_export(Target& target, const Owner& owner, ServerHost& host, const ComP
         }
     } const ending{target, host};
     target.poParent = progress.get();
+    target.psCommandline = settings.psCommandline;
+    target.pbLoeschen = settings.pbLoeschen;
     host.begin(*database);
     Value spare;
     target.gCSVAusgabe(*database, call.lSection, text_of(call.sUser), Date{call.dtVon}, Date{call.dtBis},

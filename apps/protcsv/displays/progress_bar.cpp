@@ -6,7 +6,6 @@ namespace prot {
 
 namespace {
 
-constexpr std::int32_t records_per_look_at_the_clock = 16;
 constexpr std::chrono::milliseconds redraw_interval{100};
 constexpr std::int64_t bar_width = 40;
 
@@ -20,12 +19,11 @@ std::string bar_text(std::int64_t done, std::int64_t total) {
 
 }  // namespace
 
+ProgressBar::ProgressBar(Terminal& terminal, ProgressPace::Now now)
+    : terminal_(terminal), pace_(redraw_interval, std::move(now)) {}
+
 void ProgressBar::gSetFortschritt(std::int32_t lZeile, std::int32_t lLetzte) {
-    if (lZeile % records_per_look_at_the_clock != 0 || lLetzte < 1 || lZeile < 0 || lZeile > lLetzte) return;
-    const auto now = now_();
-    if (now < next_) return;
-    next_ = now + redraw_interval;
-    terminal_.show_status(bar_text(lZeile, lLetzte));
+    if (pace_.is_due(lZeile, lLetzte)) terminal_.show_status(bar_text(lZeile, lLetzte));
 }
 
 }  // namespace prot

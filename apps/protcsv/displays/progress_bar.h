@@ -1,22 +1,18 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
-#include <functional>
 
 #include "platform/portable/terminal/terminal.h"
+#include "platform/progress_pace.h"
 #include "platform/progress_parent.h"
 
 namespace prot {
 
-/// The progress of a run as the terminal's status line, redrawn at most every 100 milliseconds. The clock is
-/// read once in 16 records, so that a million records cost nothing.
+/// The progress of a run as the terminal's status line, redrawn at most every 100 milliseconds; wiped at its
+/// end.
 class ProgressBar : public ProgressParent {
 public:
-    using Now = std::function<std::chrono::steady_clock::time_point()>;
-
-    explicit ProgressBar(Terminal& terminal, Now now = std::chrono::steady_clock::now)
-        : terminal_(terminal), now_(std::move(now)) {}
+    explicit ProgressBar(Terminal& terminal, ProgressPace::Now now = std::chrono::steady_clock::now);
     ~ProgressBar() override { terminal_.clear_status(); }
 
     void gRefresh() override {}
@@ -24,8 +20,7 @@ public:
 
 private:
     Terminal& terminal_;
-    Now now_;
-    std::chrono::steady_clock::time_point next_{};
+    ProgressPace pace_;
 };
 
 }  // namespace prot

@@ -116,6 +116,17 @@ constexpr std::int32_t personal_data_offset = 60'000;
 constexpr std::int32_t file_offset = 120'000;
 constexpr std::int32_t first_year_id = 200'001;
 
+constexpr Field<Client> client_fields[] = {
+    {"Ps_Id", [](const Client& client) { return std::to_string(client.id); }},
+    {"Ps_Nr", [](const Client& client) { return std::to_string(client.number); }},
+    {"Ps_KurzName", [](const Client& client) { return client.short_name; }},
+    {"Ps_Name", [](const Client& client) { return client.name; }},
+};
+
+constexpr LoggedTable<Client> logged_clients = {
+    "Person_v4", client_fields,
+    [](const Client& client) { return LogKeys{.primary_key1 = client.id, .search_ids = {client.id}}; }};
+
 constexpr std::int32_t last_known_number = 1300;
 constexpr std::size_t clients_per_office = 100;
 constexpr std::size_t clients_per_second_entry = 9;
@@ -123,6 +134,10 @@ constexpr std::size_t clients_per_second_entry = 9;
 constexpr int yes = -1, no = 0;
 
 }  // namespace
+
+LogRow log_row(const Occasion& occasion, const Client* before, const Client* after) {
+    return log_row(logged_clients, occasion, before, after);
+}
 
 std::span<const Period> ClientBook::periods() { return all_periods; }
 

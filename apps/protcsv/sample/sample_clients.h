@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "apps/protcsv/sample/sample_client_names.h"
-#include "apps/protcsv/sample/sample_moments.h"
+#include "apps/protcsv/sample/sample_records.h"
 #include "apps/protcsv/sample/sample_sqlite.h"
 
 /// The clients and offices of a sample database and their fiscal years.
@@ -24,6 +24,8 @@ struct Client {
     std::size_t first_year = 0;  ///< of its fiscal years, which stand together
     std::size_t year_count = 0;
 };
+
+LogRow log_row(const Occasion& occasion, const Client* before, const Client* after);
 
 struct Period {
     Day first, last;
@@ -42,6 +44,8 @@ struct FiscalYear {
 /// All clients and offices. The first `busy_clients` of them have most of the open items.
 class ClientBook {
 public:
+    ClientBook() = default;  ///< nobody
+
     /// rows: of the log to come; the more rows, the more clients, up to `most_clients`.
     ClientBook(Random& random, std::int64_t rows);
 

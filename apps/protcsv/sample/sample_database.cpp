@@ -37,7 +37,7 @@ std::int64_t usual_rows(const SampleOptions& options) {
 
 /// Shares `rows` out among the sections, in proportion to their usual rows and without a rest. A section that
 /// takes no part gets none.
-std::vector<Part> create_parts(const SampleOptions& options, std::int64_t rows) {
+std::vector<Part> create_parts(const SampleOptions& options, std::int64_t rows, sample::ClientBook& clients) {
     std::vector<Part> parts;
     std::int64_t rows_left = rows;
     std::int64_t weight_left = usual_rows(options);
@@ -47,7 +47,8 @@ std::vector<Part> create_parts(const SampleOptions& options, std::int64_t rows) 
         const std::uint64_t stream = parts.size();
         sample::Moments moments(sample::Random(options.seed, first_moments_stream + stream), share);
         const sample::Moment first = share == 0 ? sample::Moment() : moments.next();
-        parts.push_back({kind.create(sample::Random(options.seed, stream), share), moments, share, first});
+        parts.push_back(
+            {kind.create(sample::Random(options.seed, stream), share, clients), moments, share, first});
         rows_left -= share;
         weight_left -= weight;
     }
@@ -95,7 +96,8 @@ void write_sample_database(const std::string& path, const SampleOptions& options
         "PRAGMA application_id = " +
         std::to_string(sample_mark) + ";");
     sample::create_log_tables(file);
-    std::vector<Part> parts = create_parts(options, rows);
+    sample::ClientBook clients;
+    std::vector<Part> parts = create_parts(options, rows, clients);
     write_log(file, parts);
     for (const Part& part : parts) {
         part.section->write_master_data(file);

@@ -1,6 +1,5 @@
-#include "apps/protcsv/sample/sample_exchange_rates.h"
-
 #include "apps/protcsv/sample/sample_rate_desk.h"
+#include "apps/protcsv/sample/sample_story.h"
 
 namespace prot::sample {
 namespace {
@@ -56,88 +55,47 @@ CREATE UNIQUE INDEX iDevisenWaehrISOKennz ON tDevisenWaehr (dcISOKennz);
 CREATE UNIQUE INDEX iDevisenKursGueltigAb ON TDEVISENKURS (flDevisenWaehr, ddGueltigAb);
 )";
 
-/// One change of the story: what is done, with a text whose meaning is the change's own.
-using Change = LogRow (*)(RateDesk& desk, const Occasion& occasion, std::string_view text);
-
-LogRow set_remark(RateDesk& desk, const Occasion& occasion, std::string_view text) {
-    return desk.change_rate(occasion, [&](Rate& rate) { rate.remark = text; });
-}
-
-LogRow set_source(RateDesk& desk, const Occasion& occasion, std::string_view text) {
-    return desk.change_rate(occasion, [&](Rate& rate) { rate.source = text; });
-}
-
 LogRow exchange_source_for_remark(RateDesk& desk, const Occasion& occasion, std::string_view text) {
-    return desk.change_rate(occasion, [&](Rate& rate) {
+    return desk.change_any(occasion, [&](Rate& rate) {
         rate.source = rate.source.empty() ? "Hausbank" : "";
         rate.remark = text;
     });
 }
 
-LogRow set_reason(RateDesk& desk, const Occasion& occasion, std::string_view text) {
-    return desk.change_rate(occasion, [&](Rate& rate) { rate.reason = text; });
-}
-
 LogRow fall_behind(RateDesk& desk, const Occasion& occasion, std::string_view) {
-    return desk.change_rate(occasion, [&](Rate& rate) {
+    return desk.change_any(occasion, [&](Rate& rate) {
         rate.deviation = -static_cast<std::int32_t>(desk.random().between(5, 240));
     });
-}
-
-LogRow mark_import(RateDesk& desk, const Occasion& occasion, std::string_view text) {
-    return desk.change_rate(occasion, [&](Rate& rate) { rate.import_mark = text; });
-}
-
-LogRow add_currency(RateDesk& desk, const Occasion& occasion, std::string_view code) {
-    return desk.add_currency(occasion, code);
 }
 
 LogRow rename_lira(RateDesk& desk, const Occasion& occasion, std::string_view name) {
     return desk.rename_currency(occasion, "TRY", name);
 }
 
-LogRow remove_currency(RateDesk& desk, const Occasion& occasion, std::string_view code) {
-    return desk.remove_currency(occasion, code);
-}
+constexpr Change<RateDesk> add_currency = tell<&RateDesk::add_currency>;
+constexpr Change<RateDesk> remove_currency = tell<&RateDesk::remove_currency>;
+constexpr Change<RateDesk> add_rate = tell<&RateDesk::add_rate>;
+constexpr Change<RateDesk> add_rate_of = tell<&RateDesk::add_rate_of>;
+constexpr Change<RateDesk> remove_rate = tell<&RateDesk::remove_rate>;
+constexpr Change<RateDesk> remove_rate_of = tell<&RateDesk::remove_rate_of>;
+constexpr Change<RateDesk> touch = tell<&RateDesk::touch>;
+constexpr Change<RateDesk> set_source = set<&Rate::source>;
+constexpr Change<RateDesk> set_remark = set<&Rate::remark>;
+constexpr Change<RateDesk> set_reason = set<&Rate::reason>;
+constexpr Change<RateDesk> mark_import = set<&Rate::import_mark>;
+constexpr Change<RateDesk> lose_document = damage<&RateDesk::requote, without_document>;
+constexpr Change<RateDesk> empty_document = damage<&RateDesk::requote, with_empty_document>;
+constexpr Change<RateDesk> break_document = damage<&RateDesk::requote, with_broken_document>;
 
-LogRow add_rate(RateDesk& desk, const Occasion& occasion, std::string_view code) {
-    return code.empty() ? desk.add_rate(occasion) : desk.add_rate_of(occasion, code);
-}
-
-LogRow remove_rate(RateDesk& desk, const Occasion& occasion, std::string_view code) {
-    return code.empty() ? desk.remove_rate(occasion) : desk.remove_rate_of(occasion, code);
-}
-
-LogRow touch(RateDesk& desk, const Occasion& occasion, std::string_view) { return desk.touch(occasion); }
-
-LogRow lose_document(RateDesk& desk, const Occasion& occasion, std::string_view) {
-    return without_document(desk.requote(occasion));
-}
-
-LogRow empty_document(RateDesk& desk, const Occasion& occasion, std::string_view) {
-    return with_empty_document(desk.requote(occasion));
-}
-
-LogRow break_document(RateDesk& desk, const Occasion& occasion, std::string_view) {
-    return with_broken_document(desk.requote(occasion));
-}
-
-struct Step {
-    Day due;  ///< the first change by day on or after this date
-    Change change;
-    std::string_view text;
-};
-
-// What happens in every log however the dice fall, in the order of the days: each kind of change and of
-// value.
+// Each kind of change and of value.
 // clang-format off
-constexpr Step story[] = {
+constexpr Step<RateDesk> story[] = {
     {year{2023} / 11 / 14, add_currency,    "AED"},
-    {year{2023} / 11 / 16, add_rate,        "AED"},
+    {year{2023} / 11 / 16, add_rate_of,     "AED"},
     {year{2023} / 12 /  4, set_source,      "Bankhaus Müller & Söhne"},
     {year{2023} / 12 / 19, set_remark,      "Kurs laut \"Börsenblatt\"; Abweichung geprüft"},
-    {year{2024} /  1 /  8, remove_rate,     "HRK"},
-    {year{2024} /  1 /  8, remove_rate,     "HRK"},
+    {year{2024} /  1 /  8, remove_rate_of,  "HRK"},
+    {year{2024} /  1 /  8, remove_rate_of,  "HRK"},
     {year{2024} /  1 /  9, remove_currency, "HRK"},
     {year{2024} /  1 / 24, touch,           ""},
     {year{2024} /  2 / 13, set_remark,      "Kurs berichtigt\r\nBeleg liegt im Ordner \"Devisen 2024\""},
@@ -166,48 +124,39 @@ constexpr Step story[] = {
                                             "des zweiten Quartals."},
     {year{2025} /  8 / 12, touch,           ""},
     {year{2025} / 10 / 14, set_remark,      "+0,3 % Aufschlag laut Hausbank"},
-    {year{2026} /  1 /  7, remove_rate,     "BGN"},
-    {year{2026} /  1 /  7, remove_rate,     "BGN"},
+    {year{2026} /  1 /  7, remove_rate_of,  "BGN"},
+    {year{2026} /  1 /  7, remove_rate_of,  "BGN"},
     {year{2026} /  1 /  8, remove_currency, "BGN"},
     {year{2026} /  2 / 10, exchange_source_for_remark, "Quelle nachgetragen"},
     {year{2026} /  4 / 14, remove_rate,     ""},
     {year{2026} /  6 / 16, fall_behind,     ""},
     {year{2026} /  9 /  1, add_rate,        ""},
 };
+
+constexpr Everyday<RateDesk> everyday[] = {
+    {5,  &RateDesk::add_rate},
+    {2,  &RateDesk::remove_rate},
+    {9,  &RateDesk::touch},
+    {10, &RateDesk::change_source},
+    {74, &RateDesk::requote},
+};
 // clang-format on
 
-class ExchangeRates : public Section {
-public:
-    ExchangeRates(Random random, std::int64_t rows) : desk_(random, rows) {}
-
-    LogRow log_change(Moment moment) override;
-    void write_master_data(SampleFile& file) const override;
-    std::span<const Caption> captions() const override { return all_captions; }
-
-private:
-    LogRow any_change(const Occasion& occasion);
-
-    RateDesk desk_;
-    std::size_t told_ = 0;  ///< steps of the story so far
+constexpr Plot<RateDesk> plot = {
+    .story = story,
+    .everyday = everyday,
+    .programs = {"Devisenverwaltung",
+                 {"_UNBEKANNT_Kursimport", "svc_kursimport", 0, "SRV-JOBS", "Kursimport"}},
+    .in_turn = true,
 };
 
-LogRow ExchangeRates::log_change(Moment moment) {
-    if (told_ < std::size(story) && moment >= story[told_].due && !is_night(moment)) {
-        const Author& author = authors()[told_ % authors().size()];
-        const Step& step = story[told_++];
-        return step.change(desk_, {moment, author}, step.text);
-    }
-    return any_change({moment, author_at(moment, desk_.random())});
-}
+class ExchangeRates : public StorySection<RateDesk> {
+public:
+    ExchangeRates(Random random, std::int64_t rows) : StorySection({random, rows}, plot) {}
 
-LogRow ExchangeRates::any_change(const Occasion& occasion) {
-    const std::int64_t kind = desk_.random().below(100);
-    if (kind < 5) return desk_.add_rate(occasion);
-    if (kind < 7) return desk_.remove_rate(occasion);
-    if (kind < 16) return desk_.touch(occasion);
-    if (kind < 26) return desk_.change_source(occasion);
-    return desk_.requote(occasion);
-}
+    void write_master_data(SampleFile& file) const override;
+    std::span<const Caption> captions() const override { return all_captions; }
+};
 
 void write_rate(Insert& insert, const Rate& rate) {
     insert.row(rate.id, rate.currency_id, iso_text(rate.valid_from),
@@ -220,18 +169,18 @@ void write_rate(Insert& insert, const Rate& rate) {
 void ExchangeRates::write_master_data(SampleFile& file) const {
     file.execute(tables);
     Insert currencies(file, "INSERT INTO tDevisenWaehr VALUES (?, ?, ?, ?)");
-    for (const Currency& currency : desk_.currencies()) {
+    for (const Currency& currency : desk().currencies()) {
         currencies.row(currency.id, currency.code, currency.name, currency.decimals);
     }
     Insert rates(file,
                  "INSERT INTO TDEVISENKURS VALUES (?, ?, ?, ?, ?, ?, ?,"
                  " NULLIF(?, 0), NULLIF(?, ''), NULLIF(?, ''), NULLIF(?, ''), ?, ?, ?)");
-    for (const Rate& rate : desk_.rates()) write_rate(rates, rate);
+    for (const Rate& rate : desk().rates()) write_rate(rates, rate);
 }
 
 }  // namespace
 
-std::unique_ptr<Section> create_exchange_rates(Random random, std::int64_t rows) {
+std::unique_ptr<Section> create_exchange_rates(Random random, std::int64_t rows, ClientBook& /*clients*/) {
     return std::make_unique<ExchangeRates>(random, rows);
 }
 

@@ -36,7 +36,9 @@ std::int32_t any_kind(Random& random) {
 
 }  // namespace
 
-ItemDesk::ItemDesk(Random random, std::int64_t rows) : random_(random), clients_(random_, rows) {
+ItemDesk::ItemDesk(Random random, std::int64_t rows, ClientBook& clients)
+    : random_(random), clients_(clients) {
+    clients_ = ClientBook(random_, rows);
     const std::int64_t count = std::clamp(rows / 20, fewest_early_items, most_items / 2);
     for (std::int64_t number = 0; number < count; ++number) {
         Item& item = new_item(log_begin);
@@ -47,29 +49,23 @@ ItemDesk::ItemDesk(Random random, std::int64_t rows) : random_(random), clients_
 
 LogRow ItemDesk::add_item(const Occasion& occasion) {
     if (static_cast<std::int64_t>(items_.size()) >= most_items) return remove_item(occasion);
-    Item& item = new_item(std::chrono::floor<days>(occasion.moment));
-    stamp(item, occasion);
-    return item_row(occasion, nullptr, &item);
+    return log_creation(new_item(std::chrono::floor<days>(occasion.moment)), occasion);
 }
 
 LogRow ItemDesk::remove_item(const Occasion& occasion) {
     if (items_.size() <= fewest_items) return change_terms(occasion);
-    Item& place = items_[any_item()];
-    const Item removed = place;
-    place = items_.back();
-    items_.pop_back();
-    return item_row(occasion, &removed, nullptr);
+    return log_deletion(items_, random_, occasion);
 }
 
 LogRow ItemDesk::rename_client(const Occasion& occasion, std::int32_t number, std::string_view short_name) {
     Client& client = clients_.of_number(number);
-    const std::string former_name = client.short_name;
+    const Client before = client;
     client.short_name = short_name;
-    return client_row(occasion, client, former_name);
+    return log_row(occasion, &before, &client);
 }
 
 LogRow ItemDesk::change_dunning(const Occasion& occasion) {
-    return change_item(occasion, [&](Item& item) {
+    return change_any(occasion, [&](Item& item) {
         if (random_.percent(60)) {
             item.dunning_level = (item.dunning_level + 1) % 4;
             if (random_.percent(80)) return;
@@ -79,7 +75,7 @@ LogRow ItemDesk::change_dunning(const Occasion& occasion) {
 }
 
 LogRow ItemDesk::change_terms(const Occasion& occasion) {
-    return change_item(occasion, [&](Item& item) {
+    return change_any(occasion, [&](Item& item) {
         const std::int64_t dice = random_.below(100);
         if (dice < 50) item.amount += random_.between(1, 90'000) * (item.amount > 100'000 ? -1 : 1);
         if (dice >= 30 && item.due != Day()) item.due = item.document_date + days(random_.between(91, 120));
@@ -89,26 +85,22 @@ LogRow ItemDesk::change_terms(const Occasion& occasion) {
 }
 
 LogRow ItemDesk::change_text(const Occasion& occasion) {
-    return change_item(occasion, [&](Item& item) {
+    return change_any(occasion, [&](Item& item) {
         const std::string_view before = item.text;
         while (item.text == before) item.text = random_.pick(texts);
     });
 }
 
 LogRow ItemDesk::settle(const Occasion& occasion) {
-    return change_item(occasion, [&](Item& item) { item.settlement = item.settlement == 0 ? item.id : 0; });
+    return change_any(occasion, [&](Item& item) { item.settlement = item.settlement == 0 ? item.id : 0; });
 }
 
 LogRow ItemDesk::touch(const Occasion& occasion) {
-    return change_item(occasion, [](Item&) {});
+    return change_any(occasion, [](Item&) {});
 }
 
 LogRow ItemDesk::set_number(const Occasion& occasion, std::int32_t Item::*number, std::int32_t value) {
-    Item& item = item_without(number, value);
-    const Item before = item;
-    item.*number = value;
-    stamp(item, occasion);
-    return item_row(occasion, &before, &item);
+    return log_change(item_without(number, value), occasion, [&](Item& item) { item.*number = value; });
 }
 
 LogRow ItemDesk::set_number_logged_as(const Occasion& occasion, std::int32_t Item::*number,
@@ -121,11 +113,7 @@ LogRow ItemDesk::set_number_logged_as(const Occasion& occasion, std::int32_t Ite
     return row;
 }
 
-std::vector<Item> ItemDesk::items() const {
-    std::vector<Item> existing = items_;
-    std::ranges::sort(existing, {}, &Item::id);
-    return existing;
-}
+std::vector<Item> ItemDesk::items() const { return by_key(items_); }
 
 /// An item with a document of the year before `latest`.
 Item& ItemDesk::new_item(Day latest) {
@@ -161,24 +149,13 @@ const Client& ItemDesk::any_client() {
     }
 }
 
-/// Two drawings: later items are changed more often than early ones.
-std::size_t ItemDesk::any_item() {
-    const auto count = static_cast<std::int64_t>(items_.size());
-    return static_cast<std::size_t>(std::max(random_.below(count), random_.below(count)));
-}
-
 /// An item with another value; any one when there is none.
 Item& ItemDesk::item_without(std::int32_t Item::*number, std::int32_t value) {
-    const auto start = items_.begin() + static_cast<std::ptrdiff_t>(any_item());
+    const auto start = items_.begin() + (&any_of(items_, random_) - items_.data());
     const auto differs = [&](const Item& item) { return item.*number != value; };
     auto found = std::find_if(start, items_.end(), differs);
     if (found == items_.end()) found = std::find_if(items_.begin(), start, differs);
     return *found;
-}
-
-void ItemDesk::stamp(Item& item, const Occasion& occasion) {
-    item.changed = occasion.moment;
-    if (occasion.author.employee != 0) item.employee = occasion.author.employee;
 }
 
 }  // namespace prot::sample

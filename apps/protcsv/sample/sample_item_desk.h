@@ -7,7 +7,6 @@
 
 #include "apps/protcsv/sample/sample_clients.h"
 #include "apps/protcsv/sample/sample_items.h"
-#include "apps/protcsv/sample/sample_random.h"
 
 namespace prot::sample {
 
@@ -15,8 +14,9 @@ namespace prot::sample {
 /// keeps the present state and the log in step and returns its log row.
 class ItemDesk {
 public:
-    /// rows: of the log to come; the more rows, the more clients and items there are from the start.
-    ItemDesk(Random random, std::int64_t rows);
+    /// rows: of the log to come; the more rows, the more clients and items there are from the start. clients:
+    /// become those of this desk; they outlive it.
+    ItemDesk(Random random, std::int64_t rows, ClientBook& clients);
 
     LogRow add_item(const Occasion& occasion);
     LogRow remove_item(const Occasion& occasion);
@@ -34,12 +34,8 @@ public:
 
     /// Any one item changed by `change`, and stamped with the occasion.
     template <class Change>
-    LogRow change_item(const Occasion& occasion, Change change) {
-        Item& item = items_[any_item()];
-        const Item before = item;
-        change(item);
-        stamp(item, occasion);
-        return item_row(occasion, &before, &item);
+    LogRow change_any(const Occasion& occasion, Change change) {
+        return log_change(any_of(items_, random_), occasion, change);
     }
 
     /// Gives `number` to an item that has another value there.
@@ -56,12 +52,10 @@ public:
 private:
     Item& new_item(Day latest);
     const Client& any_client();
-    std::size_t any_item();
     Item& item_without(std::int32_t Item::*number, std::int32_t value);
-    static void stamp(Item& item, const Occasion& occasion);
 
     Random random_;
-    ClientBook clients_;
+    ClientBook& clients_;
     std::vector<Item> items_;
     std::int32_t last_id_ = 0;
     std::int32_t last_document_ = 4710;

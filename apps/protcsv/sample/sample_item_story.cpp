@@ -13,32 +13,8 @@ std::int32_t number_of(std::string_view text) {
     return number;
 }
 
-LogRow add_item(ItemDesk& desk, const Occasion& occasion, std::string_view) {
-    return desk.add_item(occasion);
-}
-
-LogRow remove_item(ItemDesk& desk, const Occasion& occasion, std::string_view) {
-    return desk.remove_item(occasion);
-}
-
-LogRow touch(ItemDesk& desk, const Occasion& occasion, std::string_view) { return desk.touch(occasion); }
-
-LogRow settle(ItemDesk& desk, const Occasion& occasion, std::string_view) { return desk.settle(occasion); }
-
 LogRow rename_client(ItemDesk& desk, const Occasion& occasion, std::string_view short_name) {
     return desk.rename_client(occasion, 1002, short_name);
-}
-
-LogRow set_text(ItemDesk& desk, const Occasion& occasion, std::string_view text) {
-    return desk.change_item(occasion, [&](Item& item) { item.text = text; });
-}
-
-LogRow set_note(ItemDesk& desk, const Occasion& occasion, std::string_view text) {
-    return desk.change_item(occasion, [&](Item& item) { item.note = text; });
-}
-
-LogRow mark_import(ItemDesk& desk, const Occasion& occasion, std::string_view text) {
-    return desk.change_item(occasion, [&](Item& item) { item.import_mark = text; });
 }
 
 LogRow set_kind(ItemDesk& desk, const Occasion& occasion, std::string_view kind) {
@@ -68,20 +44,20 @@ LogRow employee_in_lower_case(ItemDesk& desk, const Occasion& occasion, std::str
                                      former);
 }
 
-LogRow lose_document(ItemDesk& desk, const Occasion& occasion, std::string_view) {
-    return without_document(desk.change_terms(occasion));
-}
+constexpr Change<ItemDesk> add_item = tell<&ItemDesk::add_item>;
+constexpr Change<ItemDesk> remove_item = tell<&ItemDesk::remove_item>;
+constexpr Change<ItemDesk> touch = tell<&ItemDesk::touch>;
+constexpr Change<ItemDesk> settle = tell<&ItemDesk::settle>;
+constexpr Change<ItemDesk> set_text = set<&Item::text>;
+constexpr Change<ItemDesk> set_note = set<&Item::note>;
+constexpr Change<ItemDesk> mark_import = set<&Item::import_mark>;
+constexpr Change<ItemDesk> lose_document = damage<&ItemDesk::change_terms, without_document>;
+constexpr Change<ItemDesk> empty_document = damage<&ItemDesk::change_terms, with_empty_document>;
+constexpr Change<ItemDesk> break_document = damage<&ItemDesk::change_terms, with_broken_document>;
 
-LogRow empty_document(ItemDesk& desk, const Occasion& occasion, std::string_view) {
-    return with_empty_document(desk.change_terms(occasion));
-}
-
-LogRow break_document(ItemDesk& desk, const Occasion& occasion, std::string_view) {
-    return with_broken_document(desk.change_terms(occasion));
-}
-
+// Each kind of change and of value.
 // clang-format off
-constexpr ItemStep story[] = {
+constexpr Step<ItemDesk> story[] = {
     {year{2023} / 11 / 13, add_item,      ""},
     {year{2023} / 11 / 22, set_block,     "1"},
     {year{2023} / 12 /  6, set_block,     "0"},
@@ -133,6 +109,6 @@ constexpr ItemStep story[] = {
 
 }  // namespace
 
-std::span<const ItemStep> item_story() { return story; }
+std::span<const Step<ItemDesk>> item_story() { return story; }
 
 }  // namespace prot::sample

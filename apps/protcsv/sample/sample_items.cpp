@@ -38,6 +38,13 @@ constexpr Field<Item> item_fields[] = {
 };
 // clang-format on
 
+constexpr LoggedTable<Item> logged_items = {
+    "OFFENER_POSTEN", item_fields,
+    [](const Item& item) {
+        return LogKeys{.primary_key1 = item.id, .search_ids = {item.id, item.account, item.year_id}};
+    },
+    &Item::note};
+
 constexpr std::int32_t bookings_before = 700'000;
 constexpr std::int32_t items_per_batch = 25;
 
@@ -52,30 +59,8 @@ std::string document_number(const Item& item) {
     return std::string(item.series) + std::to_string(item.document);
 }
 
-LogRow item_row(const Occasion& occasion, const Item* before, const Item* after) {
-    const Item& item = before == nullptr ? *after : *before;
-    LogRow row{};
-    row.table = "OFFENER_POSTEN";
-    row.event = event_of(before, after);
-    row.occasion = occasion;
-    row.primary_key1 = item.id;
-    row.search_ids = {item.id, item.account, item.year_id, std::nullopt};
-    row.document = change_document(std::span<const Field<Item>>(item_fields), before, after);
-    if (after != nullptr && after->note != item.note) row.memo = after->note;
-    return row;
-}
-
-LogRow client_row(const Occasion& occasion, const Client& client, std::string_view former_name) {
-    LogRow row{};
-    row.table = "Person_v4";
-    row.event = Event::changed;
-    row.occasion = occasion;
-    row.primary_key1 = client.id;
-    row.search_ids[0] = client.id;
-    ChangeDocument document;
-    document.add("Ps_KurzName", former_name, client.short_name);
-    row.document = document.finish();
-    return row;
+LogRow log_row(const Occasion& occasion, const Item* before, const Item* after) {
+    return log_row(logged_items, occasion, before, after);
 }
 
 }  // namespace prot::sample

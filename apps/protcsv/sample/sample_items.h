@@ -4,8 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "apps/protcsv/sample/sample_clients.h"
-#include "apps/protcsv/sample/sample_log.h"
+#include "apps/protcsv/sample/sample_records.h"
 
 /// Open items of a sample database, and the log rows of their changes.
 namespace prot::sample {
@@ -38,10 +37,6 @@ std::int32_t batch_id(const Item& item);
 /// OP_BELEG2: "RE-4711", "ZE-4712"; empty for none.
 std::string document_number(const Item& item);
 
-/// The log row of a change. Null `before`: created; null `after`: deleted. One of them is given.
-LogRow item_row(const Occasion& occasion, const Item* before, const Item* after);
-
-/// The log row of another short name for a client.
-LogRow client_row(const Occasion& occasion, const Client& client, std::string_view former_name);
+LogRow log_row(const Occasion& occasion, const Item* before, const Item* after);
 
 }  // namespace prot::sample

@@ -49,11 +49,6 @@ std::string decimal_text(std::int64_t number, int decimals) {
     return number < 0 ? "-" + digits : digits;
 }
 
-Event event_of(const void* before, const void* after) {
-    if (before == nullptr) return Event::created;
-    return after == nullptr ? Event::deleted : Event::changed;
-}
-
 LogRow without_document(LogRow row) {
     row.document.reset();
     return row;
@@ -96,11 +91,12 @@ void LogWriter::finish() {
 
 void LogWriter::write(const LogRow& row) {
     const auto& [moment, author] = row.occasion;
-    const auto& search = row.search_ids;
-    const auto& related = row.related_ids;
+    const LogKeys& keys = row.keys;
+    const auto& search = keys.search_ids;
+    const auto& related = keys.related_ids;
     const std::string date = iso_text(moment);
     insert_.row(row.table, author.workstation, author.user, date, static_cast<int>(row.event), row.document,
-                author.system_user, author.application, row.primary_key1, row.primary_key2,  //
+                author.system_user, author.application, keys.primary_key1, keys.primary_key2,  //
                 search[0], search[1], search[2], search[3], related[0], related[1], related[2]);
     if (!row.memo.empty()) insert_memo_.row(file_.last_key(), row.memo);
 }

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,13 +20,6 @@ struct Occasion {
     Author author;
 };
 
-/// A logged column of a record: its name and its value as the log writes it; empty means no value.
-template <class Record>
-struct Field {
-    std::string_view column;
-    std::string (*text)(const Record& record);
-};
-
 /// Builds a change document: <Cols><Col Name="X"><OldValue>…</OldValue><NewValue>…</NewValue></Col>…</Cols>,
 /// without any white space, since lookups search for the run Name="X"><OldValue> in it.
 class ChangeDocument {
@@ -39,40 +31,24 @@ private:
     std::string text_ = "<Cols>";
 };
 
-/// The document of a change from `before` to `after`. Null `before`: created, every value as NewValue. Null
-/// `after`: deleted, every last value as OldValue. Both: only what differs, no value written as NULL.
-template <class Record>
-std::string change_document(std::span<const Field<Record>> fields, const Record* before,
-                            const Record* after) {
-    const bool change = before != nullptr && after != nullptr;
-    ChangeDocument document;
-    for (const Field<Record>& field : fields) {
-        std::string old_value = before == nullptr ? std::string() : field.text(*before);
-        std::string new_value = after == nullptr ? std::string() : field.text(*after);
-        if (old_value == new_value) continue;
-        if (change && old_value.empty()) old_value = "NULL";
-        if (change && new_value.empty()) new_value = "NULL";
-        document.add(field.column, old_value, new_value);
-    }
-    return document.finish();
-}
-
 /// A whole number of 10^-decimals, as text with a decimal comma: decimal_text(-125, 2) is -1,25.
 std::string decimal_text(std::int64_t number, int decimals);
 
-/// What a change from `before` to `after` is. Null `before`: created; null `after`: deleted.
-Event event_of(const void* before, const void* after);
+/// The keys in a log row. Empty optionals are NULL.
+struct LogKeys {
+    std::int32_t primary_key1 = 0;
+    std::optional<std::int32_t> primary_key2 = {};
+    std::array<std::optional<std::int32_t>, 4> search_ids = {};
+    std::array<std::optional<std::int32_t>, 3> related_ids = {};
+};
 
-/// One row of the log. Empty optionals are NULL.
+/// One row of the log.
 struct LogRow {
     std::string_view table;  ///< of static storage
-    Event event;
+    Event event = Event::changed;
     Occasion occasion;
-    std::int32_t primary_key1;
-    std::optional<std::int32_t> primary_key2;
-    std::array<std::optional<std::int32_t>, 4> search_ids;
-    std::array<std::optional<std::int32_t>, 3> related_ids;
-    std::optional<std::string> document;
+    LogKeys keys;
+    std::optional<std::string> document;  ///< nothing: NULL
     std::string memo;  ///< full text of a value that the document calls _MEMO_; empty: none
 };
 

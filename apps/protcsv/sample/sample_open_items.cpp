@@ -1,5 +1,3 @@
-#include "apps/protcsv/sample/sample_open_items.h"
-
 #include "apps/protcsv/sample/sample_item_desk.h"
 #include "apps/protcsv/sample/sample_item_story.h"
 
@@ -62,50 +60,32 @@ CREATE INDEX iOffenerPostenWirtschaftsjahr ON OFFENER_POSTEN (WJ_ID, OP_SKNR);
 CREATE INDEX iOffenerPostenKonto ON OFFENER_POSTEN (OP_SKNR);
 )";
 
-constexpr Author bank_job = {"_UNBEKANNT_Bankabruf", "svc_bankabruf", 0, "SRV-JOBS", "Kontoauszugsabruf"};
+// clang-format off
+constexpr Everyday<ItemDesk> everyday[] = {
+    {10, &ItemDesk::add_item},
+    {3,  &ItemDesk::remove_item},
+    {5,  &ItemDesk::touch},
+    {8,  &ItemDesk::settle},
+    {34, &ItemDesk::change_dunning},
+    {15, &ItemDesk::change_text},
+    {25, &ItemDesk::change_terms},
+};
+// clang-format on
 
-/// Who works on open items at that moment; the programs for exchange rates have no part in them.
-Author author_of_items(Moment moment, Random& random) {
-    Author author = author_at(moment, random);
-    if (author.application == "Kursimport") return bank_job;
-    if (author.application == "Devisenverwaltung") author.application = "OP-Verwaltung";
-    return author;
-}
-
-class OpenItems : public Section {
-public:
-    OpenItems(Random random, std::int64_t rows) : desk_(random, rows) {}
-
-    LogRow log_change(Moment moment) override;
-    void write_master_data(SampleFile& file) const override;
-    std::span<const Caption> captions() const override { return all_captions; }
-
-private:
-    LogRow any_change(const Occasion& occasion);
-
-    ItemDesk desk_;
-    std::size_t told_ = 0;  ///< steps of the story so far
+constexpr Programs programs = {
+    "OP-Verwaltung",
+    {"_UNBEKANNT_Bankabruf", "svc_bankabruf", 0, "SRV-JOBS", "Kontoauszugsabruf"},
 };
 
-LogRow OpenItems::log_change(Moment moment) {
-    const auto story = item_story();
-    if (told_ < story.size() && moment >= story[told_].due && !is_night(moment)) {
-        const ItemStep& step = story[told_++];
-        return step.change(desk_, {moment, author_of_items(moment, desk_.random())}, step.text);
-    }
-    return any_change({moment, author_of_items(moment, desk_.random())});
-}
+class OpenItems : public StorySection<ItemDesk> {
+public:
+    OpenItems(Random random, std::int64_t rows, ClientBook& clients)
+        : StorySection({random, rows, clients},
+                       {.story = item_story(), .everyday = everyday, .programs = programs}) {}
 
-LogRow OpenItems::any_change(const Occasion& occasion) {
-    const std::int64_t kind = desk_.random().below(100);
-    if (kind < 10) return desk_.add_item(occasion);
-    if (kind < 13) return desk_.remove_item(occasion);
-    if (kind < 18) return desk_.touch(occasion);
-    if (kind < 26) return desk_.settle(occasion);
-    if (kind < 60) return desk_.change_dunning(occasion);
-    if (kind < 75) return desk_.change_text(occasion);
-    return desk_.change_terms(occasion);
-}
+    void write_master_data(SampleFile& file) const override;
+    std::span<const Caption> captions() const override { return all_captions; }
+};
 
 void write_item(Insert& insert, const Item& item) {
     insert.row(item.id, item.year_id, booking_id(item), batch_id(item), item.account, document_number(item),
@@ -116,20 +96,20 @@ void write_item(Insert& insert, const Item& item) {
 }
 
 void OpenItems::write_master_data(SampleFile& file) const {
-    desk_.clients().write(file);
+    desk().clients().write(file);
     file.execute(table);
     Insert items(file,
                  "INSERT INTO OFFENER_POSTEN VALUES (?, ?, ?, ?, ?, NULLIF(?, ''), ?, NULLIF(?, ''), ?, ?,"
                  " NULLIF(?, 0), ?, NULLIF(?, 0), NULLIF(?, ''), NULLIF(?, ''), NULLIF(?, ''),"
                  " NULLIF(?, 0), ?, NULLIF(?, 0))");
-    for (const Item& item : desk_.items()) write_item(items, item);
+    for (const Item& item : desk().items()) write_item(items, item);
     file.execute(indexes);
 }
 
 }  // namespace
 
-std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows) {
-    return std::make_unique<OpenItems>(random, rows);
+std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows, ClientBook& clients) {
+    return std::make_unique<OpenItems>(random, rows, clients);
 }
 
 }  // namespace prot::sample

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string_view>
 
 #include "apps/protcsv/sample/sample_moments.h"
@@ -17,11 +17,24 @@ struct Author {
     std::string_view application;  ///< dcApplication
 };
 
-/// All of them, some more than once with another workstation or application.
-std::span<const Author> authors();
+/// The programs by which the records of a section are changed, besides those that change everything.
+struct Programs {
+    std::string_view application;  ///< what people use
+    Author job;                    ///< what works unattended, at night and now and then by day
+};
+
+/// How many authors there are, some more than once with another workstation or application.
+std::size_t author_count();
+
+/// One of them.
+Author author(std::size_t number, const Programs& programs);
 
 /// Who is likely to be at work at that moment: the unattended job at night, mostly people with a login by
 /// day.
-const Author& author_at(Moment moment, Random& random);
+Author author_at(Moment moment, Random& random, const Programs& programs);
+
+/// Somebody with a login.
+const Author& a_person();
+std::int32_t any_employee(Random& random);
 
 }  // namespace prot::sample

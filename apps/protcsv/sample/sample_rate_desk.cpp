@@ -23,13 +23,6 @@ Day first_of_month(Day day) {
     return date.year() / date.month() / 1;
 }
 
-/// Somebody who works with rates when nobody in particular is meant.
-std::int32_t any_employee(Random& random) {
-    std::int32_t employee = 0;
-    while (employee == 0) employee = random.pick(authors()).employee;
-    return employee;
-}
-
 }  // namespace
 
 RateDesk::RateDesk(Random random, std::int64_t rows) : random_(random) {
@@ -67,20 +60,20 @@ LogRow RateDesk::add_currency(const Occasion& occasion, std::string_view code) {
     Account& added = account(code);
     added.exists = true;
     added.role = CurrencyRole::traded;
-    return currency_row(occasion, nullptr, &added.currency);
+    return log_row(occasion, nullptr, &added.currency);
 }
 
 LogRow RateDesk::rename_currency(const Occasion& occasion, std::string_view code, std::string_view name) {
     Currency& currency = account(code).currency;
     const Currency before = currency;
     currency.name = name;
-    return currency_row(occasion, &before, &currency);
+    return log_row(occasion, &before, &currency);
 }
 
 LogRow RateDesk::remove_currency(const Occasion& occasion, std::string_view code) {
     Account& removed = account(code);
     removed.exists = false;
-    return currency_row(occasion, &removed.currency, nullptr);
+    return log_row(occasion, &removed.currency, nullptr);
 }
 
 LogRow RateDesk::add_rate(const Occasion& occasion) {
@@ -91,18 +84,12 @@ LogRow RateDesk::add_rate(const Occasion& occasion) {
 LogRow RateDesk::add_rate_of(const Occasion& occasion, std::string_view code) {
     Account& traded = account(code);
     const Day today = std::chrono::floor<days>(occasion.moment);
-    Rate& rate = new_rate(traded, std::max(today, traded.latest + days(1)));
-    stamp(rate, occasion);
-    return rate_row(occasion, nullptr, &rate);
+    return log_creation(new_rate(traded, std::max(today, traded.latest + days(1))), occasion);
 }
 
 LogRow RateDesk::remove_rate(const Occasion& occasion) {
     if (rates_.size() <= fewest_rates) return requote(occasion);
-    Rate& place = rates_[any_rate()];
-    const Rate removed = place;
-    place = rates_.back();
-    rates_.pop_back();
-    return rate_row(occasion, &removed, nullptr);
+    return log_deletion(rates_, random_, occasion);
 }
 
 LogRow RateDesk::remove_rate_of(const Occasion& occasion, std::string_view code) {
@@ -110,11 +97,11 @@ LogRow RateDesk::remove_rate_of(const Occasion& occasion, std::string_view code)
     const auto place = std::ranges::find(retiring_rates_, id, &Rate::currency_id);
     const Rate removed = *place;
     retiring_rates_.erase(place);
-    return rate_row(occasion, &removed, nullptr);
+    return log_row(occasion, &removed, nullptr);
 }
 
 LogRow RateDesk::requote(const Occasion& occasion) {
-    return change_rate(occasion, [&](Rate& rate) {
+    return change_any(occasion, [&](Rate& rate) {
         const Quote quote = moved(rate.quote);
         const bool both_sides = random_.percent(25) || quote.bid >= rate.quote.ask;
         rate.quote = {quote.bid, both_sides ? quote.ask : rate.quote.ask};
@@ -124,7 +111,7 @@ LogRow RateDesk::requote(const Occasion& occasion) {
 }
 
 LogRow RateDesk::change_source(const Occasion& occasion) {
-    return change_rate(occasion, [&](Rate& rate) {
+    return change_any(occasion, [&](Rate& rate) {
         const std::string_view before = rate.source;
         while (rate.source == before) rate.source = random_.pick(sources);
     });
@@ -132,14 +119,11 @@ LogRow RateDesk::change_source(const Occasion& occasion) {
 
 LogRow RateDesk::touch(const Occasion& occasion) {
     Occasion person = occasion;
-    if (person.author.employee == 0) person.author = authors().front();
-    std::size_t index = any_rate();
-    for (int tries = 0; tries < 50 && rates_[index].employee == person.author.employee; ++tries)
-        index = any_rate();
-    Rate& rate = rates_[index];
-    const Rate before = rate;
-    stamp(rate, person);
-    return rate_row(person, &before, &rate);
+    if (person.author.employee == 0) person.author = a_person();
+    Rate* rate = &any_of(rates_, random_);
+    for (int tries = 0; tries < 50 && rate->employee == person.author.employee; ++tries)
+        rate = &any_of(rates_, random_);
+    return log_change(*rate, person, [](Rate&) {});
 }
 
 std::vector<Currency> RateDesk::currencies() const {
@@ -153,8 +137,7 @@ std::vector<Currency> RateDesk::currencies() const {
 std::vector<Rate> RateDesk::rates() const {
     std::vector<Rate> existing = rates_;
     existing.insert(existing.end(), retiring_rates_.begin(), retiring_rates_.end());
-    std::ranges::sort(existing, {}, &Rate::id);
-    return existing;
+    return by_key(std::move(existing));
 }
 
 RateDesk::Account& RateDesk::account(std::string_view code) {
@@ -182,23 +165,12 @@ Rate& RateDesk::new_rate(Account& account, Day valid_from) {
     return rate;
 }
 
-/// Two drawings: later rates are changed more often than early ones.
-std::size_t RateDesk::any_rate() {
-    const auto count = static_cast<std::int64_t>(rates_.size());
-    return static_cast<std::size_t>(std::max(random_.below(count), random_.below(count)));
-}
-
 /// Moved by at most 0.8 percent, never by nothing.
 Quote RateDesk::moved(const Quote& quote) {
     std::int64_t step = quote.bid * random_.between(-80, 80) / 10'000;
     if (step == 0) step = 1;
     const std::int64_t spread = std::max<std::int64_t>(2, quote.bid * random_.between(20, 80) / 10'000);
     return {quote.bid + step, quote.bid + step + spread};
-}
-
-void RateDesk::stamp(Rate& rate, const Occasion& occasion) {
-    rate.changed = occasion.moment;
-    if (occasion.author.employee != 0) rate.employee = occasion.author.employee;
 }
 
 }  // namespace prot::sample

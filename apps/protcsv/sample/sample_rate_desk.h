@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "apps/protcsv/sample/sample_currencies.h"
-#include "apps/protcsv/sample/sample_random.h"
 #include "apps/protcsv/sample/sample_rates.h"
 
 namespace prot::sample {
@@ -37,12 +36,8 @@ public:
 
     /// Any one rate changed by `change`, and stamped with the occasion.
     template <class Change>
-    LogRow change_rate(const Occasion& occasion, Change change) {
-        Rate& rate = rates_[any_rate()];
-        const Rate before = rate;
-        change(rate);
-        stamp(rate, occasion);
-        return rate_row(occasion, &before, &rate);
+    LogRow change_any(const Occasion& occasion, Change change) {
+        return log_change(any_of(rates_, random_), occasion, change);
     }
 
     Random& random() { return random_; }
@@ -63,9 +58,7 @@ private:
     Account& account(std::string_view code);
     Account& any_traded_account();
     Rate& new_rate(Account& account, Day valid_from);
-    std::size_t any_rate();
     Quote moved(const Quote& quote);
-    static void stamp(Rate& rate, const Occasion& occasion);
 
     Random random_;
     std::vector<Account> accounts_;

@@ -31,6 +31,18 @@ constexpr Field<Rate> rate_fields[] = {
     {"flMitarbeiter", [](const Rate& rate) { return std::to_string(rate.employee); }},
 };
 
+constexpr LoggedTable<Currency> logged_currencies = {
+    "tDevisenWaehr", currency_fields, [](const Currency& currency) {
+        return LogKeys{.primary_key1 = currency.id, .search_ids = {currency.id}};
+    }};
+
+constexpr LoggedTable<Rate> logged_rates = {
+    "TDEVISENKURS", rate_fields,
+    [](const Rate& rate) {
+        return LogKeys{.primary_key1 = rate.id, .search_ids = {rate.id, rate.currency_id}};
+    },
+    &Rate::reason};
+
 constexpr std::int64_t unit_of_both_prices = 10'000'000'000;
 
 /// The reciprocal price, rounded.
@@ -42,30 +54,12 @@ std::int64_t foreign_bid(const Quote& quote) { return reciprocal(quote.ask); }
 
 std::int64_t foreign_ask(const Quote& quote) { return reciprocal(quote.bid); }
 
-LogRow currency_row(const Occasion& occasion, const Currency* before, const Currency* after) {
-    const std::int32_t id = (before == nullptr ? after : before)->id;
-    LogRow row{};
-    row.table = "tDevisenWaehr";
-    row.event = event_of(before, after);
-    row.occasion = occasion;
-    row.primary_key1 = id;
-    row.search_ids[0] = id;
-    row.document = change_document(std::span<const Field<Currency>>(currency_fields), before, after);
-    return row;
+LogRow log_row(const Occasion& occasion, const Currency* before, const Currency* after) {
+    return log_row(logged_currencies, occasion, before, after);
 }
 
-LogRow rate_row(const Occasion& occasion, const Rate* before, const Rate* after) {
-    const Rate& rate = before == nullptr ? *after : *before;
-    LogRow row{};
-    row.table = "TDEVISENKURS";
-    row.event = event_of(before, after);
-    row.occasion = occasion;
-    row.primary_key1 = rate.id;
-    row.search_ids[0] = rate.id;
-    row.search_ids[1] = rate.currency_id;
-    row.document = change_document(std::span<const Field<Rate>>(rate_fields), before, after);
-    if (after != nullptr && after->reason != rate.reason) row.memo = after->reason;
-    return row;
+LogRow log_row(const Occasion& occasion, const Rate* before, const Rate* after) {
+    return log_row(logged_rates, occasion, before, after);
 }
 
 }  // namespace prot::sample

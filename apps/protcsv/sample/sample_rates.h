@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "apps/protcsv/sample/sample_log.h"
+#include "apps/protcsv/sample/sample_records.h"
 
 /// Currencies and exchange rates of a sample database, and the log rows of their changes.
 namespace prot::sample {
@@ -41,8 +41,7 @@ struct Rate {
 std::int64_t foreign_bid(const Quote& quote);
 std::int64_t foreign_ask(const Quote& quote);
 
-/// The log row of a change. Null `before`: created; null `after`: deleted. One of them is given.
-LogRow currency_row(const Occasion& occasion, const Currency* before, const Currency* after);
-LogRow rate_row(const Occasion& occasion, const Rate* before, const Rate* after);
+LogRow log_row(const Occasion& occasion, const Currency* before, const Currency* after);
+LogRow log_row(const Occasion& occasion, const Rate* before, const Rate* after);
 
 }  // namespace prot::sample

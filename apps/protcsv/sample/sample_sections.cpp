@@ -1,8 +1,5 @@
 #include "apps/protcsv/sample/sample_sections.h"
 
-#include "apps/protcsv/sample/sample_exchange_rates.h"
-#include "apps/protcsv/sample/sample_open_items.h"
-
 namespace prot::sample {
 namespace {
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 
+#include "apps/protcsv/sample/sample_clients.h"
 #include "apps/protcsv/sample/sample_log.h"
 #include "apps/protcsv/sample/sample_tables.h"
 
@@ -27,8 +28,14 @@ public:
 struct SectionKind {
     std::int32_t number;      ///< IDSysQuvoLogSections
     std::int64_t usual_rows;  ///< of the small log, and the section's share in a larger one
-    std::unique_ptr<Section> (*create)(Random random, std::int64_t rows);
+    /// rows: how many changes will be asked for. clients: of the whole database; they outlive the section.
+    std::unique_ptr<Section> (*create)(Random random, std::int64_t rows, ClientBook& clients);
 };
+
+// Each in a file of its own.
+std::unique_ptr<Section> create_exchange_rates(Random random, std::int64_t rows, ClientBook& clients);
+/// Brings the clients; sections that need them stand behind it.
+std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows, ClientBook& clients);
 
 /// All sections. A new one is added at the end; the others keep their content, as every section has its own
 /// chance and its own moments.

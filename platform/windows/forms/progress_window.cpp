@@ -13,7 +13,6 @@ namespace prot {
 namespace {
 
 constexpr std::chrono::milliseconds redraw_interval{50};
-constexpr std::int32_t records_per_look_at_the_clock = 16;
 constexpr int bar_steps = 1000;
 
 /// Distances in dialog units.
@@ -37,7 +36,7 @@ void answer_messages(HWND window) {
 
 }  // namespace
 
-ProgressWindow::ProgressWindow(std::string caption) : caption_(std::move(caption)) {}
+ProgressWindow::ProgressWindow(std::string caption) : caption_(std::move(caption)), pace_(redraw_interval) {}
 
 ProgressWindow::~ProgressWindow() { close(); }
 
@@ -47,14 +46,11 @@ void ProgressWindow::close() {
 
 void ProgressWindow::gRefresh() {
     close();
-    next_ = {};
+    pace_.restart();
 }
 
 void ProgressWindow::gSetFortschritt(std::int32_t lZeile, std::int32_t lLetzte) {
-    if (lZeile % records_per_look_at_the_clock != 0 || lLetzte < 1 || lZeile < 0 || lZeile > lLetzte) return;
-    const auto now = std::chrono::steady_clock::now();
-    if (unavailable_ || now < next_) return;
-    next_ = now + redraw_interval;
+    if (unavailable_ || !pace_.is_due(lZeile, lLetzte)) return;
     if (!window_) open();
     if (window_) show(lZeile, lLetzte);
 }

@@ -2,10 +2,9 @@
 
 #include <windows.h>
 
-#include <chrono>
-#include <memory>
 #include <string>
 
+#include "platform/progress_pace.h"
 #include "platform/progress_parent.h"
 
 namespace prot {
@@ -32,7 +31,7 @@ private:
 
     std::string caption_;
     HWND window_ = nullptr, text_ = nullptr, bar_ = nullptr, share_ = nullptr;
-    std::chrono::steady_clock::time_point next_{};
+    ProgressPace pace_;
     bool unavailable_ = false;  // no window can be made
 };
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/automation/error.h"
+#include "platform/forwarding_database.h"
 #include "sections/section_table.h"
 
 namespace prot::recording {
@@ -22,7 +23,7 @@ void add_error(std::string_view record, std::string_view sql, const AutomationEr
 }
 
 /// A database object that writes down what it answers.
-class RecordingDatabase : public Database {
+class RecordingDatabase : public ForwardingDatabase {
     /// What `send` answers; when it fails, that is written down.
     template <class Send>
     auto answered(std::string_view sql, Send send) {
@@ -35,42 +36,38 @@ class RecordingDatabase : public Database {
     }
 
 public:
-    explicit RecordingDatabase(Database& database) : database_(database) {}
+    using ForwardingDatabase::ForwardingDatabase;
 
     Value query_value(std::string_view sql) override {
-        Value value = answered(sql, [&] { return database_.query_value(sql); });
+        Value value = answered(sql, [&] { return ForwardingDatabase::query_value(sql); });
         if (is_new("query_value", sql)) current->add({"query_value", sql, cell_of(value)});
         return value;
     }
     RowSet query_array(std::string_view sql) override {
-        RowSet rows = answered(sql, [&] { return database_.query_array(sql); });
+        RowSet rows = answered(sql, [&] { return ForwardingDatabase::query_array(sql); });
         if (is_new("query_array", sql)) current->add_rows(sql, rows);
         return rows;
     }
     void execute(std::string_view sql) override {
-        answered(sql, [&] { database_.execute(sql); });
+        answered(sql, [&] { ForwardingDatabase::execute(sql); });
         if (is_new("execute", sql)) current->add({"execute", sql});
     }
     std::string date_literal(Date date) override {
-        std::string literal = database_.date_literal(date);
+        std::string literal = ForwardingDatabase::date_literal(date);
         if (is_new("date_literal", literal)) current->add({"date_literal", field_of(date), literal});
         return literal;
     }
     std::string like_wildcard() override {
-        std::string wildcard = database_.like_wildcard();
+        std::string wildcard = ForwardingDatabase::like_wildcard();
         if (is_new("like_wildcard", wildcard)) current->add({"like_wildcard", wildcard});
         return wildcard;
     }
-    void begin_lookups() override { database_.begin_lookups(); }
-    void end_lookups() noexcept override { database_.end_lookups(); }
-    void require_connection() override { database_.require_connection(); }
 
 private:
     bool is_new(std::string_view record, std::string_view key) {
         return known_.emplace(std::string(record), std::string(key)).second;
     }
 
-    Database& database_;
     std::set<std::pair<std::string, std::string>> known_;
 };
 

@@ -4,44 +4,43 @@
 #include <string_view>
 
 #include "platform/automation/error.h"
-#include "platform/database.h"
+#include "platform/forwarding_database.h"
 #include "tests/faults/support/faulty_sections.h"
 
 namespace prot::faults {
 
 /// A database object of which calls fail as `faults` says, before anything is sent.
-class FaultyDatabase : public Database {
+class FaultyDatabase : public ForwardingDatabase {
 public:
-    FaultyDatabase(Database& database, Faults& faults) : database_(database), faults_(faults) {}
+    FaultyDatabase(Database& database, Faults& faults) : ForwardingDatabase(database), faults_(faults) {}
 
     Value query_value(std::string_view sql) override {
         pass(sql);
-        return database_.query_value(sql);
+        return ForwardingDatabase::query_value(sql);
     }
     RowSet query_array(std::string_view sql) override {
         pass(sql);
-        return database_.query_array(sql);
+        return ForwardingDatabase::query_array(sql);
     }
     void execute(std::string_view sql) override {
         pass(sql);
-        database_.execute(sql);
+        ForwardingDatabase::execute(sql);
     }
     std::string date_literal(Date date) override {
         pass("date literal");
-        return database_.date_literal(date);
+        return ForwardingDatabase::date_literal(date);
     }
     std::string like_wildcard() override {
         pass("wildcard");
-        return database_.like_wildcard();
+        return ForwardingDatabase::like_wildcard();
     }
     void begin_lookups() override {
         pass("begin of the look-ups");
-        database_.begin_lookups();
+        ForwardingDatabase::begin_lookups();
     }
-    void end_lookups() noexcept override { database_.end_lookups(); }
     void require_connection() override {
         if (lost_) raise("connection");
-        database_.require_connection();
+        ForwardingDatabase::require_connection();
     }
 
 private:
@@ -56,7 +55,6 @@ private:
                               "Zeitüberschreitung. Anweisung: " + std::string(call));
     }
 
-    Database& database_;
     Faults& faults_;
     bool lost_ = false;
 };

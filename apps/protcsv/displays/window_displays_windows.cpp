@@ -1,6 +1,6 @@
 #include <objbase.h>
 
-#include "apps/protcsv/displays/full_screen.h"
+#include "apps/protcsv/displays/choose_displays.h"
 #include "platform/portable/help/help_topics.h"
 #include "platform/portable/terminal/terminal_error_display.h"
 #include "platform/windows/forms/progress_window.h"
@@ -19,21 +19,21 @@ constexpr std::string_view title = "Protokollierung";
 /// Boxes that mark the run as those on the terminal's lines do.
 class RunBoxes : public MessageBoxes {
 public:
-    RunBoxes(const PlainDisplays& plain, ProgressWindow& progress) : plain_(plain), progress_(progress) {}
+    RunBoxes(const DisplayMeans& means, ProgressWindow& progress) : means_(means), progress_(progress) {}
 
     BoxAnswer show(std::string_view text, BoxStyle style, std::string_view box_title) override {
         progress_.close();
-        if (style == BoxStyle::question_yes_no && plain_.message_boxes.answers_yes())
-            return plain_.message_boxes.note(BoxAnswer::yes, box_title);
-        return plain_.message_boxes.note(boxes_.show(text, style, box_title), box_title);
+        if (style == BoxStyle::question_yes_no && means_.message_boxes.answers_yes())
+            return means_.message_boxes.note(BoxAnswer::yes, box_title);
+        return means_.message_boxes.note(boxes_.show(text, style, box_title), box_title);
     }
 
 private:
-    PlainDisplays plain_;
+    DisplayMeans means_;
     ProgressWindow& progress_;
     SystemMessageBoxes boxes_{[this](const AutomationError& error) {
-        plain_.terminal.complain(error.description());
-        plain_.terminal.note(Outcome::failed);
+        means_.terminal.complain(error.description());
+        means_.terminal.note(Outcome::failed);
     }};
 };
 
@@ -87,10 +87,25 @@ private:
     const bool entered_;
 };
 
-class Windows : public FullScreen {
+/// The progress window for the length of one export.
+class RunProgress : public ProgressParent {
 public:
-    explicit Windows(const PlainDisplays& plain)
-        : terminal_(plain.terminal), forms_(plain.terminal), boxes_(plain, progress_) {}
+    explicit RunProgress(ProgressWindow& window) : window_(window) {}
+    ~RunProgress() override { window_.close(); }
+
+    void gRefresh() override { window_.gRefresh(); }
+    void gSetFortschritt(std::int32_t lZeile, std::int32_t lLetzte) override {
+        window_.gSetFortschritt(lZeile, lLetzte);
+    }
+
+private:
+    ProgressWindow& window_;
+};
+
+class WindowDisplays : public Displays {
+public:
+    explicit WindowDisplays(const DisplayMeans& means)
+        : terminal_(means.terminal), forms_(means.terminal), boxes_(means, progress_) {}
 
     FormDisplay& forms() override { return forms_; }
     MessageBoxes& message_boxes() override { return boxes_; }
@@ -114,7 +129,9 @@ public:
         progress_.close();
         open_finished_file(path, boxes_);
     }
-    ProgressParent* progress() override { return &progress_; }
+    std::unique_ptr<ProgressParent> create_progress() override {
+        return std::make_unique<RunProgress>(progress_);
+    }
     void tell(std::string_view text) override { boxes_.show(text, BoxStyle::information, title); }
 
 private:
@@ -127,9 +144,9 @@ private:
 
 }  // namespace
 
-std::unique_ptr<FullScreen> full_screen_if_usable(const PlainDisplays& plain) {
+std::unique_ptr<Displays> full_screen_if_usable(const DisplayMeans& means) {
     if (!has_interactive_desktop()) return nullptr;
-    return std::make_unique<Windows>(plain);
+    return std::make_unique<WindowDisplays>(means);
 }
 
 }  // namespace prot

@@ -1,0 +1,27 @@
+#include "apps/protcsv/displays/line_displays.h"
+
+#include "apps/protcsv/displays/progress_bar.h"
+#include "platform/portable/terminal/terminal_error_display.h"
+#include "platform/portable/terminal/terminal_help_display.h"
+
+namespace prot {
+
+std::unique_ptr<ErrorDisplay> LineDisplays::create_error_display() {
+    return std::make_unique<TerminalErrorDisplay>(means_.terminal);
+}
+
+std::unique_ptr<HelpDisplay> LineDisplays::create_help_display() {
+    return std::make_unique<TerminalHelpDisplay>(means_.terminal, HelpTopics::beside_program());
+}
+
+std::unique_ptr<ProgressParent> LineDisplays::create_progress() {
+    if (!means_.status_line) return nullptr;
+    return std::make_unique<ProgressBar>(means_.terminal);
+}
+
+std::optional<std::string> LineDisplays::ask_file_name(const std::string& suggestion,
+                                                       const std::string& /*folder*/) {
+    return means_.terminal.ask("Dateiname", suggestion);
+}
+
+}  // namespace prot

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+#include "apps/protcsv/sample/sample_people.h"
+#include "apps/protcsv/sample/sample_sections.h"
+
+/// What happens in a section of a sample database: a story that every log tells however the dice fall, and
+/// everyday changes in between. Both happen at a desk, a class that keeps the section's records and its
+/// chance: each of its changes keeps the records and the log in step and returns the log row.
+namespace prot::sample {
+
+/// A change as a story tells it; what the text means is the change's own.
+template <class Desk>
+using Change = LogRow (*)(Desk& desk, const Occasion& occasion, std::string_view text);
+
+template <class Desk>
+struct Step {
+    Day due;  ///< the first change by day on or after this date
+    Change<Desk> change;
+    std::string_view text;
+};
+
+template <class Desk>
+struct Everyday {
+    int percent;  ///< of all everyday changes, which together have 100
+    LogRow (Desk::*change)(const Occasion& occasion);
+};
+
+/// A member of the desk as a change of its story; it gets the text when it takes one.
+template <auto member, class Desk>
+LogRow tell(Desk& desk, const Occasion& occasion, std::string_view text) {
+    if constexpr (std::is_invocable_v<decltype(member), Desk&, const Occasion&, std::string_view>)
+        return (desk.*member)(occasion, text);
+    else
+        return (desk.*member)(occasion);
+}
+
+/// The same, and the row as it is after a fault.
+template <auto member, auto fault, class Desk>
+LogRow damage(Desk& desk, const Occasion& occasion, std::string_view) {
+    return fault((desk.*member)(occasion));
+}
+
+/// Any record gets the text in that field.
+template <auto field, class Desk>
+LogRow set(Desk& desk, const Occasion& occasion, std::string_view text) {
+    return desk.change_any(occasion, [text](auto& record) { record.*field = text; });
+}
+
+template <class Desk>
+struct Plot {
+    std::span<const Step<Desk>> story;  ///< in the order of the days
+    std::span<const Everyday<Desk>> everyday;
+    Programs programs;
+    bool in_turn = false;  ///< everybody has a part in the story; else whoever is likely to be at work
+};
+
+/// A section that is told so.
+template <class Desk>
+class StorySection : public Section {
+public:
+    LogRow log_change(Moment moment) final {
+        if (told_ == plot_.story.size() || moment < plot_.story[told_].due || is_night(moment))
+            return any_change({moment, any_author(moment)});
+        const Author teller =
+            plot_.in_turn ? author(told_ % author_count(), plot_.programs) : any_author(moment);
+        const Step<Desk>& step = plot_.story[told_++];
+        return step.change(desk_, {moment, teller}, step.text);
+    }
+
+protected:
+    StorySection(Desk desk, const Plot<Desk>& plot) : desk_(std::move(desk)), plot_(plot) {}
+
+    const Desk& desk() const { return desk_; }
+
+private:
+    Author any_author(Moment moment) { return author_at(moment, desk_.random(), plot_.programs); }
+
+    LogRow any_change(const Occasion& occasion) {
+        std::int64_t dice = desk_.random().below(100);
+        auto kind = plot_.everyday.begin();
+        for (; dice >= kind->percent; ++kind) dice -= kind->percent;
+        return (desk_.*kind->change)(occasion);
+    }
+
+    Desk desk_;
+    Plot<Desk> plot_;
+    std::size_t told_ = 0;  ///< steps of the story so far
+};
+
+}  // namespace prot::sample

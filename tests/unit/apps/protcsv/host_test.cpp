@@ -1,0 +1,107 @@
+#include "apps/protcsv/host.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "tests/unit/support/fakes.h"
+#include "tests/unit/support/temporary_folder.h"
+
+namespace prot {
+namespace {
+
+/// Displays that show nothing and remember what they were to show.
+class FakeDisplays : public Displays {
+public:
+    test::FakeHost faces;
+    std::vector<std::string> asked, shown;
+    std::optional<std::string> file_name;
+
+    FormDisplay& forms() override { return faces; }
+    MessageBoxes& message_boxes() override { return faces; }
+    std::unique_ptr<ErrorDisplay> create_error_display() override { return faces.create_error_display(); }
+    std::unique_ptr<HelpDisplay> create_help_display() override { return faces.create_help_display(); }
+    std::unique_ptr<ProgressParent> create_progress() override { return nullptr; }
+    std::optional<std::string> ask_file_name(const std::string& suggestion,
+                                             const std::string& folder) override {
+        asked = {suggestion, folder};
+        return file_name;
+    }
+    void show_file(const std::string& path) override { shown.push_back(path); }
+    void tell(std::string_view) override {}
+};
+
+class HostTest : public testing::Test {
+protected:
+    HostTest() : terminal(settings()) {
+        options.database = folder.text("x.db");
+        options.csv.folder = text_path(folder.text("Ziel"));
+    }
+    TerminalSettings settings() {
+        TerminalSettings with_output;
+        with_output.output = &output;
+        return with_output;
+    }
+
+    const TemporaryFolder folder;
+    std::ostringstream output;
+    Terminal terminal;
+    FakeDisplays displays;
+    Options options;
+};
+
+TEST_F(HostTest, ShowsEverythingByItsDisplays) {
+    Host host(options, terminal, displays);
+    const Environment environment = host.environment();
+    environment.message_boxes.show("Keine Daten vorhanden!", BoxStyle::information, "Protokollierung");
+    Form form;
+    environment.form_display.standard_setup(form, 1000);
+    environment.components.create_error_display()->ZQ_gShowError(5, "Quelle", "Beschreibung");
+    environment.components.create_help_display()->show_topic("karte.xml", "HID_1");
+    EXPECT_EQ(
+        displays.faces.boxes,
+        (std::vector<test::ShownBox>{{"Keine Daten vorhanden!", BoxStyle::information, "Protokollierung"}}));
+    EXPECT_EQ(displays.faces.setups, std::vector<int>{1000});
+    EXPECT_EQ(displays.faces.errors, (std::vector<test::ShownError>{{5, "Quelle", "Beschreibung"}}));
+    EXPECT_EQ(displays.faces.help_topics, std::vector<std::string>{"karte.xml#HID_1"});
+    EXPECT_EQ(output.str(), "");
+}
+
+TEST_F(HostTest, AsksForTheFileInTheRunsFolderAndPresentsItWhenItIsFinished) {
+    displays.file_name = "Meine.csv";
+    Host host(options, terminal, displays);
+    const auto writer = host.environment().components.create_csv_writer();
+    std::string name = "Prot.csv";
+    ASSERT_TRUE(writer->open(name, true));
+    EXPECT_EQ(displays.asked, (std::vector<std::string>{"Prot.csv", path_text(options.csv.folder)}));
+    EXPECT_EQ(host.finished_file(), "");
+    writer->close();
+    const std::string path = path_text(options.csv.folder / "Meine.csv");
+    EXPECT_EQ(host.finished_file(), path);
+    EXPECT_EQ(displays.shown, std::vector<std::string>{});
+    writer->show();
+    EXPECT_EQ(displays.shown, std::vector<std::string>{path});
+}
+
+TEST_F(HostTest, WritesNoFileWhenThePersonCancels) {
+    Host host(options, terminal, displays);
+    std::string name = "Prot.csv";
+    EXPECT_FALSE(host.environment().components.create_csv_writer()->open(name, true));
+    EXPECT_EQ(folder.entries(), 0U);
+}
+
+TEST_F(HostTest, NeverWritesOverTheFilesOfItsOwnRun) {
+    options.statement_log = folder.text("log.json");
+    options.answers = folder.text("antworten");
+    for (const std::string& file : {options.database, options.statement_log, *options.answers}) {
+        write_file(text_path(file), "alt");
+        Host host(options, terminal, displays);
+        std::string name = file;
+        EXPECT_THROW(host.environment().components.create_csv_writer()->open(name, false), AutomationError)
+            << file;
+        EXPECT_EQ(content_of(text_path(file)), "alt");
+    }
+}
+
+}  // namespace
+}  // namespace prot
