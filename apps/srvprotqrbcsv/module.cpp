@@ -11,7 +11,6 @@ std::atomic<long> references = 0;
 }  // namespace
 
 void set_instance(HINSTANCE instance) noexcept { own_instance = instance; }
-HINSTANCE instance() noexcept { return own_instance; }
 
 std::wstring path() {
     std::wstring path(MAX_PATH, L'\0');

@@ -9,7 +9,6 @@ namespace prot::module {
 
 /// Called once, when the library is loaded.
 void set_instance(HINSTANCE instance) noexcept;
-HINSTANCE instance() noexcept;
 
 /// Full path of the library's file.
 std::wstring path();

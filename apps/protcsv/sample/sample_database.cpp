@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "apps/protcsv/sample/sample_sections.h"
-#include "platform/automation/error.h"
 #include "platform/portable/files/paths.h"
 
 namespace prot {
@@ -77,18 +76,10 @@ void write_log(SampleFile& file, std::vector<Part>& parts) {
 constexpr std::uint32_t sample_mark = 0x50725361;
 constexpr std::streamoff sample_mark_place = 68;
 
-void check_rows(std::int64_t rows) {
-    if (rows >= 0 && rows <= most_sample_rows) return;
-    throw AutomationError(ErrorNumber::overflow,
-                          "Die Anzahl der Protokollsätze muss zwischen 0 und 30000000 liegen.");
-}
-
 }  // namespace
 
 void write_sample_database(const std::string& path, const SampleOptions& options) {
     const std::int64_t rows = options.rows.value_or(usual_rows(options));
-    check_rows(rows);
-
     SampleFile file(path);
     // A file that is not complete is worth nothing, so nothing is spent on getting back to an earlier state.
     file.execute(

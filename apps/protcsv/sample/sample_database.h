@@ -9,13 +9,13 @@ namespace prot {
 /// Options of a sample database.
 struct SampleOptions {
     std::uint64_t seed = 1;
-    /// Rows of the whole log; without it, the small log that people look at.
+    /// Rows of the whole log, at most most_sample_rows; without it, the small log that people look at.
     std::optional<std::int64_t> rows;
     /// Only changes of this section; the others have their master data, but log nothing. All by default.
     std::optional<std::int32_t> section = {};
 };
 
-/// The largest SampleOptions::rows.
+/// For more there are not seconds enough.
 inline constexpr std::int64_t most_sample_rows = 30'000'000;
 
 /// Writes a new SQLite file with master data and a change log in which every kind of change, author and value

@@ -9,7 +9,6 @@ using std::chrono::days;
 
 constexpr std::int64_t most_items = 50'000;
 constexpr std::int64_t fewest_early_items = 120;
-constexpr std::size_t fewest_items = 40;
 
 // No text is common: the column is NULL then.
 constexpr std::string_view texts[] = {
@@ -52,10 +51,7 @@ LogRow ItemDesk::add_item(const Occasion& occasion) {
     return log_creation(new_item(std::chrono::floor<days>(occasion.moment)), occasion);
 }
 
-LogRow ItemDesk::remove_item(const Occasion& occasion) {
-    if (items_.size() <= fewest_items) return change_terms(occasion);
-    return log_deletion(items_, random_, occasion);
-}
+LogRow ItemDesk::remove_item(const Occasion& occasion) { return log_deletion(items_, random_, occasion); }
 
 LogRow ItemDesk::rename_client(const Occasion& occasion, std::int32_t number, std::string_view short_name) {
     Client& client = clients_.of_number(number);

@@ -42,6 +42,9 @@ constexpr std::int64_t week_length() {
 
 constexpr std::int64_t weeks_of_log = (log_end - log_begin) / std::chrono::days(7);
 
+/// Seconds of the span in which something can happen.
+constexpr std::int64_t most_moments = weeks_of_log * week_length();
+
 /// The moment of the second with that number among the seconds in which something can happen.
 Moment moment_of(std::int64_t second) {
     const Day monday = log_begin + std::chrono::days(7 * (second / week_length()));
@@ -89,12 +92,10 @@ std::string german_text(Moment moment) { return to_text(to_date(civil(moment)));
 bool is_night(Moment moment) { return moment - std::chrono::floor<std::chrono::days>(moment) < office_begin; }
 
 Moment Moments::next() {
-    const std::int64_t low = index_ * most_moments() / count_;
-    const std::int64_t high = (index_ + 1) * most_moments() / count_;
+    const std::int64_t low = index_ * most_moments / count_;
+    const std::int64_t high = (index_ + 1) * most_moments / count_;
     ++index_;
     return moment_of(low + random_.below(high - low));
 }
-
-std::int64_t Moments::most_moments() { return weeks_of_log * week_length(); }
 
 }  // namespace prot::sample

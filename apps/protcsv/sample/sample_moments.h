@@ -30,13 +30,11 @@ bool is_night(Moment moment);
 /// hours, some nightly jobs, some Saturdays.
 class Moments {
 public:
-    /// count: how many moments will be asked for, at most most_moments().
+    /// count: how many moments will be asked for, at most the seconds in which something can happen, 30.9
+    /// million.
     Moments(Random random, std::int64_t count) : random_(random), count_(count) {}
 
     Moment next();
-
-    /// Seconds of the span in which something can happen.
-    static std::int64_t most_moments();
 
 private:
     Random random_;

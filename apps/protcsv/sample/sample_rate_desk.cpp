@@ -8,7 +8,6 @@ namespace {
 using std::chrono::days;
 
 constexpr std::int64_t most_rates = 50'000;
-constexpr std::size_t fewest_rates = 20;
 constexpr days early_years{1826};
 constexpr int rates_of_retiring_currency = 2;
 
@@ -87,10 +86,7 @@ LogRow RateDesk::add_rate_of(const Occasion& occasion, std::string_view code) {
     return log_creation(new_rate(traded, std::max(today, traded.latest + days(1))), occasion);
 }
 
-LogRow RateDesk::remove_rate(const Occasion& occasion) {
-    if (rates_.size() <= fewest_rates) return requote(occasion);
-    return log_deletion(rates_, random_, occasion);
-}
+LogRow RateDesk::remove_rate(const Occasion& occasion) { return log_deletion(rates_, random_, occasion); }
 
 LogRow RateDesk::remove_rate_of(const Occasion& occasion, std::string_view code) {
     const std::int32_t id = account(code).currency.id;

@@ -176,6 +176,12 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
         {{"sample", "x", "--seed", "-1"},
          "--seed: „-1“ ist keine ganze Zahl von 0 bis 18446744073709551615 (Hilfe: protcsv sample --help)",
          "negative seed"},
+        {{"sample", "x", "--rows", "0"},
+         "--rows: „0“ ist keine ganze Zahl von 1 bis 30000000 (Hilfe: protcsv sample --help)",
+         "no rows"},
+        {{"sample", "x", "--rows", "30000001"},
+         "--rows: „30000001“ ist keine ganze Zahl von 1 bis 30000000 (Hilfe: protcsv sample --help)",
+         "more rows than there are seconds"},
     };
     for (const auto& row : rows) EXPECT_EQ(refusal(row.arguments), row.line) << row.why;
 }

@@ -312,11 +312,5 @@ TEST_F(SampleDatabase, TellsWhyAFileCannotBeWrittenAndWhere) {
     }
 }
 
-TEST_F(SampleDatabase, RefusesANumberOfRowsThatDoesNotFit) {
-    EXPECT_THROW(write("a.db", {1, -1}), AutomationError);
-    EXPECT_THROW(write("a.db", {1, most_sample_rows + 1}), AutomationError);
-    EXPECT_FALSE(std::filesystem::exists(folder_ / "a.db"));
-}
-
 }  // namespace
 }  // namespace prot
