@@ -11,8 +11,6 @@ namespace {
 constexpr wchar_t ctrl_z = 0x1A;
 constexpr std::size_t longest_text = 4096;
 
-bool is_high_surrogate(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-
 bool is_continuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
 /// The bytes of the character that `lead` begins.

@@ -4,7 +4,6 @@
 #include <iterator>
 
 #include "platform/automation/utf8.h"
-#include "platform/portable/text/utf8_sequence.h"
 
 namespace prot {
 
@@ -68,7 +67,7 @@ void append_doubled(std::string_view cell, std::string& out) {
 }  // namespace
 
 std::string_view byte_order_mark(CsvEncoding encoding) {
-    return encoding == CsvEncoding::utf8_bom ? "\xEF\xBB\xBF" : "";
+    return encoding == CsvEncoding::utf8_bom ? utf8_byte_order_mark : "";
 }
 
 bool looks_like_formula(std::string_view cell) { return begins_like_formula(cell) && !is_number(cell); }

@@ -47,8 +47,6 @@ inline constexpr std::array<std::uint8_t, 256> byte_classes = [] {
     return classes;
 }();
 
-constexpr bool is_wide(char byte) { return static_cast<unsigned char>(byte) >= 0x80; }
-
 constexpr bool is(char byte, ByteClass wanted) {
     return (byte_classes[static_cast<unsigned char>(byte)] & wanted) != 0;
 }

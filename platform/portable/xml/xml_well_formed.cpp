@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/portable/text/utf8_sequence.h"
+#include "platform/automation/utf8.h"
 #include "platform/portable/xml/xml_characters.h"
 
 namespace prot {
@@ -39,7 +39,7 @@ public:
         : at_(document.data()), end_(document.data() + document.size()) {}
 
     bool document() {
-        take("\xEF\xBB\xBF");
+        take(utf8_byte_order_mark);
         if (starts_with("<?xml") && is(at_[5], white_space) && !declaration()) return false;
         if (!around_root() || !start_tag()) return false;
         while (depth_ > 0) {
@@ -93,7 +93,7 @@ private:
 
     // One character beyond ASCII; anything else that comes here is a byte that may not stand in a document.
     [[gnu::noinline]] bool wide_character() {
-        if (static_cast<unsigned char>(*at_) < 0x80) return false;
+        if (is_ascii(*at_)) return false;
         const Utf8Sequence character = utf8_sequence(at_, end_);
         if (character.length == 0 || !is_character(character.code_point)) return false;
         at_ += character.length;
@@ -101,7 +101,7 @@ private:
     }
 
     [[gnu::noinline]] bool wide_name_character(bool at_start) {
-        if (static_cast<unsigned char>(*at_) < 0x80) return false;
+        if (is_ascii(*at_)) return false;
         const Utf8Sequence character = utf8_sequence(at_, end_);
         if (character.length == 0 || !is_name_character(character.code_point, at_start)) return false;
         at_ += character.length;
@@ -115,7 +115,7 @@ private:
             return false;
         }
         skip<name_part>();
-        while (is_wide(*at_)) {
+        while (!is_ascii(*at_)) {
             if (!wide_name_character(false)) return false;
             skip<name_part>();
         }
