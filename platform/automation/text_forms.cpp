@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <limits>
 
+#include "platform/automation/ascii.h"
 #include "platform/automation/error.h"
 #include "platform/automation/text_parts.h"
 
@@ -27,8 +28,6 @@ bool is_day_zero(const CivilTime& civil) {
     return civil.year == zero.year && civil.month == zero.month && civil.day == zero.day;
 }
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
 /// A cursor over the German date form.
 class DateReader {
 public:
@@ -38,7 +37,7 @@ public:
     int number(std::size_t least, std::size_t most) {
         std::size_t length = 0;
         int number = 0;
-        while (length < most && length < rest_.size() && is_digit(rest_[length]))
+        while (length < most && length < rest_.size() && is_ascii_digit(rest_[length]))
             number = number * 10 + (rest_[length++] - '0');
         if (length < least) fail();
         rest_.remove_prefix(length);
@@ -96,7 +95,7 @@ std::string leading_number(std::string_view text) {
         } else if ((c == 'e' || c == 'E' || c == 'd' || c == 'D') && !exponent) {
             exponent = true;
             number += 'e';
-        } else if (is_digit(c)) {
+        } else if (is_ascii_digit(c)) {
             number += c;
         } else {
             break;

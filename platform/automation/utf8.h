@@ -13,8 +13,6 @@ inline constexpr std::string_view utf8_byte_order_mark = "\xEF\xBB\xBF";
 /// What stands for something that is no character.
 inline constexpr char32_t replacement_character = 0xFFFD;
 
-constexpr bool is_ascii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
-
 /// Whether the byte belongs to a character that a byte before it has begun.
 constexpr bool continues_character(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 

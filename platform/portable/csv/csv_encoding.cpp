@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/automation/ascii.h"
 #include "platform/automation/utf8.h"
 
 namespace prot {
@@ -46,7 +47,7 @@ bool is_number(std::string_view cell) {
     std::size_t digits = 0;
     std::size_t marks = 0;
     for (const char c : cell) {
-        if (c >= '0' && c <= '9') {
+        if (is_ascii_digit(c)) {
             ++digits;
         } else if (c == '.' || c == ',') {
             ++marks;

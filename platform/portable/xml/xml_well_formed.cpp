@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/automation/ascii.h"
 #include "platform/automation/utf8.h"
 #include "platform/portable/xml/xml_characters.h"
 
@@ -15,15 +16,13 @@ using namespace xml;
 
 bool is_version(std::string_view text) {
     return text.size() > 2 && text.substr(0, 2) == "1." &&
-           std::all_of(text.begin() + 2, text.end(),
-                       [](char c) { return is_ascii_digit(static_cast<unsigned char>(c)); });
+           std::all_of(text.begin() + 2, text.end(), is_ascii_digit);
 }
 
 bool is_encoding_name(std::string_view text) {
-    return !text.empty() && is_ascii_letter(static_cast<unsigned char>(text.front())) &&
+    return !text.empty() && is_ascii_letter(text.front()) &&
            std::all_of(text.begin(), text.end(), [](char c) {
-               const auto byte = static_cast<unsigned char>(c);
-               return is_ascii_letter(byte) || is_ascii_digit(byte) || c == '.' || c == '_' || c == '-';
+               return is_ascii_letter(c) || is_ascii_digit(c) || c == '.' || c == '_' || c == '-';
            });
 }
 
@@ -138,7 +137,7 @@ private:
         for (; *at_ != ';'; ++at_) {
             const auto byte = static_cast<unsigned char>(*at_);
             const unsigned letter = (byte | 0x20U) - 'a';
-            const unsigned digit = is_ascii_digit(byte) ? byte - '0' : letter < 6 ? letter + 10 : base;
+            const unsigned digit = is_ascii_digit(*at_) ? byte - '0' : letter < 6 ? letter + 10 : base;
             if (digit >= base) return false;
             code_point = std::min<char32_t>(code_point * base + digit, 0x110000);
         }
