@@ -1,8 +1,10 @@
 #include "platform/portable/sqlite/sqlite_cells.h"
 
 #include <algorithm>
-#include <iterator>
 #include <new>
+
+#include "platform/automation/letter_case.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot {
 
@@ -91,13 +93,10 @@ std::optional<Date> read_iso_date(std::string_view text) {
 
 bool is_date_type(const char* declared_type) {
     if (declared_type == nullptr) return false;
-    std::string_view type = declared_type;
-    type = type.substr(0, type.find('('));
-    while (!type.empty() && type.back() == ' ') type.remove_suffix(1);
-    return std::any_of(std::begin(date_types), std::end(date_types), [type](std::string_view date_type) {
-        return type.size() == date_type.size() &&
-               sqlite3_strnicmp(type.data(), date_type.data(), static_cast<int>(type.size())) == 0;
-    });
+    const std::string_view declared = declared_type;
+    const std::string_view type = trim_blanks(declared.substr(0, declared.find('(')));
+    return std::ranges::any_of(date_types,
+                               [type](std::string_view date_type) { return upper_equals(type, date_type); });
 }
 
 SqliteCells::SqliteCells(sqlite3_stmt* statement)
