@@ -1,7 +1,7 @@
 #include "apps/protcsv/sample/sample_moments.h"
 
 #include "platform/automation/calendar.h"
-#include "platform/automation/text_forms.h"
+#include "platform/automation/date_text.h"
 
 namespace prot::sample {
 namespace {
@@ -51,26 +51,9 @@ Moment moment_of(std::int64_t second) {
     return Moment(monday + std::chrono::days(window->weekday)) + window->begin + seconds(rest);
 }
 
-void append_padded(std::string& text, int number, int digits, char before) {
-    if (before != '\0') text += before;
-    const std::string plain = std::to_string(number);
-    text.append(static_cast<std::size_t>(digits) - plain.size(), '0');
-    text += plain;
-}
-
 }  // namespace
 
-std::string iso_text(Moment moment) {
-    const CivilTime time = civil_time(moment);
-    std::string text;
-    append_padded(text, time.year, 4, '\0');
-    append_padded(text, time.month, 2, '-');
-    append_padded(text, time.day, 2, '-');
-    append_padded(text, time.hour, 2, ' ');
-    append_padded(text, time.minute, 2, ':');
-    append_padded(text, time.second, 2, ':');
-    return text;
-}
+std::string iso_text(Moment moment) { return prot::iso_text(civil_time(moment)); }
 
 std::string german_text(Moment moment) { return to_text(to_date(civil_time(moment))); }
 

@@ -1,7 +1,6 @@
 #include "platform/portable/sqlite/sqlite_database.h"
 
-#include <cstdio>
-
+#include "platform/automation/date_text.h"
 #include "platform/portable/files/paths.h"
 #include "platform/portable/sqlite/sqlite_cells.h"
 #include "platform/portable/sqlite/sqlite_connection.h"
@@ -61,13 +60,7 @@ public:
         }
     }
 
-    std::string date_literal(Date date) override {
-        const CivilTime civil = to_civil(date);
-        char text[32];
-        std::snprintf(text, sizeof text, "'%04d-%02d-%02d %02d:%02d:%02d'", civil.year, civil.month,
-                      civil.day, civil.hour, civil.minute, civil.second);
-        return text;
-    }
+    std::string date_literal(Date date) override { return '\'' + iso_text(to_civil(date)) + '\''; }
 
     std::string like_wildcard() override { return "%"; }
 
