@@ -4,6 +4,7 @@
 #include "platform/portable/files/paths.h"
 #include "platform/portable/sqlite/sqlite_cells.h"
 #include "platform/portable/sqlite/sqlite_connection.h"
+#include "platform/portable/sqlite/sqlite_problem.h"
 #include "platform/portable/sqlite/sqlite_statements.h"
 #include "platform/portable/sqlite/sqlite_temporary_table.h"
 #include "platform/portable/tsql/tsql_dialect.h"
