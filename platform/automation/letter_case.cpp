@@ -80,31 +80,23 @@ constexpr FirstBlocks folded_by(char32_t (*fold_by_range)(char32_t)) {
 constexpr FirstBlocks lower_of = folded_by(lower_by_range);
 constexpr FirstBlocks upper_of = folded_by(upper_by_range);
 
-template <char32_t (*Fold)(char32_t)>
-std::string fold_decoded(std::string_view text) {
-    std::u32string code_points = decode_utf8(text);
-    for (char32_t& c : code_points) c = Fold(c);
-    return encode_utf8(code_points);
+constexpr std::ptrdiff_t utf8_length(char32_t c) {
+    char bytes[4] = {};
+    return put_utf8(bytes, c) - bytes;
 }
 
-constexpr bool leads_two_bytes(unsigned char byte) { return byte >= 0xC2 && byte <= 0xDF; }
-constexpr bool continues(unsigned char byte) { return (byte & 0xC0) == 0x80; }
-
-/// In place as long as code points of one or two bytes come: they keep their length in either case.
+/// In place: letters keep their length in either case.
 template <char32_t (*Fold)(char32_t)>
 std::string fold(std::string_view text) {
+    static_assert(std::ranges::all_of(case_ranges, [](const CaseRange& range) {
+        return utf8_length(range.first) == utf8_length(moved(range.last, range.distance)) &&
+               utf8_length(range.last) == utf8_length(moved(range.first, range.distance));
+    }));
     std::string folded(text);
-    const auto byte_at = [&folded](std::size_t at) { return static_cast<unsigned char>(folded[at]); };
-    for (std::size_t i = 0; i < folded.size(); ++i) {
-        if (byte_at(i) < 0x80) {
-            folded[i] = static_cast<char>(Fold(byte_at(i)));
-            continue;
-        }
-        if (!leads_two_bytes(byte_at(i)) || i + 1 == folded.size() || !continues(byte_at(i + 1)))
-            return fold_decoded<Fold>(text);
-        const char32_t c = Fold((byte_at(i) & 0x1FU) << 6 | (byte_at(i + 1) & 0x3FU));
-        folded[i++] = static_cast<char>(0xC0 | c >> 6);
-        folded[i] = static_cast<char>(0x80 | (c & 0x3F));
+    const char* const end = folded.data() + folded.size();
+    for (char* at = folded.data(); at != end;) {
+        const auto [code_point, length] = utf8_sequence(at, end);
+        at = length > 0 ? put_utf8(at, Fold(code_point)) : at + 1;
     }
     return folded;
 }

@@ -6,77 +6,12 @@
 #include <cstdio>
 #include <limits>
 
+#include "platform/automation/ascii.h"
 #include "platform/automation/error.h"
-#include "platform/automation/text_parts.h"
 
 namespace prot {
 
 namespace {
-
-void append_digits(std::string& text, int number, int width) {
-    char digits[8];
-    for (int i = width - 1; i >= 0; --i, number /= 10) digits[i] = static_cast<char>('0' + number % 10);
-    text.append(digits, static_cast<std::size_t>(width));
-}
-
-bool is_midnight(const CivilTime& civil) { return civil.hour == 0 && civil.minute == 0 && civil.second == 0; }
-
-/// The day that a time of day without a date falls on.
-bool is_day_zero(const CivilTime& civil) {
-    const CivilTime zero;
-    return civil.year == zero.year && civil.month == zero.month && civil.day == zero.day;
-}
-
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-
-/// A cursor over the German date form.
-class DateReader {
-public:
-    explicit DateReader(std::string_view text) : rest_(text) {}
-
-    /// Reads a number of `least` to `most` digits.
-    int number(std::size_t least, std::size_t most) {
-        std::size_t length = 0;
-        int number = 0;
-        while (length < most && length < rest_.size() && is_digit(rest_[length]))
-            number = number * 10 + (rest_[length++] - '0');
-        if (length < least) fail();
-        rest_.remove_prefix(length);
-        return number;
-    }
-    bool skip(char c) {
-        if (rest_.empty() || rest_.front() != c) return false;
-        rest_.remove_prefix(1);
-        return true;
-    }
-    void expect(char c) {
-        if (!skip(c)) fail();
-    }
-    bool at_end() const { return rest_.empty(); }
-    bool is_time() const { return rest_.substr(0, 3).find(':') != std::string_view::npos; }
-
-    [[noreturn]] static void fail() {
-        throw AutomationError(ErrorNumber::type_mismatch, "Typen unverträglich: kein Datum");
-    }
-
-private:
-    std::string_view rest_;
-};
-
-void read_time(DateReader& reader, CivilTime& civil) {
-    civil.hour = reader.number(1, 2);
-    reader.expect(':');
-    civil.minute = reader.number(2, 2);
-    if (reader.skip(':')) civil.second = reader.number(2, 2);
-}
-
-void read_day(DateReader& reader, CivilTime& civil) {
-    civil.day = reader.number(1, 2);
-    reader.expect('.');
-    civil.month = reader.number(1, 2);
-    reader.expect('.');
-    civil.year = reader.number(4, 4);
-}
 
 /// The number at the start of `text` in the form that from_chars reads: without blanks, D as E, no leading
 /// plus.
@@ -96,7 +31,7 @@ std::string leading_number(std::string_view text) {
         } else if ((c == 'e' || c == 'E' || c == 'd' || c == 'D') && !exponent) {
             exponent = true;
             number += 'e';
-        } else if (is_digit(c)) {
+        } else if (is_ascii_digit(c)) {
             number += c;
         } else {
             break;
@@ -121,31 +56,6 @@ bool is_too_small(std::string_view number) {
 }
 
 }  // namespace
-
-void append_text(std::string& text, Date date) {
-    const CivilTime civil = to_civil(date);
-    const bool time_only = is_day_zero(civil);
-    if (!time_only) {
-        append_digits(text, civil.day, 2);
-        text += '.';
-        append_digits(text, civil.month, 2);
-        text += '.';
-        append_digits(text, civil.year, 4);
-        if (is_midnight(civil)) return;
-        text += ' ';
-    }
-    append_digits(text, civil.hour, 2);
-    text += ':';
-    append_digits(text, civil.minute, 2);
-    text += ':';
-    append_digits(text, civil.second, 2);
-}
-
-std::string to_text(Date date) {
-    std::string text;
-    append_text(text, date);
-    return text;
-}
 
 std::string to_text(double number) {
     if (number == 0.0) return "0";  // also for the negative zero
@@ -199,19 +109,6 @@ std::int32_t to_long(double number) {
     if (!(rounded >= -2147483648.0 && rounded <= 2147483647.0))
         throw AutomationError(ErrorNumber::overflow, "Überlauf: Zahl außerhalb von 32 Bit");
     return static_cast<std::int32_t>(rounded);
-}
-
-Date to_date(std::string_view text) {
-    DateReader reader(trim_blanks(text));
-    CivilTime civil;
-    if (reader.is_time()) {
-        read_time(reader, civil);
-    } else {
-        read_day(reader, civil);
-        if (reader.skip(' ')) read_time(reader, civil);
-    }
-    if (!reader.at_end() || !is_valid(civil)) DateReader::fail();
-    return to_date(civil);
 }
 
 }  // namespace prot

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/automation/utf8.h"
 #include "platform/windows/text/wide_text.h"
 
 namespace prot {
@@ -11,22 +12,11 @@ namespace {
 constexpr wchar_t ctrl_z = 0x1A;
 constexpr std::size_t longest_text = 4096;
 
-bool is_high_surrogate(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-
-bool is_continuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
-
-/// The bytes of the character that `lead` begins.
-std::size_t character_size(char lead) {
-    const auto byte = static_cast<unsigned char>(lead);
-    return byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
-}
-
 /// How much of `text` are whole characters.
 std::size_t whole_size(std::string_view text) {
-    std::size_t last = text.size();
-    while (last > 0 && text.size() - last < 3 && is_continuation(text[last - 1])) --last;
-    if (last == 0) return text.size();
-    return character_size(text[last - 1]) > text.size() - (last - 1) ? last - 1 : text.size();
+    for (std::size_t cut = 1; cut <= std::min<std::size_t>(text.size(), 3); ++cut)
+        if (begins_character(text.substr(text.size() - cut))) return text.size() - cut;
+    return text.size();
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "apps/protcsv/options/usage_error.h"
+#include "platform/automation/date_text.h"
 #include "platform/automation/letter_case.h"
 #include "platform/automation/utf8.h"
 
@@ -51,21 +52,6 @@ std::string without_blanks(std::string_view text) {
     throw UsageError("„" + std::string(value) + "“ " + std::string(accepted));
 }
 
-/// Reads digits where `pattern` has J, M or T, and requires its other characters as they are.
-std::optional<CivilTime> read_pattern(std::string_view text, std::string_view pattern) {
-    if (text.size() != pattern.size()) return std::nullopt;
-    CivilTime civil{0, 0, 0};
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        int* const part = pattern[i] == 'J'   ? &civil.year
-                          : pattern[i] == 'M' ? &civil.month
-                          : pattern[i] == 'T' ? &civil.day
-                                              : nullptr;
-        if (part == nullptr ? text[i] != pattern[i] : text[i] < '0' || text[i] > '9') return std::nullopt;
-        if (part != nullptr) *part = *part * 10 + (text[i] - '0');
-    }
-    return civil;
-}
-
 std::string names_of(SectionTable sections) {
     std::string names;
     for (const Section& section : sections) {
@@ -78,10 +64,8 @@ std::string names_of(SectionTable sections) {
 }  // namespace
 
 Date parse_date(std::string_view text) {
-    for (const std::string_view pattern : {"JJJJ-MM-TT", "TT.MM.JJJJ"}) {
-        const std::optional<CivilTime> civil = read_pattern(text, pattern);
-        if (civil && is_valid(*civil)) return to_date(*civil);
-    }
+    for (const auto read : {read_iso_day, read_german_day})
+        if (const std::optional<Date> day = read(text)) return *day;
     refuse(text, "ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ");
 }
 

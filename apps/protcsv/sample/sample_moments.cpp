@@ -1,7 +1,7 @@
 #include "apps/protcsv/sample/sample_moments.h"
 
-#include "platform/automation/date.h"
-#include "platform/automation/text_forms.h"
+#include "platform/automation/calendar.h"
+#include "platform/automation/date_text.h"
 
 namespace prot::sample {
 namespace {
@@ -54,40 +54,11 @@ Moment moment_of(std::int64_t second) {
     return Moment(monday + std::chrono::days(window->weekday)) + window->begin + seconds(rest);
 }
 
-CivilTime civil(Moment moment) {
-    const Day day = std::chrono::floor<std::chrono::days>(moment);
-    const std::chrono::year_month_day date(day);
-    const std::chrono::hh_mm_ss time(moment - day);
-    return {static_cast<int>(date.year()),
-            static_cast<int>(static_cast<unsigned>(date.month())),
-            static_cast<int>(static_cast<unsigned>(date.day())),
-            static_cast<int>(time.hours().count()),
-            static_cast<int>(time.minutes().count()),
-            static_cast<int>(time.seconds().count())};
-}
-
-void append_padded(std::string& text, int number, int digits, char before) {
-    if (before != '\0') text += before;
-    const std::string plain = std::to_string(number);
-    text.append(static_cast<std::size_t>(digits) - plain.size(), '0');
-    text += plain;
-}
-
 }  // namespace
 
-std::string iso_text(Moment moment) {
-    const CivilTime time = civil(moment);
-    std::string text;
-    append_padded(text, time.year, 4, '\0');
-    append_padded(text, time.month, 2, '-');
-    append_padded(text, time.day, 2, '-');
-    append_padded(text, time.hour, 2, ' ');
-    append_padded(text, time.minute, 2, ':');
-    append_padded(text, time.second, 2, ':');
-    return text;
-}
+std::string iso_text(Moment moment) { return prot::iso_text(civil_time(moment)); }
 
-std::string german_text(Moment moment) { return to_text(to_date(civil(moment))); }
+std::string german_text(Moment moment) { return to_text(to_date(civil_time(moment))); }
 
 bool is_night(Moment moment) { return moment - std::chrono::floor<std::chrono::days>(moment) < office_begin; }
 

@@ -2,36 +2,9 @@
 
 #include <sqlite3.h>
 
-#include "platform/automation/error.h"
+#include "platform/portable/sqlite/sqlite_problem.h"
 
 namespace prot::sample {
-namespace {
-
-struct Reason {
-    int code;  ///< SQLite's primary result code
-    std::string_view text;
-};
-
-constexpr Reason reasons[] = {
-    {SQLITE_FULL, "der Datenträger ist voll"},
-    {SQLITE_CANTOPEN, "die Datei kann nicht angelegt werden"},
-    {SQLITE_READONLY, "die Datei ist schreibgeschützt"},
-    {SQLITE_PERM, "der Zugriff ist nicht erlaubt"},
-    {SQLITE_IOERR, "Fehler beim Schreiben auf den Datenträger"},
-    {SQLITE_BUSY, "die Datei wird von einem anderen Programm benutzt"},
-    {SQLITE_NOTADB, "die Datei ist keine Datenbank"},
-};
-
-std::string reason_text(sqlite3* connection) {
-    const int code = connection == nullptr ? SQLITE_NOMEM : sqlite3_errcode(connection);
-    for (const Reason& reason : reasons) {
-        if ((code & 0xFF) == reason.code) return std::string(reason.text);
-    }
-    return "SQLite meldet: " +
-           std::string(connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection));
-}
-
-}  // namespace
 
 SampleFile::SampleFile(const std::string& path) : path_(path) {
     sqlite3* connection = nullptr;
@@ -56,9 +29,12 @@ void SampleFile::close() {
 void SampleFile::fail() const {
     sqlite3* connection = connection_.get();
     const int code = connection == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(connection);
-    throw AutomationError(static_cast<std::int32_t>(0x80040000U + static_cast<std::uint32_t>(code)), "SQLite",
-                          "Die Beispieldatenbank „" + path_ +
-                              "“ kann nicht geschrieben werden: " + reason_text(connection) + ".");
+    std::string reason(sqlite_problem_text(code, SqliteTask::creation));
+    if (reason.empty())
+        reason =
+            reported_by_sqlite(connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection));
+    throw sqlite_error(
+        code, "Die Beispieldatenbank „" + path_ + "“ kann nicht geschrieben werden: " + reason + ".");
 }
 
 void SampleFile::Closer::operator()(sqlite3* connection) const noexcept { sqlite3_close_v2(connection); }

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/automation/ascii.h"
 #include "platform/automation/utf8.h"
-#include "platform/portable/text/utf8_sequence.h"
 
 namespace prot {
 
@@ -47,7 +47,7 @@ bool is_number(std::string_view cell) {
     std::size_t digits = 0;
     std::size_t marks = 0;
     for (const char c : cell) {
-        if (c >= '0' && c <= '9') {
+        if (is_ascii_digit(c)) {
             ++digits;
         } else if (c == '.' || c == ',') {
             ++marks;
@@ -68,7 +68,7 @@ void append_doubled(std::string_view cell, std::string& out) {
 }  // namespace
 
 std::string_view byte_order_mark(CsvEncoding encoding) {
-    return encoding == CsvEncoding::utf8_bom ? "\xEF\xBB\xBF" : "";
+    return encoding == CsvEncoding::utf8_bom ? utf8_byte_order_mark : "";
 }
 
 bool looks_like_formula(std::string_view cell) { return begins_like_formula(cell) && !is_number(cell); }

@@ -12,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char32_t replacement = 0xFFFD;
-
 bool is_separator(wchar_t c) { return c == L'\\' || c == L'/'; }
 
 // \\server\share\…, \\.\device, \\?\path as it stands
@@ -34,8 +32,7 @@ std::string path_text(const fs::path& path) {
 
 fs::path text_path(std::string_view text) {
     std::u32string code_points = decode_utf8(text);
-    std::ranges::replace_if(
-        code_points, [](char32_t c) { return c >= 0xD800 && c <= 0xDFFF; }, replacement);
+    std::ranges::replace_if(code_points, is_stray_byte, replacement_character);
     return {code_points};
 }
 

@@ -4,6 +4,7 @@
 #include <random>
 #include <string>
 
+#include "platform/automation/utf8.h"
 #include "platform/portable/files/paths.h"
 
 namespace prot {
@@ -11,11 +12,7 @@ namespace prot {
 std::filesystem::path temporary_name(const std::filesystem::path& target) {
     constexpr std::size_t longest = 200;
     std::string name = path_text(target.filename());
-    if (name.size() > longest) {
-        std::size_t end = longest;
-        while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80U) --end;
-        name.resize(end);
-    }
+    name.resize(whole_characters(name, longest).size());
     std::random_device random;
     std::uint64_t bits = static_cast<std::uint64_t>(random()) << 32 | random();
     name += '.';

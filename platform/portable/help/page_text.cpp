@@ -5,18 +5,14 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/automation/utf8.h"
+
 namespace prot {
 
 namespace {
 
 constexpr unsigned parse_options = pugi::parse_default | pugi::parse_ws_pcdata;
 constexpr std::string_view white_space = " \t\r\n";
-
-/// Characters of UTF-8 text: its bytes without those that continue a character.
-std::size_t width_of(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
-}
 
 /// All text within `node`, white space as it stands.
 std::string content(const pugi::xml_node& node) {
@@ -84,7 +80,7 @@ void PageText::write_blocks(const pugi::xml_node& parent) {
 void PageText::write_heading(const pugi::xml_node& heading, char underline) {
     const std::string line = joined(content(heading));
     begin_block();
-    text_ += line + '\n' + std::string(width_of(line), underline) + '\n';
+    text_ += line + '\n' + std::string(count_characters(line), underline) + '\n';
 }
 
 void PageText::write_paragraph(const pugi::xml_node& paragraph) {
@@ -141,7 +137,7 @@ void PageText::write_wrapped(std::string_view text, std::string_view first_inden
     std::string line(first_indent);
     bool begun = false;
     for (const std::string_view word : words(text)) {
-        if (begun && width_of(line) + 1 + width_of(word) > width_) {
+        if (begun && count_characters(line) + 1 + count_characters(word) > width_) {
             text_ += line + '\n';
             line.assign(indent, ' ');
             begun = false;

@@ -13,9 +13,6 @@ constexpr char32_t ellipsis = U'…';
 
 bool is_control(char32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
 
-/// A byte that is not UTF-8, as decode_utf8 keeps it.
-bool is_stray_byte(char32_t c) { return c >= 0xDC80 && c <= 0xDCFF; }
-
 int total_columns(std::u32string_view text) {
     int width = 0;
     for (const char32_t c : text) width += columns(c);

@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "platform/automation/letter_case.h"
-#include "platform/portable/text/utf8_sequence.h"
+#include "platform/automation/utf8.h"
 
 namespace prot {
 
@@ -106,18 +106,6 @@ Key key_of_control(char byte) {
         return {
             .kind = Kind::character, .character = U'a' + static_cast<char32_t>(byte - 1), .control = true};
     return {};
-}
-
-std::size_t length_by_lead(unsigned char lead) {
-    return lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 1;
-}
-
-/// Whether the bytes are the beginning of a character whose end has not come yet.
-bool begins_character(std::string_view bytes) {
-    const auto lead = static_cast<unsigned char>(bytes[0]);
-    const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; };
-    return lead <= 0xF4 && bytes.size() < length_by_lead(lead) &&
-           std::ranges::all_of(bytes.substr(1), continues);
 }
 
 std::optional<Parsed> without_escape(const std::string& bytes, std::size_t start, bool more_may_come) {

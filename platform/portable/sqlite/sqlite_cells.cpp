@@ -1,60 +1,17 @@
 #include "platform/portable/sqlite/sqlite_cells.h"
 
 #include <algorithm>
-#include <iterator>
 #include <new>
+
+#include "platform/automation/date_text.h"
+#include "platform/automation/letter_case.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot {
 
 namespace {
 
-constexpr double seconds_per_day = 86400.0;
 constexpr std::string_view date_types[] = {"DATETIME", "DATE", "TIMESTAMP"};
-
-// Reads numbers and separators from the front of a text; after the first mismatch it is not good any more.
-class Scanner {
-public:
-    explicit Scanner(std::string_view text) : text_(text) {}
-
-    bool good() const { return good_; }
-    bool at_end() const { return text_.empty(); }
-
-    int digits(std::size_t count) {
-        if (text_.size() < count) return fail();
-        int number = 0;
-        for (std::size_t i = 0; i < count; ++i) {
-            if (text_[i] < '0' || text_[i] > '9') return fail();
-            number = number * 10 + (text_[i] - '0');
-        }
-        text_.remove_prefix(count);
-        return number;
-    }
-
-    void separator(std::string_view allowed) {
-        if (text_.empty() || allowed.find(text_[0]) == std::string_view::npos) {
-            fail();
-            return;
-        }
-        text_.remove_prefix(1);
-    }
-
-    // All that is left, as decimals behind a point.
-    double decimals() {
-        if (text_.empty()) fail();
-        double value = 0.0;
-        for (double unit = 0.1; good_ && !text_.empty(); unit /= 10) value += unit * digits(1);
-        return value;
-    }
-
-private:
-    int fail() {
-        good_ = false;
-        return 0;
-    }
-
-    std::string_view text_;
-    bool good_ = true;
-};
 
 std::string_view bytes(const void* data, int size) {
     return {static_cast<const char*>(data), static_cast<std::size_t>(size)};
@@ -62,42 +19,12 @@ std::string_view bytes(const void* data, int size) {
 
 }  // namespace
 
-std::optional<Date> read_iso_date(std::string_view text) {
-    Scanner scanner(text);
-    CivilTime civil;
-    double fraction = 0.0;
-    civil.year = scanner.digits(4);
-    scanner.separator("-");
-    civil.month = scanner.digits(2);
-    scanner.separator("-");
-    civil.day = scanner.digits(2);
-    if (scanner.good() && !scanner.at_end()) {
-        scanner.separator(" T");
-        civil.hour = scanner.digits(2);
-        scanner.separator(":");
-        civil.minute = scanner.digits(2);
-        scanner.separator(":");
-        civil.second = scanner.digits(2);
-        if (scanner.good() && !scanner.at_end()) {
-            scanner.separator(".");
-            fraction = scanner.decimals();
-        }
-    }
-    if (!scanner.good() || !is_valid(civil)) return std::nullopt;
-    const Date date = to_date(civil);
-    // Before 1899-12-30 the time of day counts away from zero (see Date).
-    return Date{date.serial + (date.serial < 0 ? -fraction : fraction) / seconds_per_day};
-}
-
 bool is_date_type(const char* declared_type) {
     if (declared_type == nullptr) return false;
-    std::string_view type = declared_type;
-    type = type.substr(0, type.find('('));
-    while (!type.empty() && type.back() == ' ') type.remove_suffix(1);
-    return std::any_of(std::begin(date_types), std::end(date_types), [type](std::string_view date_type) {
-        return type.size() == date_type.size() &&
-               sqlite3_strnicmp(type.data(), date_type.data(), static_cast<int>(type.size())) == 0;
-    });
+    const std::string_view declared = declared_type;
+    const std::string_view type = trim_blanks(declared.substr(0, declared.find('(')));
+    return std::ranges::any_of(date_types,
+                               [type](std::string_view date_type) { return upper_equals(type, date_type); });
 }
 
 SqliteCells::SqliteCells(sqlite3_stmt* statement)

@@ -2,19 +2,11 @@
 
 #include <sqlite3.h>
 
-#include <optional>
-#include <string_view>
 #include <vector>
 
-#include "platform/automation/date.h"
 #include "platform/row_set.h"
 
 namespace prot {
-
-/// The date that `text` writes in the form YYYY-MM-DD, YYYY-MM-DD HH:MM:SS or YYYY-MM-DD HH:MM:SS.fraction
-/// (also with T between date and time); nothing for any other text. The fraction counts, as it does in the
-/// server's dates.
-std::optional<Date> read_iso_date(std::string_view text);
 
 /// Whether a column of this declared type holds dates: DATETIME, DATE or TIMESTAMP, letter case ignored, also
 /// with a size in parentheses. Null: the column has no declared type.

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "platform/portable/sqlite/sqlite_opening.h"
+#include "platform/portable/sqlite/sqlite_problem.h"
 
 namespace prot {
 
@@ -35,57 +36,7 @@ int read_schema(sqlite3* handle) {
     return sqlite3_exec(handle, "SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr, nullptr);
 }
 
-struct Wording {
-    std::string_view start;  ///< of SQLite's message; what follows is the name
-    std::string_view before, behind;
-};
-constexpr Wording wordings[] = {
-    {"no such table: ", "Die Tabelle „", "“ gibt es nicht"},
-    {"no such column: ", "Die Spalte „", "“ gibt es nicht"},
-    {"ambiguous column name: ", "Die Spalte „", "“ ist nicht eindeutig"},
-};
-
-struct Problem {
-    int code;  ///< primary result code
-    std::string_view text;
-};
-constexpr Problem problems[] = {
-    {SQLITE_BUSY, "Die Datenbank ist gesperrt, ein anderes Programm schreibt gerade hinein"},
-    {SQLITE_LOCKED, "Die Datenbank ist gesperrt, ein anderes Programm schreibt gerade hinein"},
-    {SQLITE_CORRUPT, "Die Datenbank ist beschädigt"},
-    {SQLITE_NOTADB, "Die Datei ist keine SQLite-Datenbank"},
-    {SQLITE_IOERR, "Die Datenbank lässt sich nicht lesen oder schreiben, Fehler des Datenträgers"},
-    {SQLITE_FULL, "Der Datenträger ist voll"},
-    {SQLITE_READONLY, "Die Datenbank ist schreibgeschützt"},
-    {SQLITE_CANTOPEN, "Die Datenbank lässt sich nicht öffnen"},
-    {SQLITE_NOMEM, "Der Arbeitsspeicher reicht nicht aus"},
-    {SQLITE_INTERRUPT, "Die Anweisung wurde abgebrochen"},
-};
-
-/// The name as the statement has it: where SQLite keeps temporary tables is its own affair.
-std::string_view without_schema(std::string_view name) {
-    constexpr std::string_view temporary = "temp.";
-    return name.starts_with(temporary) ? name.substr(temporary.size()) : name;
-}
-
 }  // namespace
-
-std::string describe_sqlite_problem(int code, std::string_view message) {
-    for (const Wording& wording : wordings) {
-        if (message.starts_with(wording.start))
-            return std::string(wording.before)
-                .append(without_schema(message.substr(wording.start.size())))
-                .append(wording.behind);
-    }
-    for (const Problem& problem : problems)
-        if (problem.code == (code & 0xFF)) return std::string(problem.text);
-    return "SQLite meldet: " + std::string(message);
-}
-
-AutomationError sqlite_error(int code, std::string description) {
-    const auto number = static_cast<std::int32_t>(sqlite_error_base + static_cast<std::uint32_t>(code));
-    return {number, "SQLite", std::move(description)};
-}
 
 SqliteConnection::SqliteConnection(const std::string& path, SqliteAccess access) {
     const std::string file = check_sqlite_file(path);

@@ -2,7 +2,6 @@
 
 #include <sqlite3.h>
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,16 +11,6 @@
 #include "platform/portable/sqlite/sqlite_database.h"
 
 namespace prot {
-
-/// Added to SQLite's (extended) result code to make an automation error number.
-inline constexpr std::uint32_t sqlite_error_base = 0x80040000;
-
-/// The automation error of SQLite's result code `code`, source "SQLite".
-AutomationError sqlite_error(int code, std::string description);
-
-/// What went wrong, in German: SQLite's result code and message in words where they are known, else as SQLite
-/// reports them. Without a full stop.
-std::string describe_sqlite_problem(int code, std::string_view message);
 
 /// Owns one connection to a SQLite file and remembers when it has failed.
 class SqliteConnection {

@@ -1,10 +1,10 @@
 #include "platform/portable/sqlite/sqlite_database.h"
 
-#include <cstdio>
-
+#include "platform/automation/date_text.h"
 #include "platform/portable/files/paths.h"
 #include "platform/portable/sqlite/sqlite_cells.h"
 #include "platform/portable/sqlite/sqlite_connection.h"
+#include "platform/portable/sqlite/sqlite_problem.h"
 #include "platform/portable/sqlite/sqlite_statements.h"
 #include "platform/portable/sqlite/sqlite_temporary_table.h"
 #include "platform/portable/tsql/tsql_dialect.h"
@@ -61,13 +61,7 @@ public:
         }
     }
 
-    std::string date_literal(Date date) override {
-        const CivilTime civil = to_civil(date);
-        char text[32];
-        std::snprintf(text, sizeof text, "'%04d-%02d-%02d %02d:%02d:%02d'", civil.year, civil.month,
-                      civil.day, civil.hour, civil.minute, civil.second);
-        return text;
-    }
+    std::string date_literal(Date date) override { return '\'' + iso_text(to_civil(date)) + '\''; }
 
     std::string like_wildcard() override { return "%"; }
 

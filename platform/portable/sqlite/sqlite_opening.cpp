@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "platform/portable/files/paths.h"
-#include "platform/portable/sqlite/sqlite_connection.h"
+#include "platform/portable/sqlite/sqlite_problem.h"
 
 namespace prot {
 
@@ -15,39 +15,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What a person reads behind the path, by SQLite's result code; extended codes stand before their primary
-// code.
-struct Problem {
-    int code;
-    std::string_view text;
-};
-constexpr Problem problems[] = {
-    {SQLITE_BUSY,
-     "ist gesperrt: ein anderes Programm schreibt gerade hinein. Bitte später noch einmal versuchen"},
-    {SQLITE_LOCKED,
-     "ist gesperrt: ein anderes Programm schreibt gerade hinein. Bitte später noch einmal versuchen"},
-    {SQLITE_NOTADB, "ist keine SQLite-Datenbank, oder sie ist verschlüsselt"},
-    {SQLITE_CORRUPT, "ist beschädigt. Bitte aus einer Sicherung wiederherstellen"},
-    {SQLITE_READONLY_ROLLBACK,
-     "wurde beim Schreiben unterbrochen und muss erst von einem Programm geöffnet werden, das in sie "
-     "schreiben darf"},
-    {SQLITE_READONLY, "ist schreibgeschützt. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen"},
-    {SQLITE_CANTOPEN, "lässt sich nicht öffnen. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen"},
-    {SQLITE_PERM, "lässt sich nicht öffnen. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen"},
-    {SQLITE_AUTH, "lässt sich nicht öffnen. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen"},
-    {SQLITE_IOERR, "lässt sich nicht lesen. Bitte den Datenträger oder die Netzverbindung prüfen"},
-};
 constexpr std::string_view wal_problem =
     "arbeitet mit einem Schreibprotokoll (WAL), das sich hier nicht lesen lässt. Bitte Schreibrecht auf "
     "ihren Ordner "
     "geben oder sie mit PRAGMA journal_mode=DELETE umstellen";
 
 std::string_view text_of(int code) {
-    for (const Problem& problem : problems)
-        if (problem.code == code) return problem.text;
-    for (const Problem& problem : problems)
-        if (problem.code == (code & 0xFF)) return problem.text;
-    return "lässt sich nicht öffnen";
+    const std::string_view known = sqlite_problem_text(code, SqliteTask::opening);
+    return known.empty() ? "lässt sich nicht öffnen" : known;
 }
 
 // Whether the file's header says that reading needs a write-ahead log. Source: SQLite file format, offset 19.
@@ -87,7 +62,7 @@ void refuse_sqlite_file(const std::string& path, int code, std::string_view mess
         (primary == SQLITE_READONLY && code != SQLITE_READONLY && code != SQLITE_READONLY_ROLLBACK);
     const bool wal = lacks_log && reads_write_ahead_log(path);
     std::string text(wal ? wal_problem : text_of(code));
-    text += " (SQLite meldet: " + std::string(message) + ")";
+    text += " (" + reported_by_sqlite(message) + ")";
     throw sqlite_error(code, line_about(path, text));
 }
 

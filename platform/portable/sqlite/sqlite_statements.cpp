@@ -5,6 +5,8 @@
 #include <string>
 #include <variant>
 
+#include "platform/portable/sqlite/sqlite_problem.h"
+
 namespace prot {
 
 namespace {

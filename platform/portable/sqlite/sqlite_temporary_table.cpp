@@ -4,6 +4,7 @@
 #include <new>
 #include <string>
 
+#include "platform/automation/ascii.h"
 #include "platform/portable/sqlite/sqlite_statements.h"
 
 namespace prot {
@@ -22,8 +23,8 @@ std::string quoted(std::string_view name) {
 // A declared type that can be written as it is: words, and sizes in parentheses.
 bool is_plain_type(std::string_view type) {
     return std::all_of(type.begin(), type.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-               c == ' ' || c == '(' || c == ')' || c == ',' || static_cast<unsigned char>(c) >= 0x80;
+        return is_ascii_letter(c) || is_ascii_digit(c) || c == '_' || c == ' ' || c == '(' || c == ')' ||
+               c == ',' || !is_ascii(c);
     });
 }
 

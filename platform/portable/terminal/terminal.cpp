@@ -4,18 +4,18 @@
 #include <istream>
 #include <ostream>
 
+#include "platform/automation/utf8.h"
+
 namespace prot {
 
 namespace {
-
-constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
 void drop_carriage_return(std::string& line) {
     if (line.ends_with('\r')) line.pop_back();
 }
 
 std::vector<std::string> split_answers(std::string_view text) {
-    if (text.starts_with(byte_order_mark)) text.remove_prefix(byte_order_mark.size());
+    if (text.starts_with(utf8_byte_order_mark)) text.remove_prefix(utf8_byte_order_mark.size());
     std::vector<std::string> answers;
     for (;;) {
         const std::size_t end = text.find('\n');

@@ -5,6 +5,9 @@
 #include <cstddef>
 #include <iterator>
 
+#include "platform/automation/ascii.h"
+#include "platform/automation/letter_case.h"
+
 namespace prot {
 
 namespace {
@@ -52,10 +55,6 @@ constexpr Word words[] = {
 static_assert(std::is_sorted(std::begin(words), std::end(words),
                              [](const Word& a, const Word& b) { return a.text < b.text; }));
 
-constexpr char capital(char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
 // For each letter the index of its first word; one more for the end.
 constexpr auto first_words = [] {
     std::array<std::size_t, 27> first{};
@@ -65,20 +64,13 @@ constexpr auto first_words = [] {
     return first;
 }();
 
-bool is_word(std::string_view text, std::string_view capitals) {
-    return text.size() == capitals.size() && std::equal(text.begin(), text.end(), capitals.begin(),
-                                                        [](char a, char b) { return capital(a) == b; });
-}
-
 }  // namespace
 
 Keyword keyword_of(std::string_view word) {
-    if (word.empty()) return Keyword::none;
-    const char first = capital(word[0]);
-    if (first < 'A' || first > 'Z') return Keyword::none;
-    const auto letter = static_cast<std::size_t>(first - 'A');
+    if (word.empty() || !is_ascii_letter(word[0])) return Keyword::none;
+    const auto letter = static_cast<std::size_t>((word[0] | 0x20) - 'a');
     for (std::size_t i = first_words[letter]; i < first_words[letter + 1]; ++i)
-        if (is_word(word, words[i].text)) return words[i].keyword;
+        if (word.size() == words[i].text.size() && upper_equals(word, words[i].text)) return words[i].keyword;
     return Keyword::none;
 }
 

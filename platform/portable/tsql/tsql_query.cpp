@@ -2,6 +2,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/automation/ascii.h"
 #include "platform/portable/tsql/tsql_translator.h"
 
 namespace prot {
@@ -12,7 +13,7 @@ constexpr std::size_t longest_count = 18;  // digits; fits 64 bits
 
 bool is_whole_number(const Token& token) {
     return token.kind == Token::Kind::number && token.text.size() <= longest_count &&
-           std::all_of(token.text.begin(), token.text.end(), [](char c) { return c >= '0' && c <= '9'; });
+           std::ranges::all_of(token.text, is_ascii_digit);
 }
 
 }  // namespace

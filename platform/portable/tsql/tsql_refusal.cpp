@@ -1,9 +1,9 @@
 #include "platform/portable/tsql/tsql_refusal.h"
 
-#include <algorithm>
 #include <string>
 
 #include "platform/automation/error.h"
+#include "platform/automation/utf8.h"
 
 namespace prot {
 
@@ -11,14 +11,10 @@ namespace {
 
 constexpr std::size_t longest_quotation = 40;  // bytes
 
-bool continues_character(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
 std::string near_text(std::string_view statement, std::size_t offset, std::size_t size) {
     if (size == 0) return "am Ende";
-    const bool whole = size <= longest_quotation;
-    std::size_t end = offset + std::min(size, longest_quotation);
-    while (!whole && end > offset && continues_character(statement[end])) --end;
-    return "bei „" + std::string(statement.substr(offset, end - offset)) + (whole ? "“" : "…“");
+    const std::string_view quoted = whole_characters(statement.substr(offset, size), longest_quotation);
+    return "bei „" + std::string(quoted) + (quoted.size() == size ? "“" : "…“");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/automation/ascii.h"
 #include "platform/portable/tsql/tsql_refusal.h"
 
 namespace prot {
@@ -9,12 +10,8 @@ namespace prot {
 namespace {
 
 bool is_blank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-bool starts_name(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-bool continues_name(char c) { return starts_name(c) || is_digit(c) || c == '@' || c == '$'; }
+bool starts_name(char c) { return is_ascii_letter(c) || c == '_' || c == '#' || !is_ascii(c); }
+bool continues_name(char c) { return starts_name(c) || is_ascii_digit(c) || c == '@' || c == '$'; }
 
 class Tokenizer {
 public:
@@ -69,7 +66,7 @@ private:
             return take_quoted(Token::Kind::quoted_name, 0, c == '[' ? ']' : '"',
                                "dieser Name hat kein Ende");
         if (starts_name(c)) return take_name();
-        if (is_digit(c) || (c == '.' && is_digit(look(1)))) return take_number();
+        if (is_ascii_digit(c) || (c == '.' && is_ascii_digit(look(1)))) return take_number();
         take_symbol();
     }
 
@@ -101,14 +98,14 @@ private:
         if (look(size) == '.') size = digits(size + 1);
         if (look(size) == 'e' || look(size) == 'E') {
             const std::size_t sign = look(size + 1) == '+' || look(size + 1) == '-' ? 1 : 0;
-            if (is_digit(look(size + 1 + sign))) size = digits(size + 1 + sign);
+            if (is_ascii_digit(look(size + 1 + sign))) size = digits(size + 1 + sign);
         }
         if (continues_name(look(size))) refuse(at_, size + 1, "diese Zahl ist nicht lesbar");
         add(Token::Kind::number, size);
     }
 
     std::size_t digits(std::size_t ahead) const {
-        while (is_digit(look(ahead))) ++ahead;
+        while (is_ascii_digit(look(ahead))) ++ahead;
         return ahead;
     }
 

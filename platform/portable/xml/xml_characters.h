@@ -6,6 +6,8 @@
 #include <iterator>
 #include <string_view>
 
+#include "platform/automation/ascii.h"
+
 /// The character classes of XML 1.0, fifth edition.
 namespace prot::xml {
 
@@ -19,20 +21,13 @@ enum ByteClass : std::uint8_t {
     name_part = 32,
 };
 
-constexpr bool is_ascii_letter(unsigned byte) {
-    return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z');
-}
-constexpr bool is_ascii_digit(unsigned byte) { return byte >= '0' && byte <= '9'; }
-
-constexpr std::uint8_t classes_of(unsigned byte) {
+constexpr std::uint8_t classes_of(char byte) {
     const bool space = byte == ' ' || byte == '\t' || byte == '\n' || byte == '\r';
-    if ((byte < 0x20 && !space) || byte >= 0x80) return 0;
+    if (!is_ascii(byte) || (byte < 0x20 && !space)) return 0;
     const std::string_view not_in_text = "<&]";
     const std::string_view not_in_value = "<&\"'";
     const std::string_view not_in_body = "-]?";
-    const auto among = [byte](std::string_view set) {
-        return set.find(static_cast<char>(byte)) != std::string_view::npos;
-    };
+    const auto among = [byte](std::string_view set) { return set.find(byte) != std::string_view::npos; };
     const bool starts_name = is_ascii_letter(byte) || byte == '_' || byte == ':';
     const bool continues_name = starts_name || is_ascii_digit(byte) || byte == '-' || byte == '.';
     return static_cast<std::uint8_t>((among(not_in_text) ? 0 : plain_text) |
@@ -43,11 +38,10 @@ constexpr std::uint8_t classes_of(unsigned byte) {
 
 inline constexpr std::array<std::uint8_t, 256> byte_classes = [] {
     std::array<std::uint8_t, 256> classes{};
-    for (unsigned byte = 0; byte < 256; ++byte) classes[byte] = classes_of(byte);
+    for (std::size_t byte = 0; byte < classes.size(); ++byte)
+        classes[byte] = classes_of(static_cast<char>(byte));
     return classes;
 }();
-
-constexpr bool is_wide(char byte) { return static_cast<unsigned char>(byte) >= 0x80; }
 
 constexpr bool is(char byte, ByteClass wanted) {
     return (byte_classes[static_cast<unsigned char>(byte)] & wanted) != 0;

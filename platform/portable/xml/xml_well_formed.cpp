@@ -4,7 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/portable/text/utf8_sequence.h"
+#include "platform/automation/ascii.h"
+#include "platform/automation/utf8.h"
 #include "platform/portable/xml/xml_characters.h"
 
 namespace prot {
@@ -15,15 +16,13 @@ using namespace xml;
 
 bool is_version(std::string_view text) {
     return text.size() > 2 && text.substr(0, 2) == "1." &&
-           std::all_of(text.begin() + 2, text.end(),
-                       [](char c) { return is_ascii_digit(static_cast<unsigned char>(c)); });
+           std::all_of(text.begin() + 2, text.end(), is_ascii_digit);
 }
 
 bool is_encoding_name(std::string_view text) {
-    return !text.empty() && is_ascii_letter(static_cast<unsigned char>(text.front())) &&
+    return !text.empty() && is_ascii_letter(text.front()) &&
            std::all_of(text.begin(), text.end(), [](char c) {
-               const auto byte = static_cast<unsigned char>(c);
-               return is_ascii_letter(byte) || is_ascii_digit(byte) || c == '.' || c == '_' || c == '-';
+               return is_ascii_letter(c) || is_ascii_digit(c) || c == '.' || c == '_' || c == '-';
            });
 }
 
@@ -39,7 +38,7 @@ public:
         : at_(document.data()), end_(document.data() + document.size()) {}
 
     bool document() {
-        take("\xEF\xBB\xBF");
+        take(utf8_byte_order_mark);
         if (starts_with("<?xml") && is(at_[5], white_space) && !declaration()) return false;
         if (!around_root() || !start_tag()) return false;
         while (depth_ > 0) {
@@ -93,7 +92,7 @@ private:
 
     // One character beyond ASCII; anything else that comes here is a byte that may not stand in a document.
     [[gnu::noinline]] bool wide_character() {
-        if (static_cast<unsigned char>(*at_) < 0x80) return false;
+        if (is_ascii(*at_)) return false;
         const Utf8Sequence character = utf8_sequence(at_, end_);
         if (character.length == 0 || !is_character(character.code_point)) return false;
         at_ += character.length;
@@ -101,7 +100,7 @@ private:
     }
 
     [[gnu::noinline]] bool wide_name_character(bool at_start) {
-        if (static_cast<unsigned char>(*at_) < 0x80) return false;
+        if (is_ascii(*at_)) return false;
         const Utf8Sequence character = utf8_sequence(at_, end_);
         if (character.length == 0 || !is_name_character(character.code_point, at_start)) return false;
         at_ += character.length;
@@ -115,7 +114,7 @@ private:
             return false;
         }
         skip<name_part>();
-        while (is_wide(*at_)) {
+        while (!is_ascii(*at_)) {
             if (!wide_name_character(false)) return false;
             skip<name_part>();
         }
@@ -138,7 +137,7 @@ private:
         for (; *at_ != ';'; ++at_) {
             const auto byte = static_cast<unsigned char>(*at_);
             const unsigned letter = (byte | 0x20U) - 'a';
-            const unsigned digit = is_ascii_digit(byte) ? byte - '0' : letter < 6 ? letter + 10 : base;
+            const unsigned digit = is_ascii_digit(*at_) ? byte - '0' : letter < 6 ? letter + 10 : base;
             if (digit >= base) return false;
             code_point = std::min<char32_t>(code_point * base + digit, 0x110000);
         }

@@ -39,7 +39,12 @@ TEST(Date, KnowsWhichDaysExist) {
     EXPECT_FALSE(is_valid({2026, 4, 31}));
     EXPECT_FALSE(is_valid({2026, 13, 1}));
     EXPECT_FALSE(is_valid({2026, 0, 1}));
+    EXPECT_FALSE(is_valid({2026, 257, 1}));
+    EXPECT_FALSE(is_valid({2026, -255, 1}));
+    EXPECT_FALSE(is_valid({2026, 1, 0}));
+    EXPECT_FALSE(is_valid({2026, 1, 257}));
     EXPECT_FALSE(is_valid({99, 1, 1}));
+    EXPECT_FALSE(is_valid({10000, 1, 1}));
     EXPECT_FALSE(is_valid({2026, 1, 1, 24}));
 }
 

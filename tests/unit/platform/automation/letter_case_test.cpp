@@ -46,16 +46,5 @@ TEST(LetterCase, UpperIsTheReverseOfLower) {
     }
 }
 
-TEST(Utf8, EncodesWhatItDecoded) {
-    for (const char* text : {"", "aé€😀", "\xC3", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xC0\x80", "a\x80z"})
-        EXPECT_EQ(encode_utf8(decode_utf8(text)), text);
-}
-
-TEST(Utf8, KnowsValidText) {
-    EXPECT_TRUE(is_valid_utf8("aé€😀\xEF\xBF\xBF"));
-    for (const char* text : {"\xC3", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xC0\x80", "\x80", "\xE2\x82"})
-        EXPECT_FALSE(is_valid_utf8(text));
-}
-
 }  // namespace
 }  // namespace prot

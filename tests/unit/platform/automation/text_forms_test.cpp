@@ -115,33 +115,5 @@ TEST(TextForms, ToLongOverflowsOutside32Bits) {
     }
 }
 
-TEST(TextForms, ReadsTheGermanDateFormBack) {
-    const struct {
-        const char* text;
-        Date date;
-    } rows[] = {{"05.03.2026", at(2026, 3, 5)},
-                {"5.3.2026", at(2026, 3, 5)},
-                {"05.03.2026 14:07:09", at(2026, 3, 5, 14, 7, 9)},
-                {"05.03.2026 14:07", at(2026, 3, 5, 14, 7)},
-                {"00:00:00", Date{}},
-                {"6:30", at(1899, 12, 30, 6, 30)},
-                {" 29.02.2024 ", at(2024, 2, 29)}};
-    for (const auto& row : rows) EXPECT_EQ(to_date(std::string_view(row.text)), row.date) << row.text;
-    const Date moment = at(2026, 11, 15, 10, 7, 15);
-    EXPECT_EQ(to_date(std::string_view(to_text(moment))), moment);
-}
-
-TEST(TextForms, RefusesWhatIsNoDate) {
-    for (const char* text : {"", "x", "31.02.2026", "29.02.2026", "1.1.26", "2026-03-05", "05.03.2026x",
-                             "24:00:00", "05.03.2026 12:60", "05/03/2026", "12:3"}) {
-        try {
-            to_date(std::string_view(text));
-            ADD_FAILURE() << text;
-        } catch (const AutomationError& error) {
-            EXPECT_EQ(error.number(), static_cast<std::int32_t>(ErrorNumber::type_mismatch)) << text;
-        }
-    }
-}
-
 }  // namespace
 }  // namespace prot

@@ -37,6 +37,11 @@ TEST_F(ConsoleOutputTest, ShowsBytesThatAreNotUtf8AsReplacements) {
     EXPECT_EQ(shown, std::vector<std::wstring>{L"a\uFFFDb\uFFFD\uFFFD\uFFFD\uFFFD"});
 }
 
+TEST_F(ConsoleOutputTest, WaitsForNothingBehindAByteThatBeginsNoCharacter) {
+    stream << "a\xC0" << std::flush << "b\xF5" << std::flush;
+    EXPECT_EQ(shown, (std::vector<std::wstring>{L"a\uFFFD", L"b\uFFFD"}));
+}
+
 TEST_F(ConsoleOutputTest, ShowsALongTextInPiecesThatSplitNoCharacter) {
     std::string text = "x";
     std::wstring wide = L"x";
