@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "tests/unit/platform/portable/sqlite/sqlite_opening_fixture.h"
+#include "tests/unit/support/current_folder.h"
 
 namespace prot {
 namespace {
@@ -21,9 +22,11 @@ TEST_F(SqliteOpening, ReportsAMissingFileAndDoesNotMakeIt) {
 }
 
 TEST_F(SqliteOpening, TakesSqlitesSpecialNamesForFileNames) {
+    const CurrentFolder in(folder_.path());
     expect_problem(":memory:", SQLITE_CANTOPEN, "gibt es nicht.");
     expect_problem("", SQLITE_CANTOPEN, "gibt es nicht.");
     expect_problem("file:x.db?mode=memory", SQLITE_CANTOPEN, "gibt es nicht.");
+    EXPECT_EQ(folder_.entries(), 0U);
 }
 
 TEST_F(SqliteOpening, ReportsAFolder) {
