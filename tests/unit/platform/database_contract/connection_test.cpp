@@ -58,6 +58,14 @@ TEST_P(DatabaseContractConnection, AnswersTheSameWithinABracketOfLookups) {
     set_up("UPDATE T SET name = " + server().literal("neu"));
 }
 
+TEST_P(DatabaseContractConnection, KeepsATemporaryTableThatWasMadeWithinABracket) {
+    database().begin_lookups();
+    database().execute("SELECT id INTO #t FROM T WHERE id = 1");
+    EXPECT_THAT(rows("SELECT id FROM #t"), ElementsAre("1"));
+    database().end_lookups();
+    EXPECT_THAT(rows("SELECT id FROM #t"), ElementsAre("1"));
+}
+
 TEST_P(DatabaseContractConnection, SeesOneStateWithinABracketAndTheNewOneBehindIt) {
     if (!GetParam().lookups_see_one_state) GTEST_SKIP() << "the server has no such thing";
     const std::string name = "SELECT name FROM T WHERE id = 1";
