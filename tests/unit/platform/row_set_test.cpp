@@ -111,5 +111,114 @@ TEST(RowSet, HoldsLittleMoreThanLargeTextsNeed) {
     EXPECT_LT(rows.memory(), size + 2 * 1024 * 1024);
 }
 
+TEST(RowSet, HoldsLittleMoreThanManySmallTextsNeed) {
+    RowSet rows(1);
+    std::string text(1000, 'x');
+    for (int i = 0; i < 20000; ++i) {
+        rows.add_row();
+        text.replace(0, 5, std::to_string(10000 + i));
+        rows.set(0, std::string_view(text));
+    }
+    const std::size_t cells = 20224 * sizeof(Cell);  // whole blocks
+    EXPECT_GE(rows.memory(), 20000 * text.size() + cells);
+    EXPECT_LT(rows.memory(), 20000 * text.size() + cells + 3 * 1024 * 1024 / 2);
+}
+
+TEST(RowSet, CountsTheMemoryOfItsCells) {
+    RowSet rows(2);
+    EXPECT_EQ(rows.memory(), 0U);
+    for (std::size_t row = 0; row < 600; ++row) {
+        rows.add_row();
+        const std::size_t held = row < 2 ? 2 : row < 256 ? 256 : row < 512 ? 512 : 768;
+        EXPECT_EQ(rows.memory(), held * 2 * sizeof(Cell)) << row;
+    }
+}
+
+TEST(RowSet, TakesEachKindOfValueInPlaceOfAnother) {
+    const struct {
+        Value value, held;
+        const char* why;
+    } cases[] = {
+        {true, std::int64_t{-1}, "true, as automation counts"},
+        {false, std::int64_t{0}, "false"},
+        {std::int64_t{7}, std::int64_t{7}, "an integer"},
+        {2.5, 2.5, "a real"},
+        {Date{46000.5}, Date{46000.5}, "a date"},
+        {"Text", "Text", "a text"},
+        {"", "", "the empty text"},
+        {Value(), Value(), "Null"},
+    };
+    RowSet rows(2);
+    rows.add_row();
+    for (const auto& [value, held, why] : cases) {
+        rows.set(0, Value("davor"));
+        rows.set(0, value);
+        rows.set(1, Cell(1.5));
+        rows.set(1, rows.at(0, 0));
+        EXPECT_EQ(rows.at(0, 0).value(), held) << why;
+        EXPECT_EQ(rows.at(1, 0).value(), held) << why << ", as a cell";
+    }
+}
+
+TEST(RowSet, CopiesTheTextOfAnotherRowSetsCell) {
+    RowSet rows(1);
+    {
+        RowSet other(1);
+        other.add_row();
+        other.set(0, std::string_view("Finanzbuchhaltung"));
+        rows.add_row();
+        rows.set(0, other.at(0, 0));
+        other.set(0, std::string_view("anders"));
+    }
+    EXPECT_EQ(rows.at(0, 0).text(), "Finanzbuchhaltung");
+}
+
+// Alike in length, first, middle and last byte: the memory of recent texts keeps such texts in one place.
+TEST(RowSet, TellsSimilarTextsOfOneColumnApart) {
+    RowSet rows(2);
+    const std::string_view names[] = {"EaUxR", "EbUyR"};
+    for (std::size_t i = 0; i < 100; ++i) {
+        rows.add_row();
+        rows.set(0, names[i % 2]);
+        rows.set(1, names[0]);
+    }
+    for (std::size_t i = 0; i < 100; ++i) {
+        ASSERT_EQ(rows.at(0, i).text(), names[i % 2]);
+        ASSERT_EQ(rows.at(1, i).text(), names[0]);
+    }
+    EXPECT_EQ(rows.at(1, 98).text().data(), rows.at(1, 99).text().data())
+        << "another column's texts are in nobody's way";
+}
+
+TEST(RowSet, RemembersShortTextsOnly) {
+    const struct {
+        std::size_t size;
+        bool once;
+    } cases[] = {{64, true}, {65, false}};
+    for (const auto& [size, once] : cases) {
+        RowSet rows(1);
+        const std::string text(size, 'x');
+        for (std::size_t i = 0; i < 10; ++i) {
+            rows.add_row();
+            rows.set(0, std::string_view(text));
+        }
+        EXPECT_EQ(rows.at(0, 8).text().data() == rows.at(0, 9).text().data(), once) << size;
+    }
+}
+
+TEST(RowSet, KeepsBlocksOfRowsApart) {
+    RowSet rows(3);
+    for (std::int64_t row = 0; row < 1025; ++row) {
+        rows.add_row();
+        for (std::size_t column = 0; column < 3; ++column)
+            rows.set(column, row * 3 + static_cast<std::int64_t>(column));
+    }
+    EXPECT_EQ(rows.rows(), 1025U);
+    for (std::int64_t row = 0; row < 1025; ++row)
+        for (std::size_t column = 0; column < 3; ++column)
+            ASSERT_EQ(rows.at(column, static_cast<std::size_t>(row)).integer(),
+                      row * 3 + static_cast<std::int64_t>(column));
+}
+
 }  // namespace
 }  // namespace prot

@@ -75,11 +75,12 @@ TEST_F(StatementLogTest, AsksForTheConnectionBehindIt) {
 }
 
 TEST_F(StatementLogTest, NamesTheFileThatCannotBeCreated) {
+    const std::string missing = folder.text("nicht/da");
     try {
-        StatementLog log(database, "/nicht/da/log");
+        StatementLog log(database, missing);
         FAIL() << "the file cannot have been created";
     } catch (const AutomationError& error) {
-        EXPECT_EQ(error.description(), "Die Datei „/nicht/da/log“ lässt sich nicht zum Schreiben öffnen.");
+        EXPECT_EQ(error.description(), "Die Datei „" + missing + "“ lässt sich nicht zum Schreiben öffnen.");
     }
 }
 

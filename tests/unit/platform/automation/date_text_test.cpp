@@ -53,12 +53,15 @@ TEST(DateText, ReadsIsoDates) {
         {"1899-12-31 06:00:00.000", 1.25, "fraction of nothing"},
         {"1899-12-31 00:00:43.2", 1.0005, "fraction"},
         {"1899-12-29 00:00:43.2", -1.0005, "fraction before the null date"},
+        {"1899-12-30 00:00:00.5", 0.5 / 86400, "fraction on the null date"},
+        {"1899-12-31 00:00:00.125", 1 + 0.125 / 86400, "several decimals"},
+        {"1899-12-31 23:59:59.999999", 2 - 1e-6 / 86400, "many decimals"},
         {"9999-12-31 00:00:00", 2958465.0, "the last day"},
     };
     for (const Row& row : rows) {
         const auto date = read_iso_date(row.text);
         ASSERT_TRUE(date) << row.why;
-        EXPECT_NEAR(date->serial, row.serial, 1e-9) << row.why;
+        EXPECT_NEAR(date->serial, row.serial, 1e-10) << row.why;
     }
 }
 

@@ -57,9 +57,11 @@ TEST_F(CsvFileWriterFailures, RefusesANameThatHoldsANul) {
 }
 
 TEST_F(CsvFileWriterFailures, RefusesAFolderForAFile) {
-    CsvFileWriter writer(options(), host);
+    CsvFileOptions inside = options();
+    inside.folder = folder / "inside";  // so that ".." is the test's own folder, too
+    CsvFileWriter writer(inside, host);
+    fs::create_directories(inside.folder / "sub");
     for (std::string name : {"", ".", "..", "sub/"}) {
-        fs::create_directory(folder / "sub");
         EXPECT_THAT(error_of([&] { writer.open(name, false); }), HasSubstr("ist ein Ordner")) << name;
     }
     EXPECT_THAT(host.told, IsEmpty());

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/platform/portable/csv/csv_file_writer_fixture.h"
+#include "tests/unit/support/ordinary_user.h"
 
 namespace prot {
 namespace {
@@ -14,6 +15,7 @@ using testing::IsEmpty;
 using CsvFileWriterPosix = CsvFileWriterTest;
 
 TEST_F(CsvFileWriterPosix, WritesADeviceWithoutATemporaryFile) {
+    const OrdinaryUser user;  // whom the system keeps from replacing a device, should the writer try
     CsvFileWriter writer(options(), host);
     open(writer, "/dev/null");
     write(writer, {"x"});
@@ -23,6 +25,7 @@ TEST_F(CsvFileWriterPosix, WritesADeviceWithoutATemporaryFile) {
 
 TEST_F(CsvFileWriterPosix, TellsThatTheDiskIsFullAtTheLatestAtClose) {
     if (!fs::exists("/dev/full")) GTEST_SKIP() << "the system has no /dev/full";
+    const OrdinaryUser user;
     CsvFileWriter writer(options(), host);
     open(writer, "/dev/full");
     write(writer, {"x"});
@@ -33,6 +36,7 @@ TEST_F(CsvFileWriterPosix, TellsThatTheDiskIsFullAtTheLatestAtClose) {
 
 TEST_F(CsvFileWriterPosix, TellsThatTheDiskIsFullWhileWriting) {
     if (!fs::exists("/dev/full")) GTEST_SKIP() << "the system has no /dev/full";
+    const OrdinaryUser user;
     CsvFileWriter writer(options(), host);
     open(writer, "/dev/full");
     EXPECT_THAT(error_of([&] { write(writer, {std::string(1'000'000, 'x')}); }),

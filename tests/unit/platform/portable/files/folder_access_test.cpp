@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/unit/support/current_folder.h"
 #include "tests/unit/support/temporary_folder.h"
 
 namespace prot {
@@ -15,10 +16,8 @@ TEST(FolderAccess, IsGrantedInAFolderOfOnesOwn) {
 
 TEST(FolderAccess, TakesTheEmptyPathForTheCurrentFolder) {
     const TemporaryFolder folder;
-    const std::filesystem::path before = std::filesystem::current_path();
-    std::filesystem::current_path(folder.path());
+    const CurrentFolder in(folder.path());
     EXPECT_FALSE(folder_refusal({}));
-    std::filesystem::current_path(before);
 }
 
 TEST(FolderAccess, IsRefusedWhereThereIsNoFolder) {

@@ -2,7 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/portable/sqlite/sqlite_cells.h"
+#include "platform/portable/sqlite/sqlite_statements.h"
 #include "platform/portable/tsql/tsql_refusal.h"
+#include "tests/unit/platform/portable/sqlite/fake_sleep.h"
 #include "tests/unit/platform/portable/sqlite/sqlite_fixture.h"
 
 namespace prot {
@@ -135,6 +138,7 @@ TEST_F(SqliteDatabaseTest, DeletesOnlyWithWriteAccess) {
 }
 
 TEST_F(SqliteDatabaseTest, TreatsALockAsAnErrorOfTheStatementOnly) {
+    const FakeSleep no_waiting;
     const auto database = open(SqliteAccess::read_write);
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(path().c_str(), &other), SQLITE_OK);
@@ -160,10 +164,11 @@ TEST_F(SqliteDatabaseTest, AnswersEverythingWithTheErrorOfAFailedConnection) {
     EXPECT_NO_THROW(database->require_connection());
     const AutomationError first = error_of([&] { database->query_array("SELECT * FROM U"); });
     EXPECT_EQ(static_cast<std::uint32_t>(first.number()) & 0xFFU, std::uint32_t{SQLITE_CORRUPT});
-    for (const AutomationError& later : {error_of([&] { database->query_value("SELECT 1"); }),
-                                         error_of([&] { database->query_array("nonsense"); }),
-                                         error_of([&] { database->execute("DROP TABLE IF EXISTS #t"); }),
-                                         error_of([&] { database->require_connection(); })}) {
+    for (const AutomationError& later :
+         {error_of([&] { database->query_value("SELECT 1"); }),
+          error_of([&] { database->query_array("nonsense"); }),
+          error_of([&] { database->execute("DROP TABLE IF EXISTS #t"); }),
+          error_of([&] { database->begin_lookups(); }), error_of([&] { database->require_connection(); })}) {
         EXPECT_EQ(later.number(), first.number());
         EXPECT_EQ(later.description(), first.description());
     }
@@ -197,6 +202,7 @@ TEST_F(SqliteDatabaseTest, LookupsSeeOneStateAndHoldWritersOff) {
 
 TEST_F(SqliteDatabaseTest, LookupsDoNotBeginInALockedDatabase) {
     write("CREATE TABLE Stand (a)");
+    const FakeSleep no_waiting;
     const auto database = open();
     sqlite3* writer = nullptr;
     ASSERT_EQ(sqlite3_open(path().c_str(), &writer), SQLITE_OK);
@@ -204,8 +210,54 @@ TEST_F(SqliteDatabaseTest, LookupsDoNotBeginInALockedDatabase) {
     EXPECT_EQ(error_of([&] { database->begin_lookups(); }).description(),
               "Die Datenbank ist gesperrt, ein anderes Programm schreibt gerade hinein");
     sqlite3_close(writer);
+    EXPECT_NO_THROW(database->require_connection());
     EXPECT_NO_THROW(database->begin_lookups());
     database->end_lookups();
+}
+
+TEST_F(SqliteDatabaseTest, LooksUpBesideOthersThatDo) {
+    const auto first = open(SqliteAccess::read_write);
+    const auto second = open(SqliteAccess::read_write);
+    first->begin_lookups();
+    EXPECT_NO_THROW(second->begin_lookups());
+    EXPECT_EQ(first->query_value("SELECT name FROM T WHERE id = 1"), Value("Müller"));
+    EXPECT_EQ(second->query_value("SELECT name FROM T WHERE id = 1"), Value("Müller"));
+    first->end_lookups();
+    second->end_lookups();
+}
+
+TEST_F(SqliteDatabaseTest, DeletesForGoodBehindLookupsThatDidNotBegin) {
+    const FakeSleep no_waiting;
+    const auto database = open(SqliteAccess::read_write);
+    sqlite3* writer = nullptr;
+    ASSERT_EQ(sqlite3_open(path().c_str(), &writer), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(writer, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    EXPECT_LT(error_of([&] { database->begin_lookups(); }).number(), 0);
+    sqlite3_close(writer);
+    database->execute("DELETE T WHERE id = 1");
+    EXPECT_THAT(lines(open()->query_array("SELECT id FROM T")), ElementsAre("2"))
+        << "no transaction was left open";
+}
+
+TEST_F(SqliteDatabaseTest, DeliversNumbersAndOddTextsOfADateColumnAsTheyAre) {
+    write("INSERT INTO T (id, made, noted) VALUES (3, 46024, 1.5), (4, '2026-02-30', '2026-01-02 03:04')");
+    EXPECT_THAT(lines(open()->query_array("SELECT made, noted FROM T WHERE id > 2 ORDER BY id")),
+                ElementsAre("46024|1,5", "2026-02-30|2026-01-02 03:04"));
+    const RowSet rows = open()->query_array("SELECT made FROM T WHERE id = 3");
+    EXPECT_EQ(rows.at(0, 0).type(), Cell::Type::integer);
+}
+
+TEST_F(SqliteDatabaseTest, TakesNoTextForEmptyThatMemoryDidNotSufficeFor) {
+    std::filesystem::remove(text_path(path()));
+    write("PRAGMA encoding='UTF-16'; CREATE TABLE L (t TEXT); INSERT INTO L VALUES (hex(zeroblob(500000)))");
+    SqliteConnection connection(path(), SqliteAccess::read_only);
+    const PreparedStatement statement = prepare(connection, "SELECT t FROM L", "");
+    SqliteRun run(connection, statement.get(), {}, "");
+    ASSERT_TRUE(run.next_row());
+    const SqliteCells cells(statement.get());
+    sqlite3_hard_heap_limit64(sqlite3_memory_used() + 100000);
+    EXPECT_THROW(cells.read(0), std::bad_alloc) << "SQLite converts the text when it is read";
+    sqlite3_hard_heap_limit64(0);
 }
 
 }  // namespace

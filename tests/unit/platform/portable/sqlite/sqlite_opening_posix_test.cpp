@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "tests/unit/platform/portable/sqlite/sqlite_opening_fixture.h"
+#include "tests/unit/support/current_folder.h"
 #include "tests/unit/support/ordinary_user.h"
 
 namespace prot {
@@ -20,6 +21,19 @@ TEST_F(SqliteOpeningPosix, ReportsAFileWithoutPermission) {
     std::filesystem::permissions(path(), std::filesystem::perms::none);
     const OrdinaryUser user;
     expect_problem(path(), SQLITE_CANTOPEN, "lässt sich nicht öffnen. Bitte die Zugriffsrechte");
+}
+
+TEST_F(SqliteOpeningPosix, ReportsAFileInAFolderThatItMayNotLookInto) {
+    std::filesystem::create_directory(folder_ / "closed");
+    write_file(folder_ / "closed" / "x.db", "x");
+    std::filesystem::permissions(folder_ / "closed", std::filesystem::perms::none);
+    {
+        const OrdinaryUser user;
+        expect_problem(
+            path("closed/x.db"), SQLITE_PERM,
+            "lässt sich nicht öffnen. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen");
+    }
+    std::filesystem::permissions(folder_ / "closed", std::filesystem::perms::owner_all);
 }
 
 TEST_F(SqliteOpeningPosix, ReportsAReadOnlyFileWhenItIsToBeWritten) {
@@ -41,6 +55,17 @@ TEST_F(SqliteOpeningPosix, ReportsAWriteAheadLogInAFolderWithoutWritePermission)
         expect_problem(path(), SQLITE_READONLY_DIRECTORY, "arbeitet mit einem Schreibprotokoll (WAL)");
     }
     std::filesystem::permissions(folder_.path(), std::filesystem::perms::owner_all);
+}
+
+TEST_F(SqliteOpeningPosix, OpensAFileThatBearsASpecialName) {
+    write("CREATE TABLE T (a); INSERT INTO T VALUES (7)");
+    const CurrentFolder in(folder_.path());
+    for (const char* name : {"x.db", ":memory:", "file:x.db?mode=memory"}) {
+        if (!std::filesystem::exists(name)) std::filesystem::copy_file("x.db", name);
+        EXPECT_EQ(open_sqlite_database(name, SqliteAccess::read_only)->query_value("SELECT a FROM T"),
+                  Value(std::int64_t{7}))
+            << name;
+    }
 }
 
 }  // namespace

@@ -55,5 +55,71 @@ TEST_F(SqliteStatementsTest, FreesTheStatementBehindARun) {
     EXPECT_EQ(sqlite3_stmt_busy(statement), 0);
 }
 
+TEST_F(SqliteStatementsTest, PreparesAgainWhatItLetGo) {
+    SqliteConnection connection(path(), SqliteAccess::read_only);
+    SqliteStatements statements(connection);
+    for (int round = 0; round < 2; ++round)
+        for (std::size_t i = 0; i < 2 * SqliteStatements::capacity; ++i) {
+            sqlite3_stmt* const statement = statements.find_or_prepare(text(i), "");
+            EXPECT_EQ(sqlite3_sql(statement), text(i));
+        }
+}
+
+TEST_F(SqliteStatementsTest, LeavesNoValueBehindARun) {
+    SqliteConnection connection(path(), SqliteAccess::read_only);
+    SqliteStatements statements(connection);
+    sqlite3_stmt* const statement = statements.find_or_prepare("SELECT a FROM T WHERE a = ?", "");
+    const auto expanded = [&] {
+        char* const sql = sqlite3_expanded_sql(statement);
+        const std::string result = sql;
+        sqlite3_free(sql);
+        return result;
+    };
+    {
+        const std::vector<TsqlParameter> parameters = {"O'Brien"};
+        SqliteRun run(connection, statement, parameters, "");
+        run.finish();
+        EXPECT_EQ(expanded(), "SELECT a FROM T WHERE a = 'O''Brien'");
+    }
+    EXPECT_EQ(expanded(), "SELECT a FROM T WHERE a = NULL");
+}
+
+TEST_F(SqliteStatementsTest, BindsEachValueInItsPlaceAndType) {
+    SqliteConnection connection(path(), SqliteAccess::read_only);
+    SqliteStatements statements(connection);
+    sqlite3_stmt* const statement = statements.find_or_prepare("SELECT ?, ?, ?, typeof(?)", "");
+    const std::vector<TsqlParameter> parameters = {std::int64_t{-7}, 0.5, "ä", ""};
+    SqliteRun run(connection, statement, parameters, "");
+    ASSERT_TRUE(run.next_row());
+    EXPECT_EQ(sqlite3_column_int64(statement, 0), -7);
+    EXPECT_EQ(sqlite3_column_type(statement, 1), SQLITE_FLOAT);
+    EXPECT_EQ(sqlite3_column_double(statement, 1), 0.5);
+    EXPECT_EQ(sqlite3_column_bytes(statement, 2), 2);
+    EXPECT_STREQ(reinterpret_cast<const char*>(sqlite3_column_text(statement, 3)), "text") << "not Null";
+}
+
+TEST_F(SqliteStatementsTest, ReportsAValueThatCannotBeBound) {
+    SqliteConnection connection(path(), SqliteAccess::read_only);
+    SqliteStatements statements(connection);
+    sqlite3_stmt* const statement = statements.find_or_prepare("SELECT a FROM T WHERE a = ?", "");
+    sqlite3_limit(connection.handle(), SQLITE_LIMIT_LENGTH, 1000);
+    const std::vector<TsqlParameter> parameters = {std::string(2000, 'x')};
+    const AutomationError error =
+        error_of([&] { SqliteRun(connection, statement, parameters, "SELECT …").finish(); });
+    EXPECT_EQ(static_cast<std::uint32_t>(error.number()), sqlite_error_base + SQLITE_TOOBIG);
+    EXPECT_TRUE(error.description().ends_with("Anweisung: SELECT …")) << error.description();
+}
+
+TEST_F(SqliteStatementsTest, TakesOnePlanForEveryPattern) {
+    SqliteConnection connection(path(), SqliteAccess::read_only);
+    SqliteStatements statements(connection);
+    sqlite3_stmt* const statement = statements.find_or_prepare("SELECT a FROM T WHERE a LIKE ?", "");
+    for (const char* pattern : {"a%", "%b", "c"}) {
+        const std::vector<TsqlParameter> parameters = {pattern};
+        SqliteRun(connection, statement, parameters, "").finish();
+    }
+    EXPECT_EQ(sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0), 0);
+}
+
 }  // namespace
 }  // namespace prot

@@ -79,6 +79,50 @@ TEST_F(SqliteTemporaryTable, TakesItsColumnsFromUnionsAndLimitedSelects) {
     EXPECT_THAT(rows("SELECT id FROM #u ORDER BY id"), ElementsAre("1", "2", "7"));
 }
 
+TEST_F(SqliteTemporaryTable, ComparesAsTheTypesOfItsColumnsSay) {
+    write(
+        "CREATE TABLE Typed (code VARCHAR(10), size NUMERIC, note [odd \"type\"; --], plain);"
+        "INSERT INTO Typed VALUES ('7', 8, '9', '10')");
+    database_->execute("SELECT code, size, note, plain INTO #typed FROM Typed");
+    const struct {
+        const char* condition;
+        bool found;
+        const char* why;
+    } cases[] = {
+        {"code = 7", true, "a text column compares as text"},
+        {"code = '7'", true, "likewise"},
+        {"size = '8'", true, "a number column compares as number"},
+        {"note = 9", true, "a type that is no type of words is left out"},
+        {"plain = '10'", true, "without a type"},
+        {"plain = 10", false, "a text is no number then"},
+    };
+    for (const auto& [condition, found, why] : cases)
+        EXPECT_EQ(rows(std::string("SELECT code FROM #typed WHERE ") + condition).size(), found ? 1U : 0U)
+            << why;
+}
+
+TEST_F(SqliteTemporaryTable, TakesAnyName) {
+    database_->execute("SELECT id AS [a\"b], name AS [x]]y] INTO [#t\"1 ä] FROM T WHERE id = 2");
+    EXPECT_THAT(rows("SELECT [a\"b], [x]]y] FROM [#t\"1 ä]"), ElementsAre("2|zwei"));
+    EXPECT_NO_THROW(database_->execute("DROP TABLE [#t\"1 ä]"));
+}
+
+TEST_F(SqliteTemporaryTable, IsGoneWhenItCouldNotBeFilled) {
+    write("CREATE TABLE Big (n INTEGER); INSERT INTO Big VALUES (9223372036854775807), (1)");
+    const char* const sql = "SELECT SUM(n) AS s INTO #t FROM Big";
+    EXPECT_EQ(error_of([&] { database_->execute(sql); }).description(),
+              "SQLite meldet: integer overflow. Anweisung: " + std::string(sql));
+    EXPECT_NO_THROW(database_->execute("SELECT id INTO #t FROM T WHERE id = 1"));
+    EXPECT_THAT(rows("SELECT id FROM #t"), ElementsAre("1"));
+}
+
+TEST_F(SqliteTemporaryTable, IsKeptWhenItWasMadeWithinLookups) {
+    database_->begin_lookups();
+    database_->execute("SELECT id INTO #t FROM T WHERE id = 1");
+    database_->end_lookups();
+    EXPECT_THAT(rows("SELECT id FROM #t"), ElementsAre("1"));
+}
+
 TEST_F(SqliteTemporaryTable, BelongsToItsConnection) {
     database_->execute("SELECT id INTO #t FROM T");
     EXPECT_THAT(error_of([&] { open()->query_value("SELECT COUNT(*) FROM #t"); }).description(),

@@ -41,6 +41,11 @@ TEST(TsqlDialect, PutsTopAsLimitAtTheEndOfItsSelect) {
         {"SELECT b FROM U UNION ALL SELECT TOP 1 a FROM T",
          R"(SELECT "b" FROM "U" UNION ALL SELECT * FROM ( SELECT "a" FROM "T" LIMIT 1 ))",
          "the last SELECT too"},
+        {"(SELECT TOP 1 a FROM T ORDER BY b) ORDER BY a DESC",
+         R"(SELECT * FROM ( SELECT "a" FROM "T" ORDER BY "b" LIMIT 1 ) ORDER BY "a" DESC)",
+         "ordered once for the choice and once for the result"},
+        {"SELECT TOP 999999999999999999 a FROM T", R"(SELECT "a" FROM "T" LIMIT 999999999999999999)",
+         "the largest number"},
     };
     for (const Row& row : rows) EXPECT_EQ(translated(row.sql), row.text) << row.why;
 }
@@ -66,6 +71,10 @@ TEST(TsqlDialect, TakesAParenthesisedSubqueryInInAsItsWholeRowSet) {
         {"(SELECT a FROM T EXCEPT (SELECT b FROM U UNION SELECT c FROM V))",
          R"(( SELECT "a" FROM "T" EXCEPT SELECT * FROM ( SELECT "b" FROM "U" UNION SELECT "c" FROM "V" ) ))",
          "a compound right side stays together"},
+        {"((SELECT a FROM T) INTERSECT SELECT b FROM U)",
+         R"(( SELECT "a" FROM "T" INTERSECT SELECT "b" FROM "U" ))", "any joined query"},
+        {"((SELECT a FROM T) EXCEPT SELECT b FROM U)",
+         R"(( SELECT "a" FROM "T" EXCEPT SELECT "b" FROM "U" ))", "any joined query"},
         {"((SELECT a FROM T), 3)", R"(( ( SELECT "a" FROM "T" ) , ? ))", "a list keeps its single values"},
         {"(((SELECT a FROM T)), ((SELECT b FROM U)))",
          R"(( ( SELECT "a" FROM "T" ) , ( SELECT "b" FROM "U" ) ))", "a list of two single values"},
@@ -87,6 +96,14 @@ TEST(TsqlDialect, AddsFromToDelete) {
     EXPECT_EQ(translated("DELETE T WHERE a = 1"), R"(DELETE FROM "T" WHERE "a" = ?)");
     EXPECT_EQ(translated("delete from T"), R"(DELETE FROM "T")");
     EXPECT_EQ(translate_one("DELETE T").kind, TsqlStatement::Kind::removal);
+}
+
+TEST(TsqlDialect, SaysWhatKindAStatementIs) {
+    EXPECT_EQ(translate_one("SELECT 1").kind, TsqlStatement::Kind::query);
+    EXPECT_EQ(translate_one("(SELECT 1)").kind, TsqlStatement::Kind::query);
+    EXPECT_EQ(translate_one("SELECT a INTO #t FROM T").kind, TsqlStatement::Kind::fill_temporary_table);
+    EXPECT_EQ(translate_one("DELETE #t").kind, TsqlStatement::Kind::removal);
+    EXPECT_EQ(translate_one("DROP TABLE #t").kind, TsqlStatement::Kind::drop);
 }
 
 TEST(TsqlDialect, LooksForTemporaryTablesInTheTemporarySchemaOnly) {
@@ -165,6 +182,23 @@ TEST(TsqlDialect, ReadsConditions) {
                   std::string(R"(SELECT "x" FROM "T" WHERE )") + row.text);
 }
 
+TEST(TsqlDialect, KeepsEachComparison) {
+    for (const std::string comparison : {"=", "<>", "!=", "<", "<=", ">", ">="})
+        EXPECT_EQ(translated("SELECT a FROM T WHERE a" + comparison + "b"),
+                  R"(SELECT "a" FROM "T" WHERE "a" )" + comparison + R"( "b")");
+}
+
+TEST(TsqlDialect, KnowsTheFunctionsThatMeanTheSame) {
+    for (const std::string name : {"COUNT", "MAX", "MIN", "SUM"})
+        EXPECT_EQ(translated("SELECT " + name + "(a) FROM T"), "SELECT " + name + R"( ( "a" ) FROM "T")");
+    EXPECT_EQ(translated("SELECT min(a), Max(b) FROM T"), R"(SELECT MIN ( "a" ) , MAX ( "b" ) FROM "T")");
+}
+
+TEST(TsqlDialect, LeavesOutAllWhichChangesNothing) {
+    EXPECT_EQ(translated("SELECT ALL a FROM T"), R"(SELECT "a" FROM "T")");
+    EXPECT_EQ(translated("SELECT a FROM T ORDER BY a ASC, b"), R"(SELECT "a" FROM "T" ORDER BY "a" , "b")");
+}
+
 TEST(TsqlDialect, ReadsGroupsAndAggregates) {
     EXPECT_EQ(translated("SELECT a, count(*), SUM(DISTINCT b) s FROM T GROUP BY a, T.c HAVING COUNT(*) > 1 "
                          "Order By COUNT(*) desc, 1"),
@@ -184,6 +218,44 @@ TEST(TsqlDialect, MakesLiteralsOfWhereParametersAndLeavesAllOthers) {
                 ElementsAre(TsqlParameter(std::int64_t{6}), TsqlParameter("O'Brien"),
                             TsqlParameter(std::int64_t{4711}), TsqlParameter(std::int64_t{-1}),
                             TsqlParameter(2.5), TsqlParameter(9223372036854775808.0)));
+}
+
+TEST(TsqlDialect, LeavesLiteralsBehindWhereAndInItsSubqueriesLists) {
+    const TsqlStatement statement = translate_one(
+        "SELECT a FROM T WHERE b = 1 AND c IN (SELECT TOP 2 5 FROM U WHERE d = 2 ORDER BY MAX(6), 1) AND e = "
+        "3 "
+        "GROUP BY a HAVING MAX(b) > 7 ORDER BY MAX(8)");
+    EXPECT_EQ(statement.text,
+              R"(SELECT "a" FROM "T" WHERE "b" = ? AND "c" IN ( SELECT 5 FROM "U" WHERE "d" = ? )"
+              R"(ORDER BY MAX ( 6 ) , 1 LIMIT 2 ) AND "e" = ? GROUP BY "a" HAVING MAX ( "b" ) > 7 )"
+              R"(ORDER BY MAX ( 8 ))");
+    EXPECT_THAT(statement.parameters,
+                ElementsAre(TsqlParameter(std::int64_t{1}), TsqlParameter(std::int64_t{2}),
+                            TsqlParameter(std::int64_t{3})));
+}
+
+TEST(TsqlDialect, ReadsNumbersAsSqliteDoes) {
+    const struct {
+        const char* number;
+        TsqlParameter value;
+    } cases[] = {
+        {"0", std::int64_t{0}},
+        {"007", std::int64_t{7}},
+        {"9223372036854775807", INT64_MAX},
+        {"-5", std::int64_t{-5}},
+        {"- 5", std::int64_t{-5}},
+        {"-2.5", -2.5},
+        {".5", 0.5},
+        {"1.", 1.0},
+        {"1e3", 1000.0},
+        {"1.5E-1", 0.15},
+        {"-9223372036854775808", -9223372036854775808.0},
+    };
+    for (const auto& [number, value] : cases)
+        EXPECT_THAT(translate_one(std::string("SELECT a FROM T WHERE a = ") + number).parameters,
+                    ElementsAre(value))
+            << number;
+    EXPECT_EQ(translated("SELECT -5, -2.5 FROM T"), R"(SELECT -5 , -2.5 FROM "T")");
 }
 
 TEST(TsqlDialect, LeavesTheLiteralsOfAVeryLongListInTheText) {

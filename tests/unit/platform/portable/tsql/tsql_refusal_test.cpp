@@ -56,6 +56,9 @@ TEST(TsqlRefusal, QuotesALongTextOnlyInPartAndNeverHalfACharacter) {
     std::string quoted = "x";
     for (int i = 0; i < 19; ++i) quoted += "ä";
     EXPECT_NE(refusal(statement, 0, statement.size()).find("bei „" + quoted + "…“"), std::string::npos);
+    const std::string forty(40, 'y');
+    EXPECT_NE(refusal(forty, 0, 40).find("bei „" + forty + "“)"), std::string::npos);
+    EXPECT_NE(refusal(forty + "z", 0, 41).find("bei „" + forty + "…“)"), std::string::npos);
 }
 
 }  // namespace

@@ -31,6 +31,18 @@ TEST(TsqlTokens, PartsNamesNumbersTextsAndSymbols) {
                             "y", "<>", "'z'"));
 }
 
+TEST(TsqlTokens, TakesSignsAndDigitsIntoANameButNotToItsFront) {
+    EXPECT_THAT(texts("a@b$c#1_ä b1"), ElementsAre("a@b$c#1_ä", "b1"));
+    EXPECT_THAT(texts("_a #b ä"), ElementsAre("_a", "#b", "ä"));
+}
+
+TEST(TsqlTokens, TakesTwoSignsForOneSymbolWhereTheyAreOne) {
+    EXPECT_THAT(texts("<><=>=!=!<!>=<=>>"),
+                ElementsAre("<>", "<=", ">=", "!=", "!<", "!>", "=", "<=", ">", ">"));
+    EXPECT_THAT(texts("(),;.*=<>+-/%&|^~"),
+                ElementsAre("(", ")", ",", ";", ".", "*", "=", "<>", "+", "-", "/", "%", "&", "|", "^", "~"));
+}
+
 TEST(TsqlTokens, LeavesOutBlanksAndComments) {
     EXPECT_THAT(texts("a\t\r\n\v\f b -- DELETE 'x\nc /* SELECT ' ( */ d"), ElementsAre("a", "b", "c", "d"));
 }

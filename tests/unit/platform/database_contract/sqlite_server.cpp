@@ -1,0 +1,97 @@
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <fstream>
+#include <variant>
+
+#include "platform/portable/files/paths.h"
+#include "platform/portable/sqlite/sqlite_database.h"
+#include "tests/unit/platform/database_contract/implementations.h"
+
+namespace prot {
+
+namespace {
+
+std::string date_text(Date date) {
+    const CivilTime civil = to_civil(date);
+    char text[32];
+    std::snprintf(text, sizeof text, "'%04d-%02d-%02d %02d:%02d:%02d'", civil.year, civil.month, civil.day,
+                  civil.hour, civil.minute, civil.second);
+    return text;
+}
+
+struct Literal {
+    std::string operator()(std::monostate) const { return "NULL"; }
+    std::string operator()(bool truth) const { return truth ? "-1" : "0"; }
+    std::string operator()(std::int64_t integer) const { return std::to_string(integer); }
+    std::string operator()(double real) const {
+        char text[40];
+        std::snprintf(text, sizeof text, "%.17g", real);
+        return text;
+    }
+    std::string operator()(Date date) const { return date_text(date); }
+    std::string operator()(const std::string& text) const {
+        std::string result = "'";
+        for (const char c : text) result.append(c == '\'' ? 2 : 1, c);
+        return result + "'";
+    }
+};
+
+/// A database file in the test's folder.
+class SqliteServer : public ContractServer {
+public:
+    explicit SqliteServer(const std::filesystem::path& folder) : path_(path_text(folder / "contract.db")) {
+        EXPECT_EQ(sqlite3_open(path_.c_str(), &handle_), SQLITE_OK);
+        run("PRAGMA synchronous=OFF");
+    }
+    ~SqliteServer() override { sqlite3_close(handle_); }
+    SqliteServer(const SqliteServer&) = delete;
+    SqliteServer& operator=(const SqliteServer&) = delete;
+
+    std::unique_ptr<Database> connect() override {
+        return open_sqlite_database(path_, SqliteAccess::read_write);
+    }
+
+    bool run(const std::string& statement) override {
+        return sqlite3_exec(handle_, statement.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+    }
+
+    std::string type_of(ColumnKind kind) override {
+        switch (kind) {
+            case ColumnKind::integer:
+                return "INTEGER";
+            case ColumnKind::real:
+                return "REAL";
+            case ColumnKind::date:
+                return "DATETIME";
+            case ColumnKind::text:
+                break;
+        }
+        return "TEXT COLLATE NOCASE";
+    }
+
+    std::string literal(const Value& value) override { return std::visit(Literal{}, value); }
+
+    // Damages every page but the first, which holds the schema, and counts the file as changed, so that
+    // nobody trusts the pages that he has. Source: SQLite file format, offset 24.
+    void break_connections() override {
+        const auto size = static_cast<std::size_t>(std::filesystem::file_size(text_path(path_)));
+        constexpr std::size_t page = 4096;
+        std::fstream file(text_path(path_), std::ios::in | std::ios::out | std::ios::binary);
+        file.seekp(24).write("\x7F\x7F\x7F\x7F", 4);
+        file.seekp(page) << std::string(size - page, '\xFF');
+    }
+
+private:
+    const std::string path_;
+    sqlite3* handle_ = nullptr;
+};
+
+}  // namespace
+
+std::unique_ptr<ContractServer> start_sqlite(const std::filesystem::path& folder) {
+    return std::make_unique<SqliteServer>(folder);
+}
+
+}  // namespace prot
