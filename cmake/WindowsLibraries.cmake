@@ -20,6 +20,3 @@ foreach(name IN ITEMS CLI11 nlohmann_json)
     target_include_directories(${name} SYSTEM INTERFACE "${PROT_WINDOWS_LIBRARIES}/headers")
     add_library(${name}::${name} ALIAS ${name})
 endforeach()
-
-set(INSTALL_GTEST OFF)
-add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
