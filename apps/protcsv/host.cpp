@@ -38,7 +38,7 @@ std::unique_ptr<ErrorDisplay> Host::create_error_display() {
 
 std::unique_ptr<HelpDisplay> Host::create_help_display() {
     if (full_screen_) return full_screen_->create_help_display();
-    return std::make_unique<TerminalHelpDisplay>(terminal_, HelpTopics::beside_program());
+    return std::make_unique<TerminalHelpDisplay>(terminal_, HelpTopics::of_program());
 }
 
 std::optional<std::string> Host::ask_file_name(const std::string& suggestion) {

@@ -75,7 +75,7 @@ std::unique_ptr<XmlSelect> ServerHost::create_xml_select() { return create_pugi_
 std::unique_ptr<ErrorDisplay> ServerHost::create_error_display() { return suite_error_display(); }
 std::unique_ptr<HelpDisplay> ServerHost::create_help_display() {
     return help_display([](std::string_view map_file, std::string_view help_id) {
-        return HelpTopics::beside_program().page(map_file, help_id);
+        return HelpTopics::of_program().page(map_file, help_id);
     });
 }
 

@@ -24,7 +24,7 @@ public:
         return std::make_unique<ScreenErrorDisplay>(screen_, plain_.terminal);
     }
     std::unique_ptr<HelpDisplay> create_help_display() override {
-        const HelpTopics topics = HelpTopics::beside_program();
+        const HelpTopics topics = HelpTopics::of_program();
         return std::make_unique<ScreenHelpDisplay>(
             screen_, std::make_unique<TerminalHelpDisplay>(plain_.terminal, topics),
             [topics](std::string_view map_file, std::string_view help_id) {
