@@ -9,6 +9,7 @@ help: ## show the commands
 build: build-linux ## build the programs and the automation server for Linux and Windows into out/
 	@scripts/build win64 products
 	@scripts/build win32 products
+	@stat --printf 'out/linux/protcsv: %s bytes, stripped\n' out/linux/protcsv
 
 build-linux: ## build out/linux/protcsv alone
 	@scripts/build linux products

@@ -1,6 +1,7 @@
 # Targets of our own: one library per folder, one test program per folder, all with the same warnings.
 
 include(GoogleTest)
+include(LinuxProgram)
 
 add_library(prot_warnings INTERFACE)
 target_compile_options(prot_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
@@ -9,10 +10,12 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "-fsanitize"
     target_compile_options(prot_warnings INTERFACE -Wno-maybe-uninitialized)
 endif()
 
+# No path of this machine in what is built, so that the same sources give the same bytes in every folder. The build
+# folder may lie within the other; the last option that fits counts.
+add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" "-ffile-prefix-map=${CMAKE_BINARY_DIR}=build")
 if(WIN32)
-    # Libraries within the file, so that the system's own are all it needs; no time stamp and no path of this machine
-    # in it, so that the same sources give the same bytes.
-    add_compile_options("-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" -fstack-protector-strong)
+    # Libraries within the file, so that the system's own are all it needs; no time stamp in it.
+    add_compile_options(-fstack-protector-strong)
     add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
     # By itself the linker derives a library's preferred address from the path of the file that it writes.
     add_link_options(-s -static -fstack-protector-strong
@@ -48,7 +51,7 @@ function(prot_library name)
     prot_sources(sources ${patterns})
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
-    target_link_libraries(${name} PRIVATE prot_warnings)
+    target_link_libraries(${name} PRIVATE prot_warnings prot_hardening)
 endfunction()
 
 # prot_quick_build(NAME): for what is built more often than its speed matters. Most of a test's building time would go

@@ -1,5 +1,5 @@
 # The libraries of a Windows build. None has a mingw package: scripts/windows-libraries unpacks their Debian sources
-# and lays the header-only ones into a folder of their own, and they are compiled here.
+# and copies the header-only ones into a folder of their own, and they are compiled here.
 
 set(PROT_WINDOWS_LIBRARIES "${CMAKE_SOURCE_DIR}/out/windows-libraries")
 enable_language(C)
@@ -11,15 +11,12 @@ target_compile_definitions(sqlite3 PRIVATE SQLITE_ENABLE_COLUMN_METADATA SQLITE_
                                            SQLITE_SECURE_DELETE SQLITE_OMIT_LOAD_EXTENSION)
 add_library(SQLite::SQLite3 ALIAS sqlite3)
 
-add_library(pugixml STATIC "${PROT_WINDOWS_LIBRARIES}/pugixml/src/pugixml.cpp")
-target_include_directories(pugixml SYSTEM PUBLIC "${PROT_WINDOWS_LIBRARIES}/pugixml/src")
+add_library(pugixml STATIC "${PROT_WINDOWS_LIBRARIES}/pugixml/source/src/pugixml.cpp")
+target_include_directories(pugixml SYSTEM PUBLIC "${PROT_WINDOWS_LIBRARIES}/pugixml/source/src")
 add_library(pugixml::pugixml ALIAS pugixml)
 
 foreach(name IN ITEMS CLI11 nlohmann_json)
     add_library(${name} INTERFACE)
-    target_include_directories(${name} SYSTEM INTERFACE "${PROT_WINDOWS_LIBRARIES}/headers")
+    target_include_directories(${name} SYSTEM INTERFACE "${PROT_WINDOWS_LIBRARIES}/include")
     add_library(${name}::${name} ALIAS ${name})
 endforeach()
-
-set(INSTALL_GTEST OFF)
-add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)

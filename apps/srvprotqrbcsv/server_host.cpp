@@ -77,7 +77,7 @@ std::unique_ptr<ChangeDocumentReader> ServerHost::create_change_document_reader(
 std::unique_ptr<ErrorDisplay> ServerHost::create_error_display() { return suite_error_display(); }
 std::unique_ptr<HelpDisplay> ServerHost::create_help_display() {
     return help_display([](std::string_view map_file, std::string_view help_id) {
-        return HelpTopics::beside_program().page(map_file, help_id);
+        return HelpTopics::of_program().page(map_file, help_id);
     });
 }
 

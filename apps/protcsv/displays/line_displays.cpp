@@ -11,7 +11,7 @@ std::unique_ptr<ErrorDisplay> LineDisplays::create_error_display() {
 }
 
 std::unique_ptr<HelpDisplay> LineDisplays::create_help_display() {
-    return std::make_unique<TerminalHelpDisplay>(means_.terminal, HelpTopics::beside_program());
+    return std::make_unique<TerminalHelpDisplay>(means_.terminal, HelpTopics::of_program());
 }
 
 std::unique_ptr<ProgressParent> LineDisplays::create_progress() {

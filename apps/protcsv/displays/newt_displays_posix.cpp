@@ -28,7 +28,7 @@ public:
     std::unique_ptr<HelpDisplay> create_help_display() override {
         return std::make_unique<ScreenHelpDisplay>(
             screen_, LineDisplays::create_help_display(),
-            [topics = HelpTopics::beside_program()](std::string_view map_file, std::string_view help_id) {
+            [topics = HelpTopics::of_program()](std::string_view map_file, std::string_view help_id) {
                 return topics.text(map_file, help_id, help_width);
             });
     }

@@ -114,7 +114,7 @@ public:
     }
     std::unique_ptr<HelpDisplay> create_help_display() override {
         return help_display([](std::string_view map_file, std::string_view help_id) {
-            return HelpTopics::beside_program().page(map_file, help_id);
+            return HelpTopics::of_program().page(map_file, help_id);
         });
     }
     std::optional<std::string> ask_file_name(const std::string& suggestion,

@@ -4,7 +4,6 @@
 #include <system_error>
 
 #include "platform/portable/files/atomic_file.h"
-#include "platform/portable/files/program_folder.h"
 #include "platform/portable/help/page_text.h"
 
 namespace prot {
@@ -29,9 +28,13 @@ std::optional<fs::path> file_in(const fs::path& folder, std::string_view name) {
 
 }  // namespace
 
-HelpTopics HelpTopics::beside_program() {
-    const fs::path folder = program_folder();
-    return HelpTopics(folder.empty() ? folder : folder / "hilfe");
+HelpTopics HelpTopics::of_program(const fs::path& folder) {
+    for (const char* place : {"hilfe", PROT_INSTALLED_HELP}) {
+        std::error_code missing;
+        const fs::path help = (folder / place).lexically_normal();
+        if (!folder.empty() && fs::is_directory(help, missing)) return HelpTopics(help);
+    }
+    return HelpTopics({});
 }
 
 std::optional<fs::path> HelpTopics::page(std::string_view map_file, std::string_view help_id) const {

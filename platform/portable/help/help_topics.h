@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/portable/files/program_folder.h"
+
 namespace prot {
 
 /// The help topics of a folder: help maps, which name a page for each help id, and the pages themselves.
@@ -21,8 +23,9 @@ public:
     /// An empty folder holds no topics.
     explicit HelpTopics(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-    /// The topics that lie beside the running program, in its folder `hilfe`.
-    static HelpTopics beside_program();
+    /// The topics of the program in `folder`, by default the running one: those in the folder `hilfe` beside
+    /// it, else those that were installed with it; none when both are missing.
+    static HelpTopics of_program(const std::filesystem::path& folder = program_folder());
 
     const std::filesystem::path& folder() const { return folder_; }
 

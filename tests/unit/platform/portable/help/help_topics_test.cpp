@@ -71,12 +71,23 @@ TEST_F(HelpTopicsTest, NeverLeavesItsFolder) {
     EXPECT_FALSE(topics_.page("../karte.xml", "HID_KURSE")) << "a map outside";
 }
 
+TEST_F(HelpTopicsTest, AreThoseBesideTheProgramOrThoseInstalledWithIt) {
+    const std::filesystem::path programs = folder_ / "bin";
+    const std::filesystem::path installed = (programs / PROT_INSTALLED_HELP).lexically_normal();
+    std::filesystem::create_directories(programs);
+    EXPECT_EQ(HelpTopics::of_program(programs).folder(), "") << "none";
+    std::filesystem::create_directories(installed);
+    EXPECT_EQ(HelpTopics::of_program(programs).folder(), installed);
+    std::filesystem::create_directory(programs / "hilfe");
+    EXPECT_EQ(HelpTopics::of_program(programs).folder(), programs / "hilfe") << "those beside it come first";
+    EXPECT_EQ(HelpTopics::of_program({}).folder(), "") << "the system does not tell where the program is";
+}
+
 TEST(ProgramFolder, HoldsTheRunningProgram) {
     std::size_t own = 0;
     for (const auto& entry : std::filesystem::directory_iterator(program_folder()))
         if (entry.path().stem() == "platform_portable_test") ++own;
     EXPECT_GE(own, 1u);
-    EXPECT_EQ(HelpTopics::beside_program().folder(), program_folder() / "hilfe");
 }
 
 }  // namespace
