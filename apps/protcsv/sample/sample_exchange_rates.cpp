@@ -141,6 +141,7 @@ constexpr Everyday<RateDesk> everyday[] = {
     {74, &RateDesk::requote},
 };
 // clang-format on
+static_assert(are_all<RateDesk>(everyday));
 
 constexpr Plot<RateDesk> plot = {
     .story = story,

@@ -71,6 +71,7 @@ constexpr Everyday<ItemDesk> everyday[] = {
     {25, &ItemDesk::change_terms},
 };
 // clang-format on
+static_assert(are_all<ItemDesk>(everyday));
 
 constexpr Programs programs = {
     "OP-Verwaltung",

@@ -30,6 +30,14 @@ struct Everyday {
     LogRow (Desk::*change)(const Occasion& occasion);
 };
 
+/// Whether the changes have a hundred percent together.
+template <class Desk>
+consteval bool are_all(std::span<const Everyday<Desk>> changes) {
+    int sum = 0;
+    for (const Everyday<Desk>& change : changes) sum += change.percent;
+    return sum == 100;
+}
+
 /// A member of the desk as a change of its story; it gets the text when it takes one.
 template <auto member, class Desk>
 LogRow tell(Desk& desk, const Occasion& occasion, std::string_view text) {
