@@ -84,8 +84,8 @@ private:
         }
         const std::filesystem::path file = text_path(name);
         const std::filesystem::path target = joined_path(options_.folder, file);
-        require_own_file(target);
         if (!is_absolute_path(file) && !options_.folder.empty()) files_.make_folder(options_.folder);
+        require_own_file(target);  // with its folder: what leads through a missing one is nobody's file yet
         std::unique_ptr<PendingFile> pending = files_.prepare(target);
         encoder_.emplace(options_.separator, options_.encoding, options_.raw_cells);
         path_ = path_text(shortest_path(target));

@@ -91,6 +91,70 @@ TEST_F(CsvFileWriterFailures, NeedsAnOpenFile) {
     EXPECT_THAT(error_of([&] { writer.close(); }), HasSubstr("nicht geöffnet"));
 }
 
+TEST_F(CsvFileWriterFailures, ForgetsTheEarlierFileWhenTheNextOneCannotBeOpened) {
+    CsvFileWriter writer(options(), host);
+    open(writer, "a.csv");
+    writer.close();
+    std::string name = "sub/b.csv";
+    EXPECT_THAT(error_of([&] { writer.open(name, false); }), HasSubstr("der Ordner ist nicht vorhanden"));
+    EXPECT_EQ(name, "sub/b.csv");
+    host.told.clear();
+    writer.show();
+    EXPECT_THAT(host.told, IsEmpty());
+    EXPECT_THAT(error_of([&] { write(writer, {"x"}); }), HasSubstr("b.csv"));
+    EXPECT_EQ(content_of(folder / "a.csv"), "");
+}
+
+TEST_F(CsvFileWriterFailures, NamesNoEarlierFileWhenThePersonCancels) {
+    CsvFileWriter writer(options(), host);
+    open(writer, "a.csv");
+    writer.close();
+    std::string name = "b.csv";
+    EXPECT_FALSE(writer.open(name, true));
+    EXPECT_EQ(error_of([&] { writer.close(); }),
+              "Die Datei „“ kann nicht geschrieben werden: sie ist nicht geöffnet.");
+}
+
+TEST_F(CsvFileWriterFailures, LeavesTheNameAsItWasWhenTheChosenFileCannotBeMade) {
+    host.choice = "no/mine.csv";
+    CsvFileWriter writer(options(), host);
+    std::string name = "a.csv";
+    EXPECT_THAT(error_of([&] { writer.open(name, true); }), HasSubstr("mine.csv"));
+    EXPECT_EQ(name, "a.csv");
+}
+
+TEST_F(CsvFileWriterFailures, KeepsTheSourceOfAnErrorThatIsNotItsOwn) {
+    struct FailingHost : RecordingHost {
+        std::optional<std::string> ask_file_name(const std::string&) override {
+            throw AutomationError(-7, "Fenster", "kein Fenster");
+        }
+    } failing;
+    CsvFileWriter writer(options(), failing);
+    std::string name = "a.csv";
+    try {
+        writer.open(name, true);
+        ADD_FAILURE() << "no error";
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.number(), -7);
+        EXPECT_EQ(error.source(), "Fenster");
+        EXPECT_EQ(error.description(), "kein Fenster");
+    }
+}
+
+TEST_F(CsvFileWriterFailures, RemovesItsFileAlsoWhenTheHostCannotTakeTheNotice) {
+    struct FailingHost : RecordingHost {
+        void unfinished_file(const std::string& path) override {
+            if (path.empty()) throw std::bad_alloc();
+        }
+    } failing;
+    {
+        CsvFileWriter writer(options(), failing);
+        open(writer, "a.csv");
+        EXPECT_EQ(folder.entries(), 1U);
+    }
+    EXPECT_EQ(folder.entries(), 0U);
+}
+
 TEST_F(CsvFileWriterFailures, LeavesTheEarlierFileWholeWhicheverStepFails) {
     const std::string big(300'000, 'x');
     for (int step = 0;; ++step) {

@@ -1,7 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #include "tests/unit/platform/portable/csv/csv_file_writer_fixture.h"
+#include "tests/unit/platform/portable/files/system_calls.h"
 #include "tests/unit/support/ordinary_user.h"
 
 namespace prot {
@@ -43,6 +46,43 @@ TEST_F(CsvFileWriterPosix, TellsThatTheDiskIsFullWhileWriting) {
                 HasSubstr("kein Platz mehr"));
     EXPECT_THAT(error_of([&] { write(writer, {"y"}); }), HasSubstr("/dev/full"));
     EXPECT_THAT(error_of([&] { writer.close(); }), HasSubstr("nicht geöffnet"));
+}
+
+TEST_F(CsvFileWriterPosix, EndsTheFileWhenTheDiskIsFull) {
+    for (const std::size_t size : {std::size_t{1}, std::size_t{1'000'000}}) {
+        write_file(folder / "a.csv", "earlier");
+        host.told.clear();
+        SystemCalls calls;
+        calls.fail("write", ENOSPC);
+        CsvFileWriter writer(options(), host);
+        open(writer, "a.csv");
+        EXPECT_EQ(error_of([&] {
+                      write(writer, {std::string(size, 'x')});
+                      writer.close();
+                  }),
+                  "Die Datei „" + folder.text("a.csv") +
+                      "“ kann nicht geschrieben werden: kein Platz mehr auf dem Datenträger.");
+        EXPECT_THAT(host.told, ElementsAre("unfinished file", "no unfinished file"));
+        EXPECT_THAT(error_of([&] { writer.close(); }), HasSubstr("nicht geöffnet"));
+        writer.show();
+        EXPECT_EQ(host.told.size(), 2U) << "nothing to show";
+        EXPECT_EQ(content_of(folder / "a.csv"), "earlier");
+        EXPECT_EQ(folder.entries(), 1U);
+        EXPECT_EQ(calls.open_descriptors(), 0);
+    }
+}
+
+TEST_F(CsvFileWriterPosix, EndsTheFileWhenItCannotTakeItsPlace) {
+    write_file(folder / "a.csv", "earlier");
+    SystemCalls calls;
+    calls.fail("rename", EACCES);
+    CsvFileWriter writer(options(), host);
+    open(writer, "a.csv");
+    write(writer, {"x"});
+    EXPECT_THAT(error_of([&] { writer.close(); }), HasSubstr("keine Berechtigung"));
+    EXPECT_THAT(host.told, ElementsAre("unfinished file", "no unfinished file"));
+    EXPECT_EQ(content_of(folder / "a.csv"), "earlier");
+    EXPECT_EQ(folder.entries(), 1U);
 }
 
 TEST_F(CsvFileWriterPosix, FailsAtCloseWhenTheFolderVanished) {

@@ -13,6 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
 
 TEST_F(CsvFileWriterTest, WritesAFileWithAByteOrderMarkByDefault) {
     CsvFileOptions defaults;
@@ -49,6 +51,17 @@ TEST_F(CsvFileWriterTest, NeverReplacesAFileThatTheRunItselfNeeds) {
                   "“ kann nicht geschrieben werden: der Lauf selbst braucht diese Datei.");
     EXPECT_EQ(content_of(folder / "firma.db"), "wichtig");
     EXPECT_EQ(open(writer, "a.csv"), "a.csv");
+}
+
+TEST_F(CsvFileWriterTest, NeverReplacesAFileThatTheRunItselfNeedsByWayOfAFolderStillToBeMade) {
+    write_file(folder / "firma.db", "wichtig");
+    CsvFileOptions careful = options();
+    careful.folder = folder / "new";
+    careful.never_replaced = {folder / "firma.db"};
+    CsvFileWriter writer(careful, host);
+    std::string file_name = "../firma.db";
+    EXPECT_THAT(error_of([&] { writer.open(file_name, false); }), HasSubstr("braucht diese Datei"));
+    EXPECT_EQ(content_of(folder / "firma.db"), "wichtig");
 }
 
 TEST_F(CsvFileWriterTest, LeavesTheEarlierFileUntilClose) {
@@ -174,6 +187,10 @@ TEST_F(CsvFileWriterTest, ShowsTheFinishedFileAndNoOther) {
     host.told.clear();
     writer.show();
     EXPECT_THAT(host.told, ElementsAre("show " + path_text(folder / "a.csv")));
+    open(writer, "b.csv");
+    host.told.clear();
+    writer.show();
+    EXPECT_THAT(host.told, IsEmpty()) << "the earlier one is not the file of this run";
 }
 
 TEST_F(CsvFileWriterTest, TellsOncePerFileThatCharactersWereReplaced) {
