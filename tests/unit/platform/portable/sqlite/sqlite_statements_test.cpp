@@ -106,7 +106,7 @@ TEST_F(SqliteStatementsTest, ReportsAValueThatCannotBeBound) {
     const std::vector<TsqlParameter> parameters = {std::string(2000, 'x')};
     const AutomationError error =
         error_of([&] { SqliteRun(connection, statement, parameters, "SELECT …").finish(); });
-    EXPECT_EQ(static_cast<std::uint32_t>(error.number()), sqlite_error_base + SQLITE_TOOBIG);
+    EXPECT_EQ(static_cast<std::uint32_t>(error.number()), 0x80040000U + SQLITE_TOOBIG);
     EXPECT_TRUE(error.description().ends_with("Anweisung: SELECT …")) << error.description();
 }
 
