@@ -1,6 +1,6 @@
 # Everyday commands. Each does all the set-up it needs; the work itself is in CMake presets and scripts.
 
-.PHONY: help demo test test-asan test-windows build build-linux bench screenshots fuzz clean
+.PHONY: help check demo test test-asan test-windows build build-linux bench screenshots fuzz clean
 .DEFAULT_GOAL := help
 
 help: ## show the commands
@@ -16,6 +16,9 @@ build-linux: ## build out/linux/protcsv alone
 
 demo: build-linux ## write a sample database, export its logs to out/demo/ and show them
 	@scripts/demo
+
+check: ## hold every source against clang-format and clang-tidy; what has not changed is not analysed again
+	@scripts/check
 
 test: ## build and run every test: on Linux, under the sanitizers, and for Windows under Wine
 	@scripts/build linux

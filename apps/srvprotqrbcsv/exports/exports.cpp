@@ -1,5 +1,5 @@
-#include <windows.h>
 #include <olectl.h>
+#include <windows.h>
 
 #include <string_view>
 
