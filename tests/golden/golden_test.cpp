@@ -24,7 +24,7 @@
 ///   answers.txt      standard input, when the command reads it
 ///   expected.csv     the file whose path the program printed; absent when it must print none
 ///   expected.sql     every statement sent, one a line; absent when the case does not look at them
-///   expected.txt     exit status, standard error, and what the log holds afterwards
+///   expected.txt     exit status, standard error with $STAMP for the version, and what the log holds afterwards
 // clang-format on
 /// PROT_UPDATE_GOLDEN=1 rewrites the expected files; the difference is reviewed before it is committed.
 /// PROT_PROGRAM_COMMAND names another program to run, such as the Windows one under Wine.
@@ -94,6 +94,10 @@ std::string statements_of(const std::string& log) {
     return statements;
 }
 
+void replace(std::string& text, const std::string& found, const char* name) {
+    for (std::size_t at; (at = text.find(found)) != std::string::npos;) text.replace(at, found.size(), name);
+}
+
 class Golden : public testing::TestWithParam<std::string> {
 protected:
     const fs::path folder = cases_folder / GetParam();
@@ -108,11 +112,11 @@ protected:
         EXPECT_EQ(read(folder / file), actual) << "in " << folder / file;
     }
     std::string quoted(const fs::path& path) const { return "'" + path.string() + "'"; }
-    /// Standard error without what differs from run to run.
+    /// Standard error without what differs from run to run or from version to version.
     std::string complaints() const {
         std::string text = with_own_paths(read(work / "stderr"), "out");
-        for (std::size_t at; (at = text.find(work.string())) != std::string::npos;)
-            text.replace(at, work.string().size(), "$WORK");
+        replace(text, work.string(), "$WORK");
+        replace(text, PROT_STAMP, "$STAMP");
         return text;
     }
 };

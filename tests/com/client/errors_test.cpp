@@ -10,7 +10,7 @@ using Errors = ServerTest;
 constexpr HRESULT code(unsigned number) { return static_cast<HRESULT>(0x800A0000U + number); }
 
 const HostError lost = {code(3704), "Provider\r\nVerbindung", "Verbindung verloren: „Kurse“"};
-const std::string stamp = "000100000000|srvprotqrbcsv|";
+const std::string stamp = PROT_STAMP "|srvprotqrbcsv|";
 
 struct FailingStatement {
     const char* why;

@@ -122,7 +122,7 @@ TEST_F(Reentrancy, TheExporterOfTheRatesRefusesASecondRunAndFinishesTheFirst) {
     exporter->putref_poParent(&progress);
     EXPECT_EQ(export_by_function(*exporter.borrow(), &database).result, S_OK);
     EXPECT_TRUE(FAILED(second.result));
-    EXPECT_EQ(second.source, "000100000000|srvprotqrbcsv|srvProtQRBCsv\r\nCProtDevCsv.gCSVAusgabe");
+    EXPECT_EQ(second.source, PROT_STAMP "|srvprotqrbcsv|srvProtQRBCsv\r\nCProtDevCsv.gCSVAusgabe");
     EXPECT_FALSE(second.description.empty());
     EXPECT_EQ(folder.only_file(), sample_file(false));
     EXPECT_EQ(progress.calls.size(), 5U);

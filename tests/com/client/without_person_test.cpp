@@ -32,7 +32,7 @@ TEST_F(WithoutPerson, ARunWithoutParameterTextIsAnErrorThatAsksForOne) {
         const Outcome seen = export_by_function(*object.borrow(), &database);
         EXPECT_TRUE(FAILED(seen.result));
         EXPECT_NE(seen.description.find("Parametertext"), std::string::npos) << seen.description;
-        EXPECT_EQ(seen.source, "000100000000|srvprotqrbcsv|srvProtQRBCsv\r\nProtCsvClass.gCSVFile");
+        EXPECT_EQ(seen.source, PROT_STAMP "|srvprotqrbcsv|srvProtQRBCsv\r\nProtCsvClass.gCSVFile");
         EXPECT_EQ(database.answers.asked.size(), 1U) << "Only the list of the form is read.";
         EXPECT_TRUE(folder.files().empty());
     }

@@ -119,7 +119,7 @@ TEST_F(EntryClass, ReportsItsErrorsUnderTheNameGCSVFile) {
     } catch (const AutomationError& error) {
         EXPECT_EQ(error.number(), -2147217865);
         EXPECT_EQ(error.description(), "kaputt");
-        EXPECT_EQ(error.source(), "000100000000|srvprotqrbcsv|Testserver\r\nProtCsvClass.gCSVFile");
+        EXPECT_EQ(error.source(), PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtCsvClass.gCSVFile");
     }
 }
 

@@ -33,22 +33,21 @@ TEST(ErrorExit, StampsTheSourceOnceAndAddsALineForEachProcedure) {
     const AutomationError error = left_through_both(server_error("Tabelle fehlt"));
     EXPECT_EQ(error.number(), -2147217865);
     EXPECT_EQ(error.description(), "Tabelle fehlt");
-    EXPECT_EQ(
-        error.source(),
-        "000100000000|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gsMainSelect\r\nCProtDevCsv.gCSVAusgabe");
+    EXPECT_EQ(error.source(), PROT_STAMP
+              "|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gsMainSelect\r\nCProtDevCsv.gCSVAusgabe");
 }
 
 TEST(ErrorExit, NamesThisComponentWhenTheErrorNamesNoSource) {
     const AutomationError error = left_through_both(AutomationError(ErrorNumber::overflow, "Überlauf"));
     EXPECT_EQ(error.number(), static_cast<std::int32_t>(0x800A0006));
-    EXPECT_EQ(error.source(),
-              "000100000000|srvprotqrbcsv|srvProtQRBCsv\r\nProtQRBCsvBas.gsMainSelect\r\n"
+    EXPECT_EQ(error.source(), PROT_STAMP
+              "|srvprotqrbcsv|srvProtQRBCsv\r\nProtQRBCsvBas.gsMainSelect\r\n"
               "CProtDevCsv.gCSVAusgabe");
 }
 
 TEST(ErrorExit, LeavesAStampOfAnotherComponentInPlace) {
     EXPECT_EQ(stamped("000900010002|srvandere|Quelle"), "000900010002|srvandere|Quelle");
-    EXPECT_EQ(stamped("a|b"), "000100000000|srvprotqrbcsv|a|b") << "a bar elsewhere is no stamp";
+    EXPECT_EQ(stamped("a|b"), PROT_STAMP "|srvprotqrbcsv|a|b") << "a bar elsewhere is no stamp";
 }
 
 TEST(ErrorExit, TurnsOtherExceptionsIntoAutomationErrors) {
@@ -108,7 +107,7 @@ TEST(ProblemReport, ShowsTheChainAndRestoresThePointer) {
         show_and_end(host.environment, "ProtDevFrmFilter", "cmdOK_Click");
     }
     const ShownError expected{
-        -2147217865, "000100000000|srvprotqrbcsv|Testserver\r\nProtDevFrmFilter.cmdOK_Click", "kaputt"};
+        -2147217865, PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtDevFrmFilter.cmdOK_Click", "kaputt"};
     ASSERT_EQ(host.errors.size(), 1U);
     EXPECT_EQ(host.errors[0], expected);
     EXPECT_EQ(host.pointers.back(), Pointer::standard);

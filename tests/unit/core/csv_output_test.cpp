@@ -65,7 +65,7 @@ TEST_F(NoDataFile, ShowsAnError) {
     write("x.csv", "/autostart");
     ASSERT_EQ(host.errors.size(), 1U);
     EXPECT_EQ(host.errors[0].source,
-              "000100000000|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gWriteCSVAutoStartOhneDaten");
+              PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gWriteCSVAutoStartOhneDaten");
 }
 
 TEST_F(NoDataFile, IsReplacedByAMessageInAnInteractiveRun) {

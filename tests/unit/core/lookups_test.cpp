@@ -194,7 +194,7 @@ TEST_F(UserInfo, RaisesAnErrorWithItsName) {
         info("_UNBEKANNT_7", "sa");
         FAIL();
     } catch (const AutomationError& error) {
-        EXPECT_EQ(error.source(), "000100000000|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.PROT_gGetUserInfo");
+        EXPECT_EQ(error.source(), PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.PROT_gGetUserInfo");
     }
 }
 

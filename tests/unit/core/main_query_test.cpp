@@ -84,7 +84,7 @@ TEST_F(MainQuery, RaisesAnErrorWithItsName) {
         select(7);
         FAIL();
     } catch (const AutomationError& error) {
-        EXPECT_EQ(error.source(), "000100000000|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gsMainSelect");
+        EXPECT_EQ(error.source(), PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gsMainSelect");
     }
 }
 
@@ -173,7 +173,7 @@ TEST_F(Deletion, LeavesTheLogAloneWhenTheMemoRowsCannotBeDeleted) {
     run(12);
     EXPECT_EQ(oDBU.statements.back(), "execute: " + memo);
     ASSERT_EQ(host.errors.size(), 1U);
-    EXPECT_EQ(host.errors[0].source, "000100000000|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gMainDelete");
+    EXPECT_EQ(host.errors[0].source, PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gMainDelete");
     EXPECT_EQ(host.pointers.back(), Pointer::standard);
 }
 

@@ -74,7 +74,12 @@ all_well() {
     [ "$(tail -n 1 "$report")" = done ] && ! grep -q -e '^NOT ' -e '^error' "$report" || { cat "$report"; return 1; }
 }
 
-reports() { diff -u "tests/com/scripts/expected/$1" "$report"; }
+# The version as the source of an error begins with it; $STAMP stands for it in what is expected.
+stamp=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' out/build/win64/CMakeCache.txt |
+    awk -F . '{ printf "%04d%04d%04d", $1, $2, $3 }')
+expected() { sed "s/\$STAMP/$stamp/" "tests/com/scripts/expected/$1"; }
+
+reports() { diff -u <(expected "$1") "$report"; }
 
 # The one file that the client's export wrote, under the name of an unattended run; $section_word is the section's
 # word in it.

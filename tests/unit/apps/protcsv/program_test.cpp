@@ -25,7 +25,7 @@ TEST_F(ProgramTest, AnswersAWrongUseWithOneLineAndStatusTwo) {
 
 TEST_F(ProgramTest, ShowsHelpAndVersionOnStandardOutput) {
     EXPECT_EQ(run({"--version"}), 0);
-    EXPECT_EQ(output, "protcsv 1.0.0\n");
+    EXPECT_EQ(output, "protcsv " PROT_VERSION "\n");
     EXPECT_EQ(run({"export", "--help"}), 0);
     EXPECT_NE(output.find("Aufruf: protcsv export --db ZIEL"), std::string::npos);
     EXPECT_EQ(errors, "");

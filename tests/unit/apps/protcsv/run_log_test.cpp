@@ -50,7 +50,8 @@ TEST_F(RunLog, ShowsAnErrorAsAProblemReport) {
     EXPECT_EQ(errors,
               "Problembericht\n"
               "Fehler-Nr: -2147221503 (0x80040001)\n"
-              "Fehlerquelle: 000100000000|srvprotqrbcsv|Quelle\n"
+              "Fehlerquelle: " PROT_STAMP
+              "|srvprotqrbcsv|Quelle\n"
               "    Modul.Prozedur\n"
               "    ProtCsvClass.gCSVFile\n"
               "Beschreibung: Es ging nicht.\n");

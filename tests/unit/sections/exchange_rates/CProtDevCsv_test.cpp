@@ -286,19 +286,17 @@ TEST_F(RateExport, AnUnknownEventEndsTheExportWithAnError) {
     log({log_row(1, "two"), log_row(3, "two")});
     const AutomationError error = error_of_run();
     EXPECT_EQ(error.number(), static_cast<std::int32_t>(ErrorNumber::index_out_of_range));
-    EXPECT_EQ(
-        error.source(),
-        "000100000000|srvprotqrbcsv|srvProtQRBCsv\r\nCProtDevCsv.mbAusgabeCSV\r\nCProtDevCsv.gCSVAusgabe");
+    EXPECT_EQ(error.source(), PROT_STAMP
+              "|srvprotqrbcsv|srvProtQRBCsv\r\nCProtDevCsv.mbAusgabeCSV\r\nCProtDevCsv.gCSVAusgabe");
     EXPECT_FALSE(file().closed);
 }
 
 TEST_F(RateExport, BothLookupsReportUnderOneName) {
     log({log_row(1, "two")});
     oDBU.failures.emplace("SELECT ddGueltigAb FROM TDEVISENKURS WHERE idDevisenKurs = 71", server_error("x"));
-    EXPECT_EQ(
-        error_of_run().source(),
-        "000100000000|srvprotqrbcsv|Testserver\r\nCProtDevCsv.mGetWaehrInfos\r\nCProtDevCsv.mbAusgabeCSV\r\n"
-        "CProtDevCsv.gCSVAusgabe");
+    EXPECT_EQ(error_of_run().source(), PROT_STAMP
+              "|srvprotqrbcsv|Testserver\r\nCProtDevCsv.mGetWaehrInfos\r\nCProtDevCsv.mbAusgabeCSV\r\n"
+              "CProtDevCsv.gCSVAusgabe");
 }
 
 TEST_F(RateExport, ReportsAMissingXmlReaderWithTheFailingCommand) {

@@ -201,7 +201,7 @@ TEST_F(RateFilter, ShowsAnErrorAndIsFalse) {
     EXPECT_FALSE(ask("/autostart"));
     ASSERT_EQ(host.errors.size(), 1U);
     EXPECT_EQ(host.errors[0].source,
-              "000100000000|srvprotqrbcsv|Testserver\r\nProtDevFrmFilter.mIsoWaehrungLesen");
+              PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtDevFrmFilter.mIsoWaehrungLesen");
     EXPECT_EQ(host.forms_shown, 0);
 }
 

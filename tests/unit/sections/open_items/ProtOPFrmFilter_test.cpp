@@ -337,7 +337,7 @@ TEST_F(ItemFilter, ShowsAnErrorAndIsFalse) {
     EXPECT_FALSE(ask());
     ASSERT_EQ(host.errors.size(), 1U);
     EXPECT_EQ(host.errors[0].source,
-              "000100000000|srvprotqrbcsv|Testserver\r\nProtOPFrmFilter.mMandantAuswahl");
+              PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtOPFrmFilter.mMandantAuswahl");
     EXPECT_EQ(host.forms_shown, 0);
 }
 

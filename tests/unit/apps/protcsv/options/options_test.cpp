@@ -186,7 +186,7 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
     for (const auto& row : rows) EXPECT_EQ(refusal(row.arguments), row.line) << row.why;
 }
 
-TEST(Options, ShowsTheVersion) { EXPECT_EQ(parse({"--version"}).text, "protcsv 1.0.0\n"); }
+TEST(Options, ShowsTheVersion) { EXPECT_EQ(parse({"--version"}).text, "protcsv " PROT_VERSION "\n"); }
 
 /// All help texts: the program's own and one for each command.
 std::vector<std::string> help_texts() {
