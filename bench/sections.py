@@ -1,15 +1,20 @@
-"""The log sections that are measured: what their export of the whole log is called."""
+"""The log sections that are measured, which are those of scripts/sections.txt."""
 
+import pathlib
 from dataclasses import dataclass
 from typing import Optional
+
+# Answers of an interactive export of everything into /dev/null, where the form offers such a choice: the range of
+# currencies as proposed, then the name of the file. That of the open items asks for one client.
+ANSWERS = {"exchange-rates": b"\n\n/dev/null\n"}
+
+# Those that peers/ exports, too.
+PEERS = {"exchange-rates"}
 
 
 @dataclass(frozen=True)
 class Section:
-    """answers: those of an interactive export of everything into /dev/null; None where the form offers no such choice.
-
-    scripts: whether peers/ exports this section, too.
-    """
+    """parameters: of an export of everything. answers: likewise; None where the form offers no such choice."""
     number: str
     title: str
     parameters: str
@@ -17,8 +22,11 @@ class Section:
     scripts: bool
 
 
-# The range of currencies as proposed, then the name of the file. The form of the open items asks for one client.
-SECTIONS = [
-    Section("15", "exchange rates", "/autostart", b"\n\n/dev/null\n", True),
-    Section("6", "open items", "/autostart/vonkonto:1/biskonto:999999999", None, False),
-]
+def read_sections(path):
+    for line in path.read_text(encoding="utf-8").splitlines():
+        if not line.startswith("#"):
+            number, name, _, _, everything, _ = line.split(maxsplit=5)
+            yield Section(number, name.replace("-", " "), everything, ANSWERS.get(name), name in PEERS)
+
+
+SECTIONS = list(read_sections(pathlib.Path(__file__).resolve().parent.parent / "scripts/sections.txt"))

@@ -41,10 +41,14 @@ function(prot_sources variable)
 endfunction()
 
 # prot_library(NAME): a static library of the sources in this folder, whose headers are included from the
-# repository's root. Folders below count only when named: prot_library(NAME FOLDERS automation).
+# repository's root. Folders below count only when named: prot_library(NAME FOLDERS automation). With IN it is made of
+# the folder named there instead.
 function(prot_library name)
-    cmake_parse_arguments(ARG "" "" "FOLDERS" ${ARGN})
+    cmake_parse_arguments(ARG "" "IN" "FOLDERS" ${ARGN})
     set(patterns *.cpp)
+    if(ARG_IN)
+        set(patterns ${ARG_IN}/*.cpp)
+    endif()
     foreach(folder IN LISTS ARG_FOLDERS)
         list(APPEND patterns ${folder}/*.cpp)
     endforeach()

@@ -3,15 +3,22 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <optional>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace prot::test {
 
-/// The SQL that makes a case's database: schema.sql, then the file that database.txt names, if any, then
-/// input.sql, if any. Nothing when the case has neither: it runs on the sample database. cases: the folder of
-/// all cases; name: of one.
-inline std::optional<std::string> case_database(const std::filesystem::path& cases, const std::string& name) {
+/// What a case's database is made from.
+struct CaseDatabase {
+    std::string sql;             ///< its statements; empty: it is a sample database ...
+    std::string sample_section;  ///< ... with the log of the section of this number alone
+};
+
+/// The database of a case: schema.sql, then the file that database.txt names, if any, then input.sql, if any;
+/// or the sample database that database.txt asks for by "sample NUMBER". cases: the folder of all cases;
+/// name: of one.
+inline CaseDatabase case_database(const std::filesystem::path& cases, const std::string& name) {
     const auto read = [](const std::filesystem::path& path) {
         std::ifstream file(path, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(file), {});
@@ -19,9 +26,12 @@ inline std::optional<std::string> case_database(const std::filesystem::path& cas
     std::string shared = read(cases / name / "database.txt");
     shared.erase(shared.find_last_not_of('\n') + 1);
     const bool own = std::filesystem::exists(cases / name / "input.sql");
-    if (shared.empty() && !own) return std::nullopt;
-    return read(cases / "schema.sql") + (shared.empty() ? "" : read(cases / shared)) +
-           (own ? read(cases / name / "input.sql") : "");
+    if (shared.empty() && !own) throw std::runtime_error("case " + name + " has no database");
+    constexpr std::string_view sample = "sample ";
+    if (shared.starts_with(sample)) return {{}, shared.substr(sample.size())};
+    return {read(cases / "schema.sql") + (shared.empty() ? "" : read(cases / shared)) +
+                (own ? read(cases / name / "input.sql") : ""),
+            {}};
 }
 
 }  // namespace prot::test

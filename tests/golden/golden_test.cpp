@@ -19,8 +19,10 @@
 // clang-format off
 ///   purpose.txt      why the case exists
 ///   command.txt      the arguments, as a shell reads them; $DB is the database, $OUT an empty folder
-///   database.txt     names a file of SQL beside the folders that makes the database, on top of schema.sql
-///   input.sql        likewise, of this case alone; without both the case runs on the sample database
+///   database.txt     names a file of SQL beside the folders that makes the database, on top of schema.sql; or
+///                    "sample 15": the sample database with the log of that section alone, so that no case sees
+///                    what another section logs
+///   input.sql        SQL likewise, of this case alone
 ///   answers.txt      standard input, when the command reads it
 ///   expected.csv     the file whose path the program printed; absent when it must print none
 ///   expected.sql     every statement sent, one a line; absent when the case does not look at them
@@ -123,10 +125,12 @@ protected:
 
 TEST_P(Golden, Case) {
     const fs::path database = work / "log.db";
-    if (const auto sql = prot::test::case_database(cases_folder, GetParam()))
-        make_database(database, *sql);
+    const prot::test::CaseDatabase made_from = prot::test::case_database(cases_folder, GetParam());
+    if (made_from.sample_section.empty())
+        make_database(database, made_from.sql);
     else
-        ASSERT_EQ(run_shell("cd " + quoted(work) + " && " + program_command() + " sample log.db >/dev/null"),
+        ASSERT_EQ(run_shell("cd " + quoted(work) + " && " + program_command() + " sample log.db --section " +
+                            made_from.sample_section + " >/dev/null"),
                   0);
 
     std::string arguments = read(folder / "command.txt");

@@ -43,11 +43,10 @@ std::vector<Part> create_parts(const SampleOptions& options, std::int64_t rows, 
     for (const sample::SectionKind& kind : sample::section_kinds()) {
         const std::int64_t weight = takes_part(kind, options) ? kind.usual_rows : 0;
         const std::int64_t share = weight == 0 ? 0 : rows_left * weight / weight_left;
-        const std::uint64_t stream = parts.size();
-        sample::Moments moments(sample::Random(options.seed, first_moments_stream + stream), share);
+        sample::Moments moments(sample::Random(options.seed, first_moments_stream + kind.stream), share);
         const sample::Moment first = share == 0 ? sample::Moment() : moments.next();
         parts.push_back(
-            {kind.create(sample::Random(options.seed, stream), share, clients), moments, share, first});
+            {kind.create(sample::Random(options.seed, kind.stream), share, clients), moments, share, first});
         rows_left -= share;
         weight_left -= weight;
     }

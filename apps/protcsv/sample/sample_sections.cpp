@@ -3,10 +3,12 @@
 namespace prot::sample {
 namespace {
 
+// clang-format off
 constexpr SectionKind kinds[] = {
-    {15, 120, create_exchange_rates},
-    {6, 140, create_open_items},
+    {.number =  6, .stream = 1, .usual_rows = 140, .create = create_open_items},
+    {.number = 15, .stream = 0, .usual_rows = 120, .create = create_exchange_rates},
 };
+// clang-format on
 
 }  // namespace
 

@@ -27,6 +27,7 @@ public:
 
 struct SectionKind {
     std::int32_t number;      ///< IDSysQuvoLogSections
+    std::uint64_t stream;     ///< its chance: a number that no other section has, below 1000
     std::int64_t usual_rows;  ///< of the small log, and the section's share in a larger one
     /// rows: how many changes will be asked for. clients: of the whole database; they outlive the section.
     std::unique_ptr<Section> (*create)(Random random, std::int64_t rows, ClientBook& clients);
@@ -37,8 +38,8 @@ std::unique_ptr<Section> create_exchange_rates(Random random, std::int64_t rows,
 /// Brings the clients; sections that need them stand behind it.
 std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows, ClientBook& clients);
 
-/// All sections. A new one is added at the end; the others keep their content, as every section has its own
-/// chance and its own moments.
+/// All sections. A new one leaves the others their content, as every section has its own chance and its own
+/// moments.
 std::span<const SectionKind> section_kinds();
 
 }  // namespace prot::sample

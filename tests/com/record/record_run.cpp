@@ -5,7 +5,6 @@
 #include <iostream>
 #include <iterator>
 #include <memory>
-#include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -35,12 +34,14 @@ std::string read(const fs::path& path) {
 }
 
 void make_database(const fs::path& path, const std::string& name) {
-    const std::optional<std::string> sql = test::case_database(cases_folder, name);
-    if (!sql) return write_sample_database(path.string(), {});
+    const test::CaseDatabase made_from = test::case_database(cases_folder, name);
+    if (!made_from.sample_section.empty())
+        return write_sample_database(path.string(), {.section = std::stoi(made_from.sample_section)});
     sqlite3* raw = nullptr;
     const int opened = sqlite3_open(path.c_str(), &raw);
     const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(raw, sqlite3_close);
-    if (opened != SQLITE_OK || sqlite3_exec(raw, sql->c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (opened != SQLITE_OK ||
+        sqlite3_exec(raw, made_from.sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         throw std::runtime_error(sqlite3_errmsg(raw));
 }
 

@@ -1,8 +1,8 @@
 #include "tests/faults/support/faulty_sections.h"
 
-#include <utility>
+#include <algorithm>
 
-#include "sections/exchange_rates/CProtDevCsv.h"
+#include "sections/section_table.h"
 #include "tests/faults/support/faulty_database.h"
 #include "tests/faults/support/faulty_files.h"
 
@@ -11,6 +11,8 @@ namespace prot::faults {
 namespace {
 
 Faults* current = nullptr;
+
+const Section& exchange_rates() { return *std::ranges::find(section_table(), 15, &Section::number); }
 
 /// The exporter of the exchange rates between a database and a file layer that may fail.
 class FaultyExporter : public SectionExporter, private Components {
@@ -24,7 +26,7 @@ public:
                        environment.connection_information,
                        environment.clock,
                        environment.notices},
-          exporter_(exchange_rates::create_exporter(environment_)) {}
+          exporter_(exchange_rates().create(environment_)) {}
 
     void gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon, Date dtBis,
                      std::int32_t lAktion, Value& vPara) override {
@@ -55,13 +57,16 @@ std::unique_ptr<SectionExporter> create(Environment& environment) {
     return std::make_unique<FaultyExporter>(environment);
 }
 
-constexpr Section sections[] = {{15, "exchange-rates", "Devisenkurse", create}};
-
 }  // namespace
 
 SectionTable sections_with(Faults& faults) {
+    static const Section faulty = [] {
+        Section section = exchange_rates();
+        section.create = create;
+        return section;
+    }();
     current = &faults;
-    return sections;
+    return {&faulty, 1};
 }
 
 }  // namespace prot::faults

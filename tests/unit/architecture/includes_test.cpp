@@ -16,24 +16,33 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder and the folders whose headers it may include, longest folder first.
+/// A folder and the folders whose headers it may include.
 struct Layer {
-    std::string_view folder;
-    std::vector<std::string_view> may_include;
+    std::string folder;
+    std::vector<std::string> may_include;
     bool third_party;  // libraries and system headers
 };
 
-const std::vector<Layer> layers = {
-    {"platform/automation/", {"platform/automation/"}, false},
-    {"platform/portable/", {"platform/portable/", "platform/"}, true},
-    {"platform/windows/", {"platform/windows/", "platform/"}, true},
-    {"platform/", {"platform/"}, false},
-    {"core/", {"core/", "platform/"}, false},
-    {"sections/exchange_rates/", {"sections/exchange_rates/", "core/", "platform/"}, false},
-    {"sections/open_items/", {"sections/open_items/", "core/", "platform/"}, false},
-    {"sections/", {"sections/", "core/", "platform/"}, false},
-    {"apps/", {"apps/", "sections/", "core/", "platform/"}, true},
-};
+/// Longest folder first. Sections never include each other: each folder of theirs is a layer of its own.
+std::vector<Layer> all_layers(const fs::path& root) {
+    std::vector<Layer> layers = {
+        {"platform/automation/", {"platform/automation/"}, false},
+        {"platform/portable/", {"platform/portable/", "platform/"}, true},
+        {"platform/windows/", {"platform/windows/", "platform/"}, true},
+        {"platform/", {"platform/"}, false},
+        {"core/", {"core/", "platform/"}, false},
+    };
+    for (const auto& entry : fs::directory_iterator(root / "sections")) {
+        if (!entry.is_directory()) continue;
+        const std::string folder = "sections/" + entry.path().filename().string() + "/";
+        layers.push_back({folder, {folder, "core/", "platform/"}, false});
+    }
+    layers.push_back({"sections/", {"sections/", "core/", "platform/"}, false});
+    layers.push_back({"apps/", {"apps/", "sections/", "core/", "platform/"}, true});
+    return layers;
+}
+
+const std::vector<Layer> layers = all_layers(PROT_SOURCE_DIR);
 
 constexpr auto standard_headers =
     std::to_array<std::string_view>({"algorithm",   "array",         "atomic",        "charconv",

@@ -1,53 +1,31 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 
 #include "platform/automation/utf8.h"
-#include "sections/exchange_rates/ProtDevFrmFilter.h"
-#include "sections/open_items/ProtOPFrmFilter.h"
-#include "tests/unit/support/fakes.h"
+#include "sections/section_table.h"
+#include "tests/unit/sections/shown_form.h"
 
-/// What holds for every filter form, looked at in its description. A new form gets a row below.
+/// What holds for the filter form of every section.
 namespace prot {
 namespace {
-
-Form rates_form(Environment& environment) {
-    return exchange_rates::ProtDevFrmFilter(environment).described_form();
-}
-
-Form items_form(Environment& environment) {
-    return open_items::ProtOPFrmFilter(environment, true).described_form();
-}
-
-struct FormRow {
-    const char* name;
-    Form (*described)(Environment& environment);
-};
-constexpr FormRow rows[] = {
-    {"exchange_rates", rates_form},
-    {"open_items", items_form},
-};
 
 constexpr std::size_t longest_label = 40;  // half a terminal's line
 constexpr std::size_t longest_caption = 60;
 
-class EveryForm : public testing::TestWithParam<FormRow> {
+class EveryForm : public testing::TestWithParam<Section> {
 protected:
-    test::FakeHost host;
-    Form form = GetParam().described(host.environment);
+    void SetUp() override {
+        const std::optional<Form> shown = test::shown_form(GetParam());
+        ASSERT_TRUE(shown);
+        form = *shown;
+    }
+
+    Form form;
 };
 
 std::size_t length(const std::string& text) { return decode_utf8(text).size(); }
-
-std::string help_map() {
-    std::ifstream file(std::filesystem::path(PROT_SOURCE_DIR) / "docs" / "hilfe" / "mivra_allgemein.xml",
-                       std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 TEST_P(EveryForm, HasALabelForEveryFieldThatTakesInput) {
     EXPECT_FALSE(form.fields.empty());
@@ -89,10 +67,6 @@ TEST_P(EveryForm, CanBeAcceptedCancelledAndAskedForHelp) {
     EXPECT_TRUE(form.key_down);
 }
 
-TEST_P(EveryForm, HasAHelpTopic) {
-    EXPECT_NE(help_map().find("\"" + form.help_id + "\""), std::string::npos) << form.help_id;
-}
-
 TEST_P(EveryForm, HasTextsThatFit) {
     EXPECT_FALSE(form.caption.empty());
     EXPECT_LE(length(form.caption), longest_caption);
@@ -111,8 +85,8 @@ TEST_P(EveryForm, GroupsLieSideBySideWithinItsFields) {
     EXPECT_LE(next, form.fields.size());
 }
 
-INSTANTIATE_TEST_SUITE_P(Sections, EveryForm, testing::ValuesIn(rows),
-                         [](const auto& row) { return std::string(row.param.name); });
+INSTANTIATE_TEST_SUITE_P(Sections, EveryForm, testing::ValuesIn(section_table()),
+                         [](const auto& section) { return test::test_name(section.param); });
 
 }  // namespace
 }  // namespace prot

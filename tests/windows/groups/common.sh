@@ -81,9 +81,14 @@ expected() { sed "s/\$STAMP/$stamp/" "tests/com/scripts/expected/$1"; }
 
 reports() { diff -u <(expected "$1") "$report"; }
 
-# The one file that the client's export wrote, under the name of an unattended run; $section_word is the section's
-# word in it.
-section_word=Devisenkurse
+# use_section NUMBER: $section is the number, $section_word its word in the names of files, $title that of its form.
+use_section() {
+    read -r section _ section_word _ _ title < <(grep "^$1 " scripts/sections.txt)
+    title="Protokollausgabe $title"
+}
+use_section 15
+
+# The one file that the client's export wrote, under the name of an unattended run of $section.
 exported_file() {
     local found=("$files"/*)
     [ ${#found[@]} -eq 1 ] && [[ ${found[0]##*/} =~ ^Prot_${section_word}_[0-9]{8}_[0-9]{6}\.csv$ ]] || {

@@ -1,5 +1,5 @@
-# What the groups share that run whole exports with their dialogs. To be read behind common.sh and windows.sh; $title is
-# the form's, $section the section's number.
+# What the groups share that run whole exports with their dialogs, after use_section. To be read behind common.sh and
+# windows.sh.
 
 programs=out/build/win64/tests/windows/forms
 notes=$PROT_GROUP_FOLDER/opened.txt

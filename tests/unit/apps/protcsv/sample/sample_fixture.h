@@ -4,6 +4,8 @@
 #include <sqlite3.h>
 
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -11,6 +13,12 @@
 #include "tests/unit/support/temporary_folder.h"
 
 namespace prot {
+
+/// Something that a sample database must show.
+struct Feature {
+    const char* sql;  ///< counts what must be there
+    const char* why;
+};
 
 /// Sample databases in a folder of one test's own, removed at its end.
 class SampleFixture : public testing::Test {
@@ -36,6 +44,19 @@ protected:
     }
 
     int number(const std::string& path, const std::string& sql) { return std::stoi(column(path, sql).at(0)); }
+
+    std::vector<std::string> columns_of(const std::string& path, const std::string& table) {
+        return column(path, "SELECT name FROM pragma_table_info('" + table + "')");
+    }
+
+    /// section: whose changes alone are logged; without it, those of all.
+    void expect_whatever_the_seed(std::optional<std::int32_t> section, std::span<const Feature> features) {
+        for (const std::uint64_t seed : {1U, 2U, 3U, 4U, 5U, 99U}) {
+            const std::string path = write(std::to_string(seed) + ".db", {seed, {}, section});
+            for (const Feature& feature : features)
+                EXPECT_GT(number(path, feature.sql), 0) << feature.why << ", " << seed;
+        }
+    }
 
     const TemporaryFolder folder_;
 };

@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include "platform/portable/screen/form_layout.h"
+#include "sections/section_table.h"
+#include "tests/unit/sections/shown_form.h"
+
+/// The filter form of every section on the whole terminal, its lists full.
+namespace prot {
+namespace {
+
+class EveryFormOnScreen : public testing::TestWithParam<Section> {
+protected:
+    void SetUp() override {
+        const std::optional<Form> shown = test::shown_form(GetParam());
+        ASSERT_TRUE(shown);
+        form = *shown;
+        for (Field& field : form.fields) {
+            if (field.kind == FieldKind::list) field.entries.assign(1, {0, "Alle Wirtschaftsjahre"});
+            if (field.kind == FieldKind::picker)
+                for (int i = 0; i < 20000; ++i)
+                    field.entries.push_back({i, "Musterfirma", std::to_string(i)});
+        }
+    }
+
+    /// Where the matches of each picker and the line to type in are.
+    std::vector<FieldPlace> pickers(Size screen) {
+        const auto layout = lay_out(form, largest_window(screen));
+        EXPECT_TRUE(layout) << screen.columns << "x" << screen.rows;
+        std::vector<FieldPlace> places;
+        for (std::size_t i = 0; layout && i < form.fields.size(); ++i)
+            if (form.fields[i].kind == FieldKind::picker) places.push_back(layout->fields[i]);
+        return places;
+    }
+
+    Form form;
+};
+
+TEST_P(EveryFormOnScreen, ShowsItAllOnTheSmallestScreenWithAtLeastThreeMatchesOfAPicker) {
+    const std::vector<FieldPlace> places = pickers(smallest_screen);
+    for (const FieldPlace& place : places) {
+        EXPECT_GE(place.value.height, 3);
+        EXPECT_GE(place.line.width, 30);
+    }
+    for (Field& field : form.fields)
+        if (field.kind == FieldKind::list) field.entries.assign(12, {1, "01.01.2020 - 31.12.2020"});
+    const std::vector<FieldPlace> again = pickers(smallest_screen);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        EXPECT_EQ(again[i].value.height, places[i].value.height) << "the entries of lists move nothing";
+}
+
+TEST_P(EveryFormOnScreen, ShowsMoreMatchesOfAPickerOnLargerScreensUpToTen) {
+    const std::vector<FieldPlace> smallest = pickers(smallest_screen), larger = pickers({80, 30});
+    for (std::size_t i = 0; i < smallest.size(); ++i)
+        EXPECT_GT(larger[i].value.height, smallest[i].value.height);
+    for (const Size screen : {Size{80, 40}, Size{200, 100}})
+        for (const FieldPlace& place : pickers(screen)) EXPECT_EQ(place.value.height, 10);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sections, EveryFormOnScreen, testing::ValuesIn(section_table()),
+                         [](const auto& section) { return test::test_name(section.param); });
+
+}  // namespace
+}  // namespace prot
