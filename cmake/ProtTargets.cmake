@@ -71,9 +71,19 @@ function(prot_quick_build name)
     endif()
 endfunction()
 
+# prot_discover(PROGRAM LABEL [property...]): each test of PROGRAM is a process of its own and has LABEL, and the
+# properties; `slow` is the label of those that match one of PROT_SLOW_TESTS, patterns as GoogleTest reads them.
+function(prot_discover program label)
+    list(JOIN PROT_SLOW_TESTS ":" slow)
+    gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 TEST_FILTER "-${slow}" TEST_LIST ${program}_tests
+                         PROPERTIES LABELS ${label} ${ARGN})
+    gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 TEST_FILTER "${slow}" TEST_LIST ${program}_slow_tests
+                         PROPERTIES LABELS slow ${ARGN})
+endfunction()
+
 # prot_test(NAME FOLDER [FOLDERS folder...] [LIBRARIES] library...): a test program of all *_test.cpp in FOLDER, and in
 # the named folders below it. Each test is a process of its own; on Windows, where starting one takes longer than most
-# tests, each program is.
+# tests, each program is. The label of those in unit/ is `quick`, of all others the first folder's name.
 function(prot_test name folder)
     cmake_parse_arguments(ARG "" "" "FOLDERS;LIBRARIES" ${ARGN})
     set(patterns ${folder}/*.cpp)
@@ -89,6 +99,8 @@ function(prot_test name folder)
     if(WIN32)
         add_test(NAME ${name} COMMAND ${name})
     else()
-        gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+        string(REGEX REPLACE "/.*" "" label ${folder})
+        string(REGEX REPLACE "^unit$" "quick" label ${label})
+        prot_discover(${name} ${label})
     endif()
 endfunction()

@@ -10,7 +10,7 @@ namespace prot {
 struct SampleOptions {
     std::uint64_t seed = 1;
     /// Rows of the whole log, at most most_sample_rows; without it, the small log that people look at.
-    std::optional<std::int64_t> rows;
+    std::optional<std::int64_t> rows = {};
     /// Only changes of this section; the others have their master data, but log nothing. All by default.
     std::optional<std::int32_t> section = {};
 };

@@ -51,7 +51,8 @@ Picture TextWindow::picture(Size screen) {
     picture.help_line = scrolls ? "↑ ↓ Bild↑ Bild↓ Blättern   Eingabe " : "Eingabe ";
     picture.help_line += without_access_key(settings_.buttons[focus_]);
     for (int i = 0; i < rows_; ++i)
-        picture.pieces.push_back({{margin, 1 + i}, lines[static_cast<std::size_t>(first_ + i)]});
+        picture.pieces.push_back(
+            {{margin, 1 + i}, lines[static_cast<std::size_t>(first_) + static_cast<std::size_t>(i)]});
     if (scrolls)
         picture.bars.push_back({{picture.size.columns - 1 - margin, 1}, rows_, first_, lines_ - rows_});
     draw_buttons(picture, rows_ + 2);
