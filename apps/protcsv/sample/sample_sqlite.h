@@ -59,7 +59,7 @@ private:
     void bind_integer(int index, std::int64_t number);
     template <std::integral Number>
     void bind(int index, Number number) {
-        bind_integer(index, number);
+        bind_integer(index, static_cast<std::int64_t>(number));
     }
     template <class T>
     void bind(int index, const std::optional<T>& value) {

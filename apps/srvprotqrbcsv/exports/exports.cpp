@@ -1,5 +1,6 @@
-#include <olectl.h>
 #include <windows.h>
+
+#include <olectl.h>
 
 #include <string_view>
 

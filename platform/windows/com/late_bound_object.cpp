@@ -82,7 +82,7 @@ const LateBoundObject::Member* LateBoundObject::find(std::string_view name) {
 
 DISPID LateBoundObject::ask_id(const std::string& name) {
     const Bstr text(name);
-    for (const DWORD letters : {fdexNameCaseSensitive, fdexNameCaseInsensitive}) {
+    for (const DWORD letters : {DWORD{fdexNameCaseSensitive}, DWORD{fdexNameCaseInsensitive}}) {
         if (!extended_) break;
         DISPID id = DISPID_UNKNOWN;
         const HRESULT result = extended_->GetDispID(text.borrow(), letters, &id);
@@ -113,7 +113,7 @@ HRESULT LateBoundObject::invoke(DISPID id, WORD flags, DISPPARAMS& parameters, V
 
 AutomationError LateBoundObject::error_of(HRESULT result, std::string_view member,
                                           const DISPPARAMS& parameters, Failure& failure) const {
-    const AutomationError error = error_of_invoke(result, failure.exception);
+    AutomationError error = error_of_invoke(result, failure.exception);
     if (result == DISP_E_EXCEPTION) return error;
     const auto row =
         std::ranges::find(call_failures, result, [](const auto& candidate) { return candidate.result; });

@@ -127,7 +127,7 @@ void show_entries(HWND list, const std::vector<Entry>& entries, const TextMeasur
     }
     SendMessageW(list, CB_SETMINVISIBLE, lines_on_view, 0);
     const int room = GetSystemMetrics(SM_CXVSCROLL) + 2 * measure.unit_width();
-    SendMessageW(list, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + room), 0);
+    SendMessageW(list, CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest) + static_cast<WPARAM>(room), 0);
     if (drawn) SendMessageW(list, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(list, nullptr, TRUE);
 }

@@ -241,8 +241,9 @@ bool FormWindow::move_in_picker(const MSG& message, const KeyStroke& stroke) {
     const std::pair<int, int> steps[] = {{VK_UP, -1}, {VK_DOWN, 1}, {VK_PRIOR, -page}, {VK_NEXT, page}};
     const auto step = std::ranges::find(steps, stroke.code, &std::pair<int, int>::first);
     if (step == std::end(steps)) return false;
-    handle(
-        [&] { choose(index, view_->matches_of(index).moved(form_.fields[index].selected, step->second)); });
+    handle([&, field = index] {
+        choose(field, view_->matches_of(field).moved(form_.fields[field].selected, step->second));
+    });
     return true;
 }
 

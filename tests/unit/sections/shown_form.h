@@ -1,10 +1,18 @@
 #pragma once
 
 #include <optional>
+#include <ostream>
 #include <string>
 
 #include "core/section_table.h"
 #include "tests/unit/support/fakes.h"
+
+namespace prot {
+
+/// How gtest names a section that fails; its bytes would differ from run to run.
+inline void PrintTo(const Section& section, std::ostream* out) { *out << section.name; }
+
+}  // namespace prot
 
 namespace prot::test {
 
