@@ -58,15 +58,11 @@ void RowSet::add_row() {
     ++rows_;
 }
 
-void RowSet::add_cells(std::size_t rows) {
-    blocks_.push_back(std::make_unique<Cell[]>(rows * columns_));
-    memory_ += rows * columns_ * sizeof(Cell);
-}
+void RowSet::add_cells(std::size_t rows) { blocks_.push_back(std::make_unique<Cell[]>(rows * columns_)); }
 
 void RowSet::widen_first_block() {
     const auto narrow = std::move(blocks_.front());
     blocks_.clear();
-    memory_ -= first_rows * columns_ * sizeof(Cell);
     add_cells(rows_per_block);
     std::copy_n(narrow.get(), first_rows * columns_, blocks_.front().get());
     recent_.resize(columns_ * recent_slots);
@@ -124,7 +120,6 @@ const char* RowSet::store(std::string_view text) {
 
 char* RowSet::add_block(std::size_t size) {
     arena_.push_back(std::make_unique_for_overwrite<char[]>(size));
-    memory_ += size;
     return arena_.back().get();
 }
 

@@ -69,9 +69,6 @@ public:
         return blocks_[row / rows_per_block][(row % rows_per_block) * columns_ + column];
     }
 
-    /// Bytes held for cells and texts.
-    std::size_t memory() const { return memory_; }
-
     /// Appends a row of Null; the calls below fill it.
     void add_row();
     void set(std::size_t column, std::int64_t integer) { cell(column) = Cell(integer); }
@@ -96,7 +93,6 @@ private:
     std::size_t columns_ = 0;
     std::size_t rows_ = 0;
     std::int32_t first_row_ = 0;
-    std::size_t memory_ = 0;
     std::vector<std::unique_ptr<Cell[]>> blocks_;
     Cell* last_row_ = nullptr;
     std::vector<std::string_view> recent_;  // recent_slots short texts for each column, by a hash

@@ -18,4 +18,19 @@ std::vector<std::string> split(std::string_view text, char separator) {
     }
 }
 
+void append_doubled(std::string& text, std::string_view part, char delimiter) {
+    for (std::size_t end = part.find(delimiter); end != std::string_view::npos; end = part.find(delimiter)) {
+        text += part.substr(0, end + 1);
+        text += delimiter;
+        part.remove_prefix(end + 1);
+    }
+    text += part;
+}
+
+void append_quoted(std::string& text, std::string_view part, char delimiter) {
+    text += delimiter;
+    append_doubled(text, part, delimiter);
+    text += delimiter;
+}
+
 }  // namespace prot

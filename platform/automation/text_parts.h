@@ -12,4 +12,10 @@ std::string_view trim_blanks(std::string_view text);
 /// What stands before, between and behind the separators; at least one part, which may be empty.
 std::vector<std::string> split(std::string_view text, char separator);
 
+/// Appends `part` to `text`, each `delimiter` in it twice.
+void append_doubled(std::string& text, std::string_view part, char delimiter);
+
+/// Likewise, with a `delimiter` before and behind it.
+void append_quoted(std::string& text, std::string_view part, char delimiter);
+
 }  // namespace prot

@@ -13,6 +13,12 @@ namespace {
 constexpr char mark = '&';
 }  // namespace
 
+void Field::choose(std::optional<std::size_t> entry) {
+    if (selected == entry) return;
+    selected = entry;
+    notify(changed);
+}
+
 void Field::select_key(std::int64_t key) {
     const auto entry = std::ranges::find(entries, key, &Entry::key);
     if (entry != entries.end()) selected = static_cast<std::size_t>(entry - entries.begin());

@@ -47,6 +47,8 @@ struct Field {
     /// been said. Cancel may leave without asking.
     std::function<bool()> validate{};
 
+    /// Takes what the person chose; `changed` hears of it when it is another entry.
+    void choose(std::optional<std::size_t> entry);
     void add(std::int64_t key, std::string entry_text) { entries.push_back({key, std::move(entry_text)}); }
     /// Selects the first entry of that key; nothing changes when there is none.
     void select_key(std::int64_t key);
@@ -54,6 +56,11 @@ struct Field {
     std::string selected_text() const;
     bool can_have_focus() const { return kind != FieldKind::label && enabled && visible; }
 };
+
+/// Calls a function of a form; an empty one does nothing.
+inline void notify(const std::function<void()>& function) {
+    if (function) function();
+}
 
 struct Button {
     std::string name{};

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "platform/automation/ascii.h"
+#include "platform/automation/text_parts.h"
 #include "platform/automation/utf8.h"
 
 namespace prot {
@@ -58,10 +59,23 @@ bool is_number(std::string_view cell) {
     return digits > 0 && marks <= 1;
 }
 
-void append_doubled(std::string_view cell, std::string& out) {
-    for (const char byte : cell) {
-        if (byte == '"') out += '"';
-        out += byte;
+/// Whether a spreadsheet may take `cell` for a formula and run it: it begins with = + - @ TAB or CR and is
+/// not a number (optional sign, digits, at most one point or comma, at least one digit).
+bool looks_like_formula(std::string_view cell) { return begins_like_formula(cell) && !is_number(cell); }
+
+/// Each byte that is not part of a valid character becomes U+FFFD.
+void append_valid_utf8(std::string_view text, std::string& out) {
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at != end;) {
+        const std::size_t length = utf8_sequence(at, end).length;
+        if (length == 0) {
+            char replacement[4];
+            out.append(replacement, put_utf8(replacement, replacement_character));
+            ++at;
+        } else {
+            out.append(at, length);
+            at += length;
+        }
     }
 }
 
@@ -69,22 +83,6 @@ void append_doubled(std::string_view cell, std::string& out) {
 
 std::string_view byte_order_mark(CsvEncoding encoding) {
     return encoding == CsvEncoding::utf8_bom ? utf8_byte_order_mark : "";
-}
-
-bool looks_like_formula(std::string_view cell) { return begins_like_formula(cell) && !is_number(cell); }
-
-void append_valid_utf8(std::string_view text, std::string& out) {
-    const char* const end = text.data() + text.size();
-    for (const char* at = text.data(); at != end;) {
-        const std::size_t length = utf8_sequence(at, end).length;
-        if (length == 0) {
-            out += "\xEF\xBF\xBD";
-            ++at;
-        } else {
-            out.append(at, length);
-            at += length;
-        }
-    }
 }
 
 bool append_windows_1252(std::string_view text, std::string& out) {
@@ -155,7 +153,7 @@ void CsvLineEncoder::append_with_care(std::string_view cell, std::uint8_t cares,
     if (quoted) out += '"';
     if (guarded) out += guard;
     if ((cares & needs_doubling) != 0) {
-        append_doubled(cell, out);
+        append_doubled(out, cell, '"');
     } else {
         out += cell;
     }

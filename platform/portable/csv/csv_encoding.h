@@ -41,13 +41,6 @@ private:
 /// What a file of this encoding begins with; empty for most.
 std::string_view byte_order_mark(CsvEncoding encoding);
 
-/// Whether a spreadsheet may take `cell` for a formula and run it: it begins with = + - @ TAB or CR and is
-/// not a number (optional sign, digits, at most one point or comma, at least one digit).
-bool looks_like_formula(std::string_view cell);
-
-/// Appends `text` as valid UTF-8: each byte that is not part of a valid character (RFC 3629) becomes U+FFFD.
-void append_valid_utf8(std::string_view text, std::string& out);
-
 /// Appends `text`, which is UTF-8, in windows-1252. What that cannot hold, invalid bytes included, becomes
 /// "?"; then the result is true.
 bool append_windows_1252(std::string_view text, std::string& out);

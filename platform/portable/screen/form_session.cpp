@@ -6,14 +6,6 @@
 
 namespace prot {
 
-namespace {
-
-void notify(const std::function<void()>& handler) {
-    if (handler) handler();
-}
-
-}  // namespace
-
 FormSession::FormSession(Form& form) : form_(form) {
     form_.select_focus = false;
     enter(form_.focus);
@@ -107,22 +99,16 @@ void FormSession::press_in_choice(const Key& key) {
     if (list && (key.is(Key::Kind::left) || key.is(Key::Kind::right)))
         move(key.is(Key::Kind::right));
     else if (const std::optional<std::size_t> entry = entry_after(key))
-        select(entry);
+        field().choose(entry);
 }
 
 void FormSession::press_in_picker(const Key& key) {
     if (line_.press(key, field().longest)) {
         field().text = line_.text();
-        select(matches(target_).chosen(field().text, field().selected));
+        field().choose(matches(target_).chosen(field().text, field().selected));
     } else if (const std::optional<std::size_t> entry = match_after(key)) {
-        select(entry);
+        field().choose(entry);
     }
-}
-
-void FormSession::select(std::optional<std::size_t> entry) {
-    if (field().selected == entry) return;
-    field().selected = entry;
-    notify(field().changed);
 }
 
 /// The entry of a list or of options that a key leads to.

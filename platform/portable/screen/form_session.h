@@ -63,7 +63,6 @@ private:
     void press_in_text(const Key& key);
     void press_in_choice(const Key& key);
     void press_in_picker(const Key& key);
-    void select(std::optional<std::size_t> entry);
     std::optional<std::size_t> entry_after(const Key& key);
     std::optional<std::size_t> entry_typed(char32_t letter);
     std::optional<std::size_t> match_after(const Key& key);

@@ -16,7 +16,6 @@ public:
 
     /// The next character that is typed replaces the whole text.
     void select_all() { selected_ = !text_.empty(); }
-    void deselect() { selected_ = false; }
     bool selected() const { return selected_; }
 
     /// Types, deletes or moves the cursor. `longest`: most characters that fit. Whether the text changed.

@@ -53,7 +53,6 @@ public:
     /// The prepared form of `text`, valid until the next call.
     sqlite3_stmt* find_or_prepare(std::string_view text, std::string_view source);
 
-    std::size_t size() const { return shapes_.size(); }
     static constexpr std::size_t capacity = 64;
 
 private:

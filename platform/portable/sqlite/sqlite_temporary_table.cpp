@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/automation/ascii.h"
+#include "platform/automation/text_parts.h"
 #include "platform/portable/sqlite/sqlite_statements.h"
 
 namespace prot {
@@ -12,12 +13,9 @@ namespace prot {
 namespace {
 
 std::string quoted(std::string_view name) {
-    std::string result = "\"";
-    for (const char c : name) {
-        result += c;
-        if (c == '"') result += c;
-    }
-    return result + '"';
+    std::string result;
+    append_quoted(result, name, '"');
+    return result;
 }
 
 // A declared type that can be written as it is: words, and sizes in parentheses.

@@ -65,20 +65,10 @@ bool can_be_asked(const Field& field) {
     return field.can_have_focus() && (field.kind == FieldKind::text || !field.entries.empty());
 }
 
-void notify(const std::function<void()>& handler) {
-    if (handler) handler();
-}
-
 std::string content(const Field& field) {
     if (field.kind == FieldKind::text) return field.text;
     if (field.kind != FieldKind::picker) return field.selected_text();
     return field.selected ? named(field.entries[*field.selected]) : std::string();
-}
-
-void select(Field& field, std::size_t entry) {
-    if (field.selected == entry) return;
-    field.selected = entry;
-    notify(field.changed);
 }
 
 }  // namespace
@@ -162,7 +152,7 @@ bool TerminalForms::take_text(Field& field, const std::string& answer) {
 bool TerminalForms::take_entry(Field& field, const std::string& answer) {
     if (answer.empty() && field.selected) return true;
     if (const std::optional<std::size_t> entry = find_entry(field, answer)) {
-        select(field, *entry);
+        field.choose(*entry);
         return true;
     }
     terminal_.write("„" + answer +
@@ -178,7 +168,7 @@ bool TerminalForms::take_picked(Field& field, const std::string& answer) {
     EntrySearch search;
     search.look_through(field.entries);
     if (const std::optional<std::size_t> entry = search.chosen(answer, std::nullopt)) {
-        select(field, *entry);
+        field.choose(*entry);
         return true;
     }
     const std::vector<std::size_t> matches = search.matches(answer);

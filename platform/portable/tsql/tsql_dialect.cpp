@@ -28,10 +28,10 @@ TsqlStatement TsqlTranslator::statement() {
         if (!temporary_table_.empty()) kind = TsqlStatement::Kind::fill_temporary_table;
     } else if (reader_.accept(Keyword::delete_)) {
         removal();
-        kind = TsqlStatement::Kind::removal;
+        kind = TsqlStatement::Kind::command;
     } else if (reader_.accept(Keyword::drop)) {
         drop();
-        kind = TsqlStatement::Kind::drop;
+        kind = TsqlStatement::Kind::command;
     } else {
         reader_.refuse_expecting("SELECT, DELETE oder DROP TABLE");
     }

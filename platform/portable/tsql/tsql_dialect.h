@@ -17,8 +17,7 @@ struct TsqlStatement {
         query,                 ///< SELECT
         fill_temporary_table,  ///< SELECT … INTO #t: `text` is the SELECT without INTO, `temporary_table` is
                                ///< #t
-        removal,  ///< DELETE
-        drop      ///< DROP TABLE of a temporary table
+        command  ///< DELETE, or DROP TABLE of a temporary table
     };
 
     Kind kind = Kind::query;

@@ -2,29 +2,16 @@
 
 #include <utility>
 
+#include "platform/automation/text_parts.h"
+
 namespace prot {
-
-namespace {
-
-void append_doubled(std::string& target, std::string_view text, char delimiter) {
-    target += delimiter;
-    for (std::size_t end = text.find(delimiter); end != std::string_view::npos; end = text.find(delimiter)) {
-        target += text.substr(0, end + 1);
-        target += delimiter;
-        text.remove_prefix(end + 1);
-    }
-    target += text;
-    target += delimiter;
-}
-
-}  // namespace
 
 void TsqlWriter::add(std::string_view token) {
     text_ += token;
     text_ += ' ';
 }
 
-void TsqlWriter::quote(std::string_view name) { append_doubled(text_, name, '"'); }
+void TsqlWriter::quote(std::string_view name) { append_quoted(text_, name, '"'); }
 
 void TsqlWriter::add_name(std::string_view name) {
     quote(name);
@@ -60,7 +47,7 @@ void TsqlWriter::add_text(std::string text) {
         parameters_.emplace_back(std::move(text));
         return add("?");
     }
-    append_doubled(text_, text, '\'');
+    append_quoted(text_, text, '\'');
     text_ += ' ';
 }
 

@@ -99,9 +99,10 @@ void show_enabled(HWND control, bool enabled) {
     if ((IsWindowEnabled(control) != FALSE) != enabled) EnableWindow(control, enabled);
 }
 
+bool is_shown(HWND control) { return (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0; }
+
 void show_visible(HWND control, bool visible) {
-    const bool is_shown = (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
-    if (is_shown != visible) ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
+    if (is_shown(control) != visible) ShowWindow(control, visible ? SW_SHOWNA : SW_HIDE);
 }
 
 void show_selected(HWND list, std::optional<std::size_t> selected) {
@@ -116,7 +117,7 @@ void show_checked(HWND option, bool checked) {
 
 void show_entries(HWND list, const std::vector<Entry>& entries, const TextMeasure& measure) {
     // Drawing that is switched on again would show a hidden control.
-    const bool drawn = (GetWindowLongPtrW(list, GWL_STYLE) & WS_VISIBLE) != 0;
+    const bool drawn = is_shown(list);
     if (drawn) SendMessageW(list, WM_SETREDRAW, FALSE, 0);
     SendMessageW(list, CB_RESETCONTENT, 0, 0);
     SendMessageW(list, CB_INITSTORAGE, entries.size(), 0);

@@ -26,6 +26,9 @@ ControlDescription describe_control(const Form& form, const FormControl& control
 /// The text so that a control shows each & of it.
 std::string literal_text(std::string_view text);
 
+/// Whether the control is switched to visible, whatever its window is.
+bool is_shown(HWND control);
+
 /// Each changes what the control shows only where it differs; switching does not move the focus.
 void show_text(HWND control, std::string_view text);
 void show_enabled(HWND control, bool enabled);

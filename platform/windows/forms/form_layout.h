@@ -14,8 +14,6 @@ namespace prot {
 struct Rectangle {
     int left = 0, top = 0, width = 0, height = 0;
 
-    int right() const { return left + width; }
-    int bottom() const { return top + height; }
     bool operator==(const Rectangle&) const = default;
 };
 

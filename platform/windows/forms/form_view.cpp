@@ -67,7 +67,7 @@ void FormView::follow_control(std::size_t number) {
     const FormControl& control = controls_[number];
     const HWND window = windows_[number];
     const bool visible = is_visible(form_, control);
-    const bool was_visible = (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+    const bool was_visible = is_shown(window);
     if (control.part == ControlPart::match_count)
         follow_match_count(number);
     else if (control.part == ControlPart::matches)

@@ -20,10 +20,6 @@ constexpr UINT settle_message = WM_APP + 1;
 /// The character of Ctrl+Backspace, which is none of a text.
 constexpr WPARAM deletes_word = 0x7F;
 
-void notify(const std::function<void()>& function) {
-    if (function) function();
-}
-
 }  // namespace
 
 FormWindow::~FormWindow() {
@@ -110,11 +106,11 @@ void FormWindow::command(WORD id, WORD notification) {
         control.part == ControlPart::field && form_.fields[control.index].kind == FieldKind::list;
     const bool text = control.part == ControlPart::field && !list;
     if (list && notification == CBN_SELCHANGE)
-        handle([=, this] { choose(control.index, selected_in(view_->window(number))); });
+        handle([=, this] { form_.fields[control.index].choose(selected_in(view_->window(number))); });
     else if (text && notification == EN_CHANGE)
         handle([=, this] { edit(control.index, text_in(view_->window(number))); });
     else if (control.part == ControlPart::option && notification == BN_CLICKED)
-        handle([=, this] { choose(control.index, control.entry); });
+        handle([=, this] { form_.fields[control.index].choose(control.entry); });
     else
         post_settle();
 }
@@ -154,19 +150,12 @@ void FormWindow::handle(Action action) {
     if (!form_.shown && dialog_) PostMessageW(dialog_, WM_NULL, 0, 0);
 }
 
-void FormWindow::choose(std::size_t index, std::optional<std::size_t> entry) {
-    Field& field = form_.fields[index];
-    if (field.selected == entry) return;
-    field.selected = entry;
-    notify(field.changed);
-}
-
 void FormWindow::edit(std::size_t index, std::string text) {
     Field& field = form_.fields[index];
     if (field.text == text) return;
     field.text = std::move(text);
     if (field.kind == FieldKind::picker)
-        return choose(index, view_->matches_of(index).chosen(field.text, field.selected));
+        return field.choose(view_->matches_of(index).chosen(field.text, field.selected));
     notify(field.changed);
 }
 
@@ -181,7 +170,7 @@ void FormWindow::press(const Button& button) {
 void FormWindow::settle() {
     for (std::size_t number = 0; number < view_->controls().size(); ++number) {
         if (!view_->holds_other_selection(number)) continue;
-        choose(view_->controls()[number].index, view_->selection_at(number));
+        form_.fields[view_->controls()[number].index].choose(view_->selection_at(number));
         // The controls behind it are compared when they show what the form says now.
         return post_settle();
     }
@@ -236,14 +225,15 @@ bool FormWindow::move_in_picker(const MSG& message, const KeyStroke& stroke) {
     const auto number = view_->number_of(message.hwnd);
     if (!number || stroke.shift || stroke.control || stroke.alt) return false;
     const auto [part, index, entry] = view_->controls()[*number];
-    if (part != ControlPart::field || form_.fields[index].kind != FieldKind::picker) return false;
+    if (part != ControlPart::field) return false;
+    Field& field = form_.fields[index];
+    if (field.kind != FieldKind::picker) return false;
     const int page = view_->page_of(index);
     const std::pair<int, int> steps[] = {{VK_UP, -1}, {VK_DOWN, 1}, {VK_PRIOR, -page}, {VK_NEXT, page}};
     const auto step = std::ranges::find(steps, stroke.code, &std::pair<int, int>::first);
     if (step == std::end(steps)) return false;
-    handle([&, field = index] {
-        choose(field, view_->matches_of(field).moved(form_.fields[field].selected, step->second));
-    });
+    handle(
+        [&, place = index] { field.choose(view_->matches_of(place).moved(field.selected, step->second)); });
     return true;
 }
 
@@ -267,7 +257,7 @@ bool FormWindow::preview_letter(const MSG& message) {
     const auto entry = type_ahead_.typed(letter, now, field.entries, selected_in(message.hwnd));
     if (!entry) return true;
     show_selected(message.hwnd, entry);
-    handle([&] { choose(view_->controls()[*number].index, entry); });
+    handle([&] { field.choose(entry); });
     return true;
 }
 

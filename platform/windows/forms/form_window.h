@@ -39,7 +39,6 @@ private:
 
     template <class Action>
     void handle(Action action);
-    void choose(std::size_t field, std::optional<std::size_t> entry);
     void edit(std::size_t field, std::string text);
     void press(const Button& button);
     void settle();

@@ -14,8 +14,8 @@ public:
 
     void gSetFortschritt(std::int32_t lZeile, std::int32_t lLetzte) override {
         // By reference, as the parameters of a host's procedure are when it does not say otherwise.
-        long lIndex = lZeile, lAnzahl = lLetzte;
-        object_.call("gSetFortschritt", {reference(lIndex), reference(lAnzahl)});
+        long row = lZeile, end = lLetzte;
+        object_.call("gSetFortschritt", {reference(row), reference(end)});
     }
 
 private:

@@ -5,13 +5,13 @@
 
 #include "platform/windows/com/bstr.h"
 #include "platform/windows/com/late_bound_object.h"
+#include "platform/windows/host/suite_components.h"
 #include "platform/windows/text/wide_text.h"
 
 namespace prot {
 
 namespace {
 
-constexpr std::string_view component_name = "srvZQ.ZQHelpClass";
 constexpr std::string_view known_name = "gShowHelp";
 
 /// How the show-help operation is called.
@@ -100,7 +100,7 @@ private:
 
 bool show_help(const ComPtr<IDispatch>& component, std::string_view map_file, std::string_view help_id) {
     const ShowHelp help = show_help_of(component);
-    LateBoundObject object(component, std::string(component_name));
+    LateBoundObject object(component, std::string(help_class));
     const Bstr file(map_file), id(help_id);
     if (help.answers) {
         const Variant answer = object.call(help.name, {argument(file.borrow()), argument(id.borrow())});

@@ -5,6 +5,7 @@
 #include "platform/automation/error.h"
 #include "platform/windows/com/bstr.h"
 #include "platform/windows/com/com_error.h"
+#include "platform/windows/com/com_ptr.h"
 #include "platform/windows/com/late_bound_object.h"
 #include "platform/windows/host/show_help_member.h"
 #include "platform/windows/text/wide_text.h"
@@ -25,6 +26,17 @@ HRESULT create(std::string_view program_id, ComPtr<IDispatch>& object) {
     result = CoCreateInstance(class_id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_IDispatch,
                               reinterpret_cast<void**>(object.receive()));
     return SUCCEEDED(result) && !object ? E_NOINTERFACE : result;
+}
+
+/// A new object of the class; one that cannot be created is an error that names it and says why.
+ComPtr<IDispatch> create_component(std::string_view program_id) {
+    ComPtr<IDispatch> object;
+    const HRESULT result = create(program_id, object);
+    if (FAILED(result))
+        throw AutomationError(error_not_created, std::string(),
+                              "Die Komponente " + std::string(program_id) +
+                                  " lässt sich nicht erstellen: " + system_text(result));
+    return object;
 }
 
 class SuiteErrorDisplay : public ErrorDisplay {
@@ -58,16 +70,6 @@ private:
 };
 
 }  // namespace
-
-ComPtr<IDispatch> create_component(std::string_view program_id) {
-    ComPtr<IDispatch> object;
-    const HRESULT result = create(program_id, object);
-    if (FAILED(result))
-        throw AutomationError(error_not_created, std::string(),
-                              "Die Komponente " + std::string(program_id) +
-                                  " lässt sich nicht erstellen: " + system_text(result));
-    return object;
-}
 
 bool is_registered(std::string_view program_id) {
     CLSID class_id = {};

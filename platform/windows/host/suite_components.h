@@ -1,20 +1,14 @@
 #pragma once
 
-#include <oaidl.h>
-
 #include <memory>
 #include <string_view>
 
 #include "platform/error_display.h"
 #include "platform/help_display.h"
-#include "platform/windows/com/com_ptr.h"
 
-/// The suite's own components, created by their programmatic identifiers.
+/// The suite's own components, created by their programmatic identifiers. One that cannot be created:
+/// automation error 429, which names it and says why.
 namespace prot {
-
-/// A new object of the class `program_id`. One that cannot be created: automation error 429, which names it
-/// and says why.
-ComPtr<IDispatch> create_component(std::string_view program_id);
 
 /// Whether the system knows a class of that name.
 bool is_registered(std::string_view program_id);

@@ -20,5 +20,19 @@ TEST(TextParts, SplitKeepsEmptyParts) {
     EXPECT_EQ(split("/a//b/", '/'), (Parts{"", "a", "", "b", ""}));
 }
 
+TEST(TextParts, AppendsEachDelimiterTwice) {
+    std::string text = "x";
+    append_doubled(text, "a\"b\"\"", '"');
+    EXPECT_EQ(text, "xa\"\"b\"\"\"\"");
+    append_doubled(text, "", '"');
+    EXPECT_EQ(text, "xa\"\"b\"\"\"\"");
+}
+
+TEST(TextParts, QuotesBehindWhatIsThere) {
+    std::string text = "N";
+    append_quoted(text, "it's", '\'');
+    EXPECT_EQ(text, "N'it''s'");
+}
+
 }  // namespace
 }  // namespace prot

@@ -43,5 +43,18 @@ TEST(Form, SelectingAKeyThatIsNotThereChangesNothing) {
     EXPECT_EQ(field.selected_text(), "y");
 }
 
+TEST(Form, HearsOfAChoiceOnlyWhenItIsAnotherEntry) {
+    int changes = 0;
+    Field field{.entries = {{1, "a"}, {2, "b"}}, .changed = [&] { ++changes; }};
+    field.choose(1);
+    EXPECT_EQ(field.selected, 1U);
+    field.choose(1);
+    EXPECT_EQ(changes, 1);
+    field.choose(std::nullopt);
+    EXPECT_EQ(changes, 2);
+    field.changed = nullptr;
+    EXPECT_NO_THROW(field.choose(0));
+}
+
 }  // namespace
 }  // namespace prot

@@ -95,7 +95,7 @@ TEST(TsqlDialect, KeepsSingleValueSubqueries) {
 TEST(TsqlDialect, AddsFromToDelete) {
     EXPECT_EQ(translated("DELETE T WHERE a = 1"), R"(DELETE FROM "T" WHERE "a" = ?)");
     EXPECT_EQ(translated("delete from T"), R"(DELETE FROM "T")");
-    EXPECT_EQ(translate_one("DELETE T").kind, TsqlStatement::Kind::removal);
+    EXPECT_EQ(translate_one("DELETE T").kind, TsqlStatement::Kind::command);
 }
 
 TEST(TsqlDialect, SaysWhatKindAStatementIs) {

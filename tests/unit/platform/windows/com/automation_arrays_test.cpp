@@ -5,8 +5,8 @@
 #include "platform/windows/com/automation_values.h"
 #include "platform/windows/com/bstr.h"
 #include "platform/windows/com/late_bound_object.h"
-#include "platform/windows/com/safe_array.h"
 #include "tests/unit/platform/windows/com/com_doubles.h"
+#include "tests/unit/platform/windows/com/safe_array.h"
 
 namespace prot {
 namespace {

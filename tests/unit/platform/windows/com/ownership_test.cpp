@@ -2,7 +2,6 @@
 
 #include "platform/windows/com/bstr.h"
 #include "platform/windows/com/com_ptr.h"
-#include "platform/windows/com/safe_array.h"
 #include "platform/windows/com/variant.h"
 #include "tests/unit/platform/windows/com/com_doubles.h"
 
@@ -19,14 +18,6 @@ VARIANT variant_of(PlainObject& object) {
     variant.pdispVal = &object;
     object.AddRef();
     return variant;
-}
-
-/// An array of one such variant.
-SAFEARRAY* array_of(PlainObject& object) {
-    SAFEARRAY* const array = SafeArrayCreateVector(VT_DISPATCH, 0, 1);
-    LONG index = 0;
-    SafeArrayPutElement(array, &index, static_cast<IDispatch*>(&object));
-    return array;
 }
 
 TEST(ComPtr, AdoptTakesOverAReference) {
@@ -149,41 +140,6 @@ TEST(Variant, ReceiveClearsTheOldValue) {
     EXPECT_EQ(place->vt, VT_EMPTY);
     *place = test::long_variant(7);
     EXPECT_EQ(owner.borrow().lVal, 7);
-}
-
-TEST(SafeArray, AdoptTakesOverTheElements) {
-    PlainObject object;
-    { const SafeArray owner = SafeArray::adopt(array_of(object)); }
-    EXPECT_EQ(object.references, 1U);
-}
-
-TEST(SafeArray, BorrowLeavesTheArrayWithItsOwner) {
-    PlainObject object;
-    SAFEARRAY* const raw = array_of(object);
-    const SafeArray owner = SafeArray::adopt(raw);
-    EXPECT_EQ(owner.borrow(), raw);
-    EXPECT_EQ(object.references, 2U);
-}
-
-TEST(SafeArray, ReleaseGivesTheArrayAway) {
-    PlainObject object;
-    SafeArray owner = SafeArray::adopt(array_of(object));
-    SAFEARRAY* const released = owner.release();
-    EXPECT_EQ(owner.borrow(), nullptr);
-    EXPECT_EQ(object.references, 2U);
-    SafeArrayDestroy(released);
-    EXPECT_EQ(object.references, 1U);
-}
-
-TEST(SafeArray, ReceiveDestroysTheOldArray) {
-    PlainObject object;
-    SafeArray owner = SafeArray::adopt(array_of(object));
-    SAFEARRAY** const place = owner.receive();
-    EXPECT_EQ(object.references, 1U);
-    EXPECT_EQ(*place, nullptr);
-    *place = array_of(object);
-    const SafeArray moved = std::move(owner);
-    EXPECT_EQ(object.references, 2U);
 }
 
 }  // namespace

@@ -44,14 +44,17 @@ struct Arranged {
     }
 };
 
+int right_of(const Rectangle& rectangle) { return rectangle.left + rectangle.width; }
+int bottom_of(const Rectangle& rectangle) { return rectangle.top + rectangle.height; }
+
 bool is_inside(const Rectangle& inner, const Rectangle& outer) {
-    return inner.left >= outer.left && inner.top >= outer.top && inner.right() <= outer.right() &&
-           inner.bottom() <= outer.bottom();
+    return inner.left >= outer.left && inner.top >= outer.top && right_of(inner) <= right_of(outer) &&
+           bottom_of(inner) <= bottom_of(outer);
 }
 
 bool overlap(const Rectangle& one, const Rectangle& other) {
-    return one.left < other.right() && other.left < one.right() && one.top < other.bottom() &&
-           other.top < one.bottom();
+    return one.left < right_of(other) && other.left < right_of(one) && one.top < bottom_of(other) &&
+           other.top < bottom_of(one);
 }
 
 class FormLayoutAt : public testing::TestWithParam<int> {
@@ -102,15 +105,15 @@ TEST_P(FormLayoutAt, ALabelHasRoomForItsText) {
 TEST_P(FormLayoutAt, ALabelStandsBeforeItsField) {
     const Rectangle label = arranged.place({ControlPart::label, 1});
     const Rectangle field = arranged.place({ControlPart::field, 1});
-    EXPECT_LT(label.right(), field.left);
+    EXPECT_LT(right_of(label), field.left);
     EXPECT_GE(label.top, field.top);
-    EXPECT_LE(label.bottom(), field.bottom());
+    EXPECT_LE(bottom_of(label), bottom_of(field));
 }
 
 TEST_P(FormLayoutAt, FieldsStandInOneColumn) {
     EXPECT_EQ(arranged.place({ControlPart::field, 1}).left, arranged.place({ControlPart::field, 3}).left);
-    EXPECT_EQ(arranged.place({ControlPart::field, 1}).right(),
-              arranged.place({ControlPart::field, 3}).right());
+    EXPECT_EQ(right_of(arranged.place({ControlPart::field, 1})),
+              right_of(arranged.place({ControlPart::field, 3})));
     EXPECT_EQ(arranged.place({ControlPart::option, 0, 1}).left, arranged.place({ControlPart::field, 1}).left);
 }
 
@@ -133,17 +136,17 @@ TEST_P(FormLayoutAt, APickerStandsFromTopToBottomInItsGroup) {
     const Rectangle line = arranged.place({ControlPart::field, 6});
     const Rectangle count = arranged.place({ControlPart::match_count, 6});
     const Rectangle matches = arranged.place({ControlPart::matches, 6});
-    EXPECT_LT(label.right(), line.left);
-    EXPECT_LE(label.bottom(), line.bottom());
+    EXPECT_LT(right_of(label), line.left);
+    EXPECT_LE(bottom_of(label), bottom_of(line));
     EXPECT_EQ(line.height, arranged.place({ControlPart::field, 1}).height);
-    EXPECT_GE(count.top, line.bottom());
+    EXPECT_GE(count.top, bottom_of(line));
     EXPECT_GE(count.height, arranged.font.unit_height());
-    EXPECT_GE(matches.top, count.bottom());
+    EXPECT_GE(matches.top, bottom_of(count));
     EXPECT_GE(matches.height, 6 * arranged.font.unit_height());
     EXPECT_TRUE(is_inside(matches, arranged.place({ControlPart::frame, 2})));
     for (const Rectangle& part : {count, matches}) {
         EXPECT_EQ(part.left, line.left);
-        EXPECT_EQ(part.right(), line.right());
+        EXPECT_EQ(right_of(part), right_of(line));
     }
 }
 
@@ -179,7 +182,7 @@ TEST(FormLayout, IsAsWideAsItMustBe) {
     const Arranged free(96), wide(96, 900);
     EXPECT_EQ(wide.layout.width, 900);
     EXPECT_LT(free.layout.width, 900);
-    EXPECT_EQ(wide.place({ControlPart::cancel}).right(), wide.place({ControlPart::frame, 0}).right());
+    EXPECT_EQ(right_of(wide.place({ControlPart::cancel})), right_of(wide.place({ControlPart::frame, 0})));
 }
 
 TEST(FormLayout, AWordThatIsLongerThanALineIsNotCut) {
@@ -206,7 +209,7 @@ TEST(FormLayout, AWindowWithoutFieldsHasItsButtons) {
     const FormLayout layout = layout_form(form, controls_of(form), FixedFont(96), 0);
     ASSERT_EQ(layout.places.size(), 2U);
     EXPECT_FALSE(overlap(layout.places[0], layout.places[1]));
-    EXPECT_GT(layout.height, layout.places[0].bottom());
+    EXPECT_GT(layout.height, bottom_of(layout.places[0]));
 }
 
 TEST(FormControls, ComeInTheOrderOfTheTabKey) {

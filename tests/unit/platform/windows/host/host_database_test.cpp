@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/windows/com/bstr.h"
-#include "platform/windows/com/safe_array.h"
 #include "tests/unit/platform/windows/com/com_doubles.h"
 
 namespace prot {
