@@ -102,8 +102,8 @@ TEST(TsqlDialect, SaysWhatKindAStatementIs) {
     EXPECT_EQ(translate_one("SELECT 1").kind, TsqlStatement::Kind::query);
     EXPECT_EQ(translate_one("(SELECT 1)").kind, TsqlStatement::Kind::query);
     EXPECT_EQ(translate_one("SELECT a INTO #t FROM T").kind, TsqlStatement::Kind::fill_temporary_table);
-    EXPECT_EQ(translate_one("DELETE #t").kind, TsqlStatement::Kind::removal);
-    EXPECT_EQ(translate_one("DROP TABLE #t").kind, TsqlStatement::Kind::drop);
+    EXPECT_EQ(translate_one("DELETE #t").kind, TsqlStatement::Kind::command);
+    EXPECT_EQ(translate_one("DROP TABLE #t").kind, TsqlStatement::Kind::command);
 }
 
 TEST(TsqlDialect, LooksForTemporaryTablesInTheTemporarySchemaOnly) {
