@@ -59,10 +59,14 @@ TEST(TextForms, ValReadsTheLeadingNumberWithADecimalPoint) {
         {"1.5x", 1.5, "stops at a letter"},
         {"1,5", 1, "a comma ends it"},
         {" 1 2 3", 123, "blanks are ignored"},
+        {"\t1\t2\n3", 123, "tabs and line feeds too"},
+        {"1\r2", 1, "a carriage return ends it"},
         {"- 7", -7, "a blank after the sign"},
         {"1e2", 100, "exponent"},
         {"1E+2", 100, "signed exponent"},
         {"1D-2", 0.01, "exponent letter D"},
+        {"1d2", 100, "small exponent letter d"},
+        {"1e2e3", 100, "second exponent ends it"},
         {"1e", 1, "exponent without digits"},
         {"1.2.3", 1.2, "second point ends it"},
         {".5", 0.5, "leading point"},
@@ -132,8 +136,28 @@ TEST(TextForms, ReadsTheGermanDateFormBack) {
 }
 
 TEST(TextForms, RefusesWhatIsNoDate) {
-    for (const char* text : {"", "x", "31.02.2026", "29.02.2026", "1.1.26", "2026-03-05", "05.03.2026x",
-                             "24:00:00", "05.03.2026 12:60", "05/03/2026", "12:3"}) {
+    for (const char* text : {"",
+                             "x",
+                             "31.02.2026",
+                             "29.02.2026",
+                             "1.1.26",
+                             "2026-03-05",
+                             "05.03.2026x",
+                             "24:00:00",
+                             "05.03.2026 12:60",
+                             "05/03/2026",
+                             "12:3",
+                             "12:30:5",
+                             "12:30:60",
+                             "12:30:",
+                             "123:00",
+                             "0.3.2026",
+                             "5.0.2026",
+                             "5.13.2026",
+                             "05.03.2026  12:00",
+                             "005.03.2026",
+                             "5.3.20260",
+                             "5.3.0099"}) {
         try {
             to_date(std::string_view(text));
             ADD_FAILURE() << text;
