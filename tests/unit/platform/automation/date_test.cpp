@@ -34,18 +34,43 @@ TEST(Date, MovesAcrossTheNullDateInSeconds) {
 }
 
 TEST(Date, KnowsWhichDaysExist) {
-    EXPECT_TRUE(is_valid({2000, 2, 29}));
-    EXPECT_FALSE(is_valid({1900, 2, 29}));
-    EXPECT_FALSE(is_valid({2026, 4, 31}));
-    EXPECT_FALSE(is_valid({2026, 13, 1}));
-    EXPECT_FALSE(is_valid({2026, 0, 1}));
-    EXPECT_FALSE(is_valid({2026, 257, 1}));
-    EXPECT_FALSE(is_valid({2026, -255, 1}));
-    EXPECT_FALSE(is_valid({2026, 1, 0}));
-    EXPECT_FALSE(is_valid({2026, 1, 257}));
-    EXPECT_FALSE(is_valid({99, 1, 1}));
-    EXPECT_FALSE(is_valid({10000, 1, 1}));
-    EXPECT_FALSE(is_valid({2026, 1, 1, 24}));
+    constexpr int last_days[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    for (int month = 1; month <= 12; ++month) {
+        EXPECT_TRUE(is_valid({2026, month, 1})) << month;
+        EXPECT_FALSE(is_valid({2026, month, 0})) << month;
+        EXPECT_TRUE(is_valid({2026, month, last_days[month - 1]})) << month;
+        EXPECT_FALSE(is_valid({2026, month, last_days[month - 1] + 1})) << month;
+    }
+    for (const int leap : {2000, 2024, 400}) EXPECT_TRUE(is_valid({leap, 2, 29})) << leap;
+    for (const int common : {1900, 2026, 2100}) EXPECT_FALSE(is_valid({common, 2, 29})) << common;
+}
+
+TEST(Date, KnowsItsYearsMonthsAndTimes) {
+    const struct {
+        CivilTime last_good, bad;
+    } rows[] = {
+        {{100, 1, 1}, {99, 12, 31}},
+        {{9999, 12, 31}, {10000, 1, 1}},
+        {{2026, 1, 1}, {2026, 0, 1}},
+        {{2026, 12, 1}, {2026, 13, 1}},
+        {{2026, 1, 1, 0}, {2026, 1, 1, -1}},
+        {{2026, 1, 1, 23}, {2026, 1, 1, 24}},
+        {{2026, 1, 1, 0, 0}, {2026, 1, 1, 0, -1}},
+        {{2026, 1, 1, 0, 59}, {2026, 1, 1, 0, 60}},
+        {{2026, 1, 1, 0, 0, 0}, {2026, 1, 1, 0, 0, -1}},
+        {{2026, 1, 1, 0, 0, 59}, {2026, 1, 1, 0, 0, 60}},
+    };
+    for (const auto& [good, bad] : rows) {
+        for (const auto& [civil, valid] : {std::pair{good, true}, std::pair{bad, false}})
+            EXPECT_EQ(is_valid(civil), valid) << civil.year << " " << civil.month << " " << civil.hour << " "
+                                              << civil.minute << " " << civil.second;
+    }
+}
+
+TEST(Date, TakesNoNumberForAMonthOrDayThatAByteCutsToOne) {
+    for (const CivilTime& civil :
+         {CivilTime{2026, 257, 1}, CivilTime{2026, -255, 1}, CivilTime{2026, 1, 257}})
+        EXPECT_FALSE(is_valid(civil)) << civil.month << " " << civil.day;
 }
 
 TEST(Date, OverflowsOutsideItsYears) {

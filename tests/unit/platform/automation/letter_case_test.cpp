@@ -38,6 +38,34 @@ TEST(LetterCase, LeavesBytesThatAreNotUtf8) {
     EXPECT_EQ(to_lower("\xC0\x81Ä"), "\xC0\x81ä");
 }
 
+TEST(LetterCase, KnowsTheFirstAndLastPairOfEachRange) {
+    const struct {
+        const char *capitals, *small, *why;
+    } rows[] = {
+        {"AZ", "az", "Basic Latin"},
+        {"ÀÖØÞ", "àöøþ", "Latin-1"},
+        {"ĀĮĲĶĹŇŊŶŸŹŽ", "āįĳķĺňŋŷÿźž", "Latin Extended-A"},
+        {"ǍǛǞǮǸȞȢȲ", "ǎǜǟǯǹȟȣȳ", "Latin Extended-B"},
+        {"ΆΈΊΌΎΏΑΡΣΫ", "άέίόύώαρσϋ", "Greek"},
+        {"ЀЏАЯѠҀҊҾӁӍӐԮ", "ѐџаяѡҁҋҿӂӎӑԯ", "Cyrillic"},
+        {"ԱՖ", "աֆ", "Armenian"},
+        {"ḀẔẠỾ", "ḁẕạỿ", "Latin Extended Additional"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(to_lower(row.capitals), row.small) << row.why;
+        EXPECT_EQ(to_upper(row.small), row.capitals) << row.why;
+    }
+}
+
+TEST(LetterCase, LeavesWhatStandsBetweenTheRanges) {
+    for (const char* text : {"@[`{", "×÷", "ßĸŉ", "ǰ", "ΐ΢΅·", "҂҉", "԰՗", "ẖẟ"}) {
+        for (const char32_t c : decode_utf8(text)) {
+            EXPECT_EQ(to_lower(c), c) << text;
+            EXPECT_EQ(to_upper(c), c) << text;
+        }
+    }
+}
+
 TEST(LetterCase, UpperIsTheReverseOfLower) {
     for (char32_t c = 0; c < 0x2000; ++c) {
         if (to_lower(c) != c) {

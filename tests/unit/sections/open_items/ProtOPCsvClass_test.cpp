@@ -59,10 +59,24 @@ protected:
     }
     void log(const std::string& document, std::int64_t event = 1,
              const Value& moment = to_date(CivilTime{2026, 3, 5, 14, 7, 9})) {
-        oDBU.answers[main_query] = {{std::int64_t{1}, std::string("OFFENER_POSTEN"), std::string("WS-07"),
-                                     std::string("Müller"), moment, event, document, std::string("sa"),
-                                     std::string("srvOp"), std::int64_t{5}, Value(), Value(), Value(),
-                                     Value()}};
+        oDBU.answers[main_query] = {row(5, document, event, moment)};
+    }
+    static Row row(std::int64_t item, const std::string& document, std::int64_t event = 1,
+                   const Value& moment = to_date(CivilTime{2026, 3, 5, 14, 7, 9})) {
+        return {std::int64_t{900},
+                std::string("OFFENER_POSTEN"),
+                std::string("WS-07"),
+                std::string("Müller"),
+                moment,
+                event,
+                document,
+                std::string("sa"),
+                std::string("srvOp"),
+                item,
+                std::int64_t{3001},
+                std::int64_t{3002},
+                std::int64_t{3003},
+                std::int64_t{3004}};
     }
     void run(const std::string& parameters = "/autostart") {
         exporter.psCommandline = parameters;
@@ -99,6 +113,60 @@ TEST_F(ItemExport, SuppressedFieldsStaySuppressedInLowerCase) {
     EXPECT_EQ(lines().size(), 2U);
 }
 
+TEST_F(ItemExport, SuppressesEachTechnicalFieldEvenWhereItHasACaption) {
+    for (const char* field :
+         {"BU_ID", "BUS_ID", "OP_ID", "WJ_ID", "OP_DATUM", "OP_MITARBEITER", "OP_AUSGLEICH_NR"}) {
+        host.written.files.clear();
+        oDBU.answers[caption_query(field)] = {{std::string("Technisch")}};
+        host.documents["field"] = {{field, "1", "2"}};
+        log("field");
+        run();
+        EXPECT_EQ(lines().size(), 2U) << field;
+    }
+}
+
+TEST_F(ItemExport, AsksForEachItemOnceInARun) {
+    const std::string other_item =
+        "SELECT OP_SKNR, OP_BELEG2, OP_DATUM_BELEG FROM OFFENER_POSTEN WHERE OP_ID = 6";
+    oDBU.answers[other_item] = {{std::int64_t{10001}, std::string("RE-18"), to_date(CivilTime{2026, 1, 16})}};
+    oDBU.answers[main_query] = {row(5, "large"), row(6, "large"), row(5, "large"), row(6, "large")};
+    run();
+    Lines described;
+    for (std::size_t i = 2; i < lines().size(); i += 2)
+        described.emplace_back(lines()[i].begin(), lines()[i].begin() + 3);
+    EXPECT_EQ(described, (Lines{{"10000", "RE-17", "15.01.2026"},
+                                {"10001", "RE-18", "16.01.2026"},
+                                {"10000", "RE-17", "15.01.2026"},
+                                {"10001", "RE-18", "16.01.2026"}}));
+    EXPECT_EQ(std::ranges::count(oDBU.statements, std::string("array: ") + item_query), 1);
+    EXPECT_EQ(std::ranges::count(oDBU.statements, "array: " + other_item), 1);
+}
+
+TEST_F(ItemExport, AnItemWithTooFewColumnsIsAnError) {
+    oDBU.answers[item_query] = {{std::int64_t{10000}, std::string("RE-17")}};
+    try {
+        run();
+        FAIL();
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.description(), "Das Abfrageergebnis hat 2 Spalten statt 3.");
+        EXPECT_EQ(error.source(),
+                  "000100000000|srvprotqrbcsv|srvProtQRBCsv\r\nProtOPCsvClass.mGetOPInfos\r\n"
+                  "ProtOPCsvClass.mbAusgabeCSV\r\nProtOPCsvClass.gCSVAusgabe");
+    }
+}
+
+TEST_F(ItemExport, ItsFormOffersAllCollectivelyToADeletionOnly) {
+    for (const bool deletion : {false, true}) {
+        host.person = [deletion](Form& form) {
+            EXPECT_EQ(form.field("cboMandant").entries.size(), deletion ? 3U : 2U);
+            form.cancel.click();
+        };
+        exporter.pbLoeschen = deletion;
+        run("");
+    }
+    EXPECT_EQ(host.forms_shown, 2);
+}
+
 TEST_F(ItemExport, AValueOutside32BitsStaysAsLogged) {
     log("large");
     run();
@@ -112,6 +180,10 @@ TEST_F(ItemExport, AChangeWithoutMomentIsWrittenAsLogged) {
     EXPECT_EQ(lines().at(2)[3], "");
     EXPECT_EQ(lines().at(2)[7], "1");
     EXPECT_EQ(lines().at(2)[8], "2");
+    host.written.files.clear();
+    log("kind", 1, std::string());
+    run();
+    EXPECT_EQ(lines().at(2)[7], "1") << "an empty text is no moment either";
 }
 
 TEST_F(ItemExport, AnEventOutside0To2EndsTheRun) {

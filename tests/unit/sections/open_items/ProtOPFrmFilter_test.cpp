@@ -65,6 +65,8 @@ protected:
         oDBU.answers[years_statement(" = 7")] = {year(31, 2026, 1), year(30, 2025, 1),
                                                  year(32, 2027, 2, std::string("Plan A")), year(33, 2028, 2),
                                                  year(34, 2026, 4)};
+        oDBU.answers[years_statement(" = 9")] = {
+            {std::int64_t{51}, Date{45658}, Date{46022}, std::int64_t{1}, Value(), std::int64_t{9}}};
         oDBU.answers[clients] = {{std::int64_t{7}, std::int64_t{10001}, std::string("Maier")},
                                  {std::int64_t{9}, std::int64_t{10002}, std::string("Schulz")}};
         oDBU.answers[offices] = {{std::int64_t{8}, std::int64_t{123}, std::string("Kanzlei Nord")}};
@@ -79,9 +81,14 @@ protected:
         filter = form.sFilter();
         return true;
     }
-    static void choose(Form& form, const char* field, std::size_t entry) {
+    static void choose(Form& form, const char* field, std::optional<std::size_t> entry) {
         form.field(field).selected = entry;
         if (form.field(field).changed) form.field(field).changed();
+    }
+    static std::vector<std::string> year_texts(const Form& form) {
+        std::vector<std::string> texts;
+        for (const Entry& entry : form.field("cboWirtschaftsjahr").entries) texts.push_back(entry.text);
+        return texts;
     }
     static void enter(Form& form, const char* from, const char* to) {
         form.field("txtKLNr(0)").text = from;
@@ -117,12 +124,11 @@ TEST_F(ItemFilter, TakesTheChosenClientWithAllItsFiscalYears) {
     host.person = [](Form& form) {
         choose(form, "ctlMandant", 0);
         EXPECT_TRUE(form.ok.enabled);
-        std::vector<std::string> years;
-        for (const Entry& entry : form.field("cboWirtschaftsjahr").entries) years.push_back(entry.text);
-        EXPECT_EQ(years, (std::vector<std::string>{
-                             "Alle Wirtschaftsjahre", "01.01.2026 - 31.12.2026", "01.01.2025 - 31.12.2025",
-                             "01.01.2027 - 31.12.2027 (Plan A)", "01.01.2028 - 31.12.2028 (Planjahr)",
-                             "01.01.2026 - 31.12.2026 (Konz)"}));
+        EXPECT_EQ(year_texts(form),
+                  (std::vector<std::string>{"Alle Wirtschaftsjahre", "01.01.2026 - 31.12.2026",
+                                            "01.01.2025 - 31.12.2025", "01.01.2027 - 31.12.2027 (Plan A)",
+                                            "01.01.2028 - 31.12.2028 (Planjahr)",
+                                            "01.01.2026 - 31.12.2026 (Konz)"}));
         form.ok.click();
     };
     EXPECT_TRUE(ask());
@@ -153,6 +159,152 @@ TEST_F(ItemFilter, AnotherKindOffersItsOwnAndForgetsTheClient) {
         form.cancel.click();
     };
     ask();
+}
+
+TEST_F(ItemFilter, AnotherClientHasItsOwnFiscalYears) {
+    host.person = [](Form& form) {
+        choose(form, "ctlMandant", 0);
+        choose(form, "cboWirtschaftsjahr", 2);
+        choose(form, "ctlMandant", 1);
+        EXPECT_EQ(year_texts(form),
+                  (std::vector<std::string>{"Alle Wirtschaftsjahre", "01.01.2025 - 31.12.2025"}));
+        EXPECT_EQ(form.field("cboWirtschaftsjahr").selected, 0U) << "the year of the client before is gone";
+        form.ok.click();
+    };
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(where, " WHERE OP_SkNr BETWEEN 10000 AND 10001 AND  WJ_ID IN (51)");
+    EXPECT_EQ(filter, "Mandant: 10002 Schulz, von Konto: 10000 bis Konto: 10001");
+}
+
+TEST_F(ItemFilter, AClientClearedAgainLeavesNoFiscalYears) {
+    host.person = [](Form& form) {
+        choose(form, "ctlMandant", 0);
+        choose(form, "cboWirtschaftsjahr", 1);
+        choose(form, "ctlMandant", std::nullopt);
+        EXPECT_EQ(year_texts(form), std::vector<std::string>{"Alle Wirtschaftsjahre"});
+        EXPECT_EQ(form.field("cboWirtschaftsjahr").selected, 0U);
+        EXPECT_FALSE(form.ok.enabled);
+        form.cancel.click();
+    };
+    EXPECT_FALSE(ask());
+}
+
+TEST_F(ItemFilter, AKindSwitchedBehindAClientLeavesNoFiscalYears) {
+    host.person = [](Form& form) {
+        choose(form, "ctlMandant", 0);
+        choose(form, "cboWirtschaftsjahr", 3);
+        choose(form, "cboMandant", 1);
+        EXPECT_EQ(year_texts(form), std::vector<std::string>{"Alle Wirtschaftsjahre"});
+        EXPECT_EQ(form.field("cboWirtschaftsjahr").selected, 0U);
+        form.cancel.click();
+    };
+    EXPECT_FALSE(ask());
+}
+
+TEST_F(ItemFilter, AnAccountAloneIsARangeOfOne) {
+    host.person = [](Form& form) {
+        choose(form, "ctlMandant", 1);
+        enter(form, "10000", "10000");
+        form.ok.click();
+        EXPECT_FALSE(form.shown);
+    };
+    EXPECT_TRUE(ask());
+    EXPECT_TRUE(host.boxes.empty());
+    EXPECT_EQ(where, " WHERE OP_SkNr BETWEEN 10000 AND 10000 AND  WJ_ID IN (51)");
+    EXPECT_TRUE(ask("/autostart/vonkonto:5/biskonto:5"));
+    EXPECT_EQ(where, " WHERE OP_SkNr BETWEEN 5 AND 5");
+    EXPECT_TRUE(ask("/autostart/vonkonto:1/biskonto:1"));
+    EXPECT_EQ(where, " WHERE OP_SkNr BETWEEN 1 AND 1");
+    EXPECT_TRUE(ask("/autostart/vonkonto:999999999/biskonto:999999999"));
+    EXPECT_EQ(where, " WHERE OP_SkNr BETWEEN 999999999 AND 999999999");
+}
+
+TEST_F(ItemFilter, AllTogetherOfNobodyAsksForNoFiscalYears) {
+    deleting = true;
+    oDBU.answers.erase(everyone);
+    host.person = [](Form& form) {
+        choose(form, "cboMandant", 2);
+        EXPECT_EQ(year_texts(form), std::vector<std::string>{"Alle Wirtschaftsjahre"});
+        form.ok.click();
+    };
+    EXPECT_TRUE(ask());
+    EXPECT_EQ(oDBU.statements, (std::vector<std::string>{"array: " + clients, "array: " + everyone}));
+    EXPECT_EQ(where, " WHERE OP_SkNr BETWEEN 10000 AND 10001");
+}
+
+TEST_F(ItemFilter, AFormAskedAgainForgetsTheBatchTextBefore) {
+    open_items::ProtOPFrmFilter form(host.environment, false);
+    const auto ask_again = [&](const char* text) {
+        commandline = text;
+        EXPECT_TRUE(form.gbGetFilter(oDBU, commandline)) << text;
+        return form.sWhere();
+    };
+    EXPECT_EQ(ask_again("/autostart/mandant:10001/wirtschaftsjahr:01.01.2025 - 31.12.2025"),
+              " WHERE OP_SkNr BETWEEN 10000 AND 10001 AND  WJ_ID = 30");
+    EXPECT_EQ(ask_again("/autostart/mandant:10001"),
+              " WHERE OP_SkNr BETWEEN 10000 AND 10001 AND  WJ_ID IN (31, 30, 32, 33, 34)");
+    EXPECT_EQ(ask_again("/autostart/vonkonto:5"), " WHERE OP_SkNr BETWEEN 5 AND 10001");
+}
+
+TEST_F(ItemFilter, WritesFiscalYearsByTheirDaysTypeAndName) {
+    const struct {
+        Value from, to;
+        std::int64_t type;
+        Value name;
+        const char* text;
+        const char* why;
+    } rows[] = {
+        {Date{45658.5}, Date{46022.75}, 1, {}, "01.01.2025 - 31.12.2025", "the time of day does not count"},
+        {std::string("01.01.2025 08:30:00"),
+         std::string("31.12.2025"),
+         1,
+         {},
+         "01.01.2025 - 31.12.2025",
+         "days may be texts"},
+        {Value(), std::string(), 1, {}, " - ", "days that are missing"},
+        {Date{45658}, Value(), 1, std::string("Name"), "01.01.2025 - ",
+         "a name counts for a planned year only"},
+        {Date{45658}, Date{46022}, 2, std::string("Plan"), "01.01.2025 - 31.12.2025 (Plan)", "planned"},
+        {Date{45658}, Date{46022}, 2, std::string(), "01.01.2025 - 31.12.2025 (Planjahr)",
+         "planned, no name"},
+        {Date{45658}, Date{46022}, 3, {}, "01.01.2025 - 31.12.2025", "any other type"},
+        {Date{45658}, Date{46022}, 4, std::string("x"), "01.01.2025 - 31.12.2025 (Konz)", "of a group"},
+    };
+    for (const auto& row : rows) {
+        oDBU.answers[years_statement(" = 9")] = {
+            {std::int64_t{51}, row.from, row.to, row.type, row.name, std::int64_t{9}}};
+        host.person = [&row](Form& form) {
+            choose(form, "ctlMandant", 1);
+            ASSERT_EQ(year_texts(form).size(), 2U) << row.why;
+            EXPECT_EQ(year_texts(form)[1], row.text) << row.why;
+            form.cancel.click();
+        };
+        ask();
+    }
+}
+
+TEST_F(ItemFilter, FiscalYearsThatCannotBeReadAreAnErrorInBatchAndInTheForm) {
+    const auto refused_by = [this](const std::string& parameters) {
+        host.errors.clear();
+        EXPECT_FALSE(ask(parameters)) << parameters;
+        EXPECT_EQ(host.errors.size(), 1U);
+        return host.errors.empty() ? "" : host.errors[0].description + " " + host.errors[0].source;
+    };
+    host.person = [](Form& form) {
+        choose(form, "ctlMandant", 0);
+        EXPECT_FALSE(form.shown);
+    };
+    const std::string chain = "\r\nProtOPFrmFilter.mFuelleWJListe";
+    for (const char* parameters : {"", "/autostart/mandant:10001"}) {
+        oDBU.failures.clear();
+        oDBU.answers[years_statement(" = 7")] = {{std::int64_t{31}}};
+        EXPECT_EQ(refused_by(parameters),
+                  "Das Abfrageergebnis hat 1 Spalte statt 6. "
+                  "000100000000|srvprotqrbcsv|srvProtQRBCsv" +
+                      chain);
+        oDBU.failures.emplace(years_statement(" = 7"), test::server_error("Tabelle fehlt"));
+        EXPECT_EQ(refused_by(parameters), "Tabelle fehlt 000100000000|srvprotqrbcsv|Testserver" + chain);
+    }
 }
 
 TEST_F(ItemFilter, AllTogetherSwitchThePickerOffAndNeedNoChoice) {
