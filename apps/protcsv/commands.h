@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "apps/protcsv/console/console.h"
+#include "apps/protcsv/displays/choose_displays.h"
 #include "apps/protcsv/options/options.h"
 #include "core/section_table.h"
 
@@ -28,7 +29,10 @@ int print_sections(const Console& console, SectionTable sections);
 int write_sample(const Options& options, const Console& console);
 
 /// export, delete and run: opens the database and runs the section's exporter. An error of the run itself is
-/// shown as a problem report. On success standard output gets the path of the finished file.
-int run_log(const Options& options, const Console& console, SectionTable sections);
+/// shown as a problem report. On success standard output gets the path of the finished file. `displays` makes
+/// those of the run.
+int run_log(
+    const Options& options, const Console& console, SectionTable sections,
+    const MakeDisplays& displays = [](const DisplayMeans& means) { return choose_displays(means); });
 
 }  // namespace prot

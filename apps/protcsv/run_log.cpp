@@ -7,7 +7,6 @@
 #include <optional>
 
 #include "apps/protcsv/commands.h"
-#include "apps/protcsv/displays/choose_displays.h"
 #include "apps/protcsv/host.h"
 #include "apps/protcsv/options/run_parameters.h"
 #include "apps/protcsv/options/usage_error.h"
@@ -87,14 +86,15 @@ void require_folder(const std::filesystem::path& folder) {
 /// One run of an exporter, from the opened database to the exit status.
 class LogRun {
 public:
-    LogRun(const Options& options, const Console& console, SectionTable sections)
+    LogRun(const Options& options, const Console& console, SectionTable sections,
+           const MakeDisplays& displays)
         : options_(options),
           console_(console),
           sections_(sections),
           terminal_(terminal_settings(options, console)),
           message_boxes_(terminal_, options.yes),
-          displays_(choose_displays(
-              {terminal_, message_boxes_, full_screen(options, console), console.err_is_terminal})),
+          displays_(
+              displays({terminal_, message_boxes_, full_screen(options, console), console.err_is_terminal})),
           host_(options, terminal_, *displays_),
           environment_(host_.environment()) {}
 
@@ -178,8 +178,9 @@ private:
 
 }  // namespace
 
-int run_log(const Options& options, const Console& console, SectionTable sections) {
-    return LogRun(options, console, sections).run();
+int run_log(const Options& options, const Console& console, SectionTable sections,
+            const MakeDisplays& displays) {
+    return LogRun(options, console, sections, displays).run();
 }
 
 }  // namespace prot

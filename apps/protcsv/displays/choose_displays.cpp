@@ -4,9 +4,9 @@
 
 namespace prot {
 
-std::unique_ptr<Displays> choose_displays(const DisplayMeans& means) {
+std::unique_ptr<Displays> choose_displays(const DisplayMeans& means, const MakeDisplays& full_screen) {
     if (means.full_screen)
-        if (std::unique_ptr<Displays> displays = full_screen_if_usable(means)) return displays;
+        if (std::unique_ptr<Displays> displays = full_screen(means)) return displays;
     return std::make_unique<LineDisplays>(means);
 }
 

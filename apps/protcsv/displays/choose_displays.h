@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "apps/protcsv/displays/displays.h"
@@ -15,11 +16,15 @@ struct DisplayMeans {
     bool status_line = false;             ///< the terminal can replace a line
 };
 
-/// The displays of a run: the largest that it may have and that can be had.
-std::unique_ptr<Displays> choose_displays(const DisplayMeans& means);
+/// Makes displays; null: they cannot be had.
+using MakeDisplays = std::function<std::unique_ptr<Displays>(const DisplayMeans& means)>;
 
 /// Forms on the whole terminal, or windows. Null: the terminal at hand cannot show forms or has no room for
 /// them, or there is no desktop for windows.
 std::unique_ptr<Displays> full_screen_if_usable(const DisplayMeans& means);
+
+/// The displays of a run: the largest that it may have and that can be had.
+std::unique_ptr<Displays> choose_displays(const DisplayMeans& means,
+                                          const MakeDisplays& full_screen = full_screen_if_usable);
 
 }  // namespace prot

@@ -61,5 +61,25 @@ TEST_F(ProgramTest, LeavesNothingWhenASampleCannotBeWritten) {
     EXPECT_EQ(files(), 0u);
 }
 
+TEST_F(ProgramTest, ListsTheSections) {
+    EXPECT_EQ(run({"sections"}), 0);
+    EXPECT_TRUE(output.starts_with(" 1  file        Datei\n 2  error       Fehler\n")) << output;
+    EXPECT_EQ(errors, "");
+}
+
+TEST_F(ProgramTest, NamesTheFolderThatIsMissingForASample) {
+    EXPECT_EQ(run({"sample", path("fehlt/s.db")}), 1);
+    EXPECT_EQ(errors, "protcsv: Den Ordner „" + path("fehlt") + "“ gibt es nicht.\n");
+}
+
+TEST_F(ProgramTest, TellsOfASampleWhoseNameDoesNotReachStandardOutput) {
+    std::istringstream in;
+    std::ostringstream out, err;
+    out.setstate(std::ios::badbit);
+    const std::vector<std::string> arguments = {"sample", path("s.db")};
+    EXPECT_EQ(run_program(arguments, {in, out, err}, scripted_sections()), 1);
+    EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
+}
+
 }  // namespace
 }  // namespace prot::test

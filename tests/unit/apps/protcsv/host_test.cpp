@@ -103,5 +103,36 @@ TEST_F(HostTest, NeverWritesOverTheFilesOfItsOwnRun) {
     }
 }
 
+TEST_F(HostTest, KnowsTheNameOfItsDatabase) {
+    Host host(options, terminal, displays);
+    EXPECT_EQ(host.environment().connection_information.fields(1206)[9], "x.db");
+}
+
+TEST_F(HostTest, ReadsChangeDocuments) {
+    Host host(options, terminal, displays);
+    const auto reader = host.environment().components.create_change_document_reader();
+    EXPECT_FALSE(reader->load("kein Dokument"));
+}
+
+TEST_F(HostTest, SaysWhereCharactersWereReplaced) {
+    options.csv.encoding = CsvEncoding::windows_1252;
+    Host host(options, terminal, displays);
+    const auto writer = host.environment().components.create_csv_writer();
+    std::string name = "Prot.csv";
+    writer->open(name, false);
+    const std::string cells[] = {"Ω"};
+    writer->write_line(cells);
+    EXPECT_EQ(output.str(), "") << "once, at the end";
+    writer->close();
+    EXPECT_EQ(output.str(), ": Was die Kodierung nicht kennt, steht als ? in der Datei „" +
+                                path_text(options.csv.folder / "Prot.csv") + "“.\n");
+}
+
+TEST_F(HostTest, CountsWhatTheExporterLeavesOut) {
+    Host host(options, terminal, displays);
+    host.environment().notices.unreadable_document(17);
+    EXPECT_EQ(host.notices().text(), "1 Protokollsatz mit unlesbarem Änderungsdokument: 17\n");
+}
+
 }  // namespace
 }  // namespace prot

@@ -56,5 +56,27 @@ TEST(NoticesReport, ListsTwentyAndCountsTheRest) {
               "16, 17, 18, 19, 20 und 5 weitere\n");
 }
 
+TEST(NoticesReport, ListsTwentyFieldsAndCountsTheOtherKinds) {
+    const auto text_of = [](int kinds) {
+        NoticesReport report;
+        for (int i = 0; i < kinds; ++i) report.field_without_caption("T", std::to_string(100 + i));
+        return report.text();
+    };
+    EXPECT_TRUE(text_of(20).ends_with(", T.118 (1), T.119 (1)\n")) << text_of(20);
+    EXPECT_TRUE(text_of(22).ends_with(", T.118 (1), T.119 (1) und 2 weitere\n")) << text_of(22);
+}
+
+TEST(NoticesReport, CountsTimesNotKindsAndTellsEqualNamesOfTwoTablesApart) {
+    NoticesReport report;
+    report.field_without_caption("U", "a");
+    report.field_without_caption("U", "a");
+    EXPECT_EQ(report.text(), "2 Felder ohne Beschriftung blieben weg: U.a (2)\n");
+    report.field_without_caption("T", "a");
+    report.field_without_caption("T", "b");
+    report.field_without_caption("T", "a");
+    EXPECT_EQ(report.text(), "5 Felder ohne Beschriftung blieben weg: T.a (2), U.a (2), T.b (1)\n")
+        << "as many times: by name";
+}
+
 }  // namespace
 }  // namespace prot

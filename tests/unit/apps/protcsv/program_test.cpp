@@ -1,6 +1,9 @@
 #include "apps/protcsv/program.h"
 
 #include <algorithm>
+#include <exception>
+#include <new>
+#include <streambuf>
 
 #include "apps/protcsv/options/options.h"
 #include "tests/unit/apps/protcsv/program_fixture.h"
@@ -37,6 +40,40 @@ TEST_F(ProgramTest, AnswersAMissingDatabaseWithOneLineAndNeverCreatesIt) {
     EXPECT_EQ(errors.find("protcsv: "), 0u);
     EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1);
     EXPECT_EQ(files(), 0u);
+}
+
+/// Fails at the first byte that is read or written, with an error of type `Error`.
+template <typename Error>
+class BrokenBuffer : public std::streambuf {
+    int_type underflow() override { throw Error(); }
+    int_type overflow(int_type) override { throw Error(); }
+};
+
+class Surprise : public std::exception {
+public:
+    const char* what() const noexcept override { return "Das war nicht vorgesehen."; }
+};
+
+TEST_F(ProgramTest, NamesALackOfMemoryWhileItReadsTheAnswers) {
+    BrokenBuffer<std::bad_alloc> broken;
+    std::istream in(&broken);
+    std::ostringstream out, err;
+    const std::vector<std::string> arguments = {"export", "--db",      database(), "--section",
+                                                "form",   "--answers", "-"};
+    EXPECT_EQ(run_program(arguments, {in, out, err}, scripted_sections()), 1);
+    EXPECT_EQ(out.str(), "");
+    EXPECT_EQ(err.str(), "protcsv: Der Arbeitsspeicher reicht nicht aus.\n");
+}
+
+TEST_F(ProgramTest, SaysThatAnErrorWasUnexpectedAndWhatItWas) {
+    BrokenBuffer<Surprise> broken;
+    std::istringstream in;
+    std::ostream out(&broken);
+    out.exceptions(std::ios::badbit);
+    std::ostringstream err;
+    const std::vector<std::string> arguments = {"--version"};
+    EXPECT_EQ(run_program(arguments, {in, out, err}, scripted_sections()), 1);
+    EXPECT_EQ(err.str(), "protcsv: Unerwarteter Fehler:\nprotcsv: Das war nicht vorgesehen.\n");
 }
 
 }  // namespace

@@ -1,5 +1,9 @@
+#include <algorithm>
+
 #include <nlohmann/json.hpp>
 
+#include "apps/protcsv/commands.h"
+#include "apps/protcsv/displays/line_displays.h"
 #include "platform/portable/terminal/terminal.h"
 #include "tests/unit/apps/protcsv/program_fixture.h"
 
@@ -227,6 +231,160 @@ TEST_F(RunLog, SaysOnceThatTheEncodingCannotHoldSomeCharacters) {
     EXPECT_EQ(export_batch("file", {"--user", "Ω", "--encoding", "windows-1252"}), 0);
     EXPECT_EQ(errors, "protcsv: Was die Kodierung nicht kennt, steht als ? in der Datei „" +
                           path("Prot.csv") + "“.\n");
+}
+
+TEST_F(RunLog, OpensTheDatabaseForWritingOnlyToDelete) {
+    const std::string before = (database(), read("x.db"));
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"export", "--section", "change"},
+          std::vector<std::string>{"run", "--params", "/sektion:11/autostart"}}) {
+        std::vector<std::string> with_database = arguments;
+        with_database.insert(with_database.end(), {"--db", database()});
+        EXPECT_EQ(run(with_database), 1) << arguments[0];
+        EXPECT_NE(errors.find("Die Datenbank ist schreibgeschützt."), std::string::npos) << errors;
+        EXPECT_EQ(read("x.db"), before) << arguments[0];
+    }
+    run_section("delete", "change");
+    EXPECT_NE(read("x.db"), before);
+}
+
+TEST_F(RunLog, TellsTheSectionWhetherItIsToDelete) {
+    EXPECT_EQ(run_section("delete", "say", {"--to", "31.12.2015"}), 0);
+    EXPECT_EQ(errors, "[Aufruf] 12;;00:00:00;31.12.2015;7;;löschen\n");
+    EXPECT_EQ(run_section("export", "say", {"--to", "31.12.2015"}), 0);
+    EXPECT_EQ(errors, "[Aufruf] 12;;00:00:00;31.12.2015;7;;exportieren\n");
+}
+
+TEST_F(RunLog, FailsWhenTheQuestionOfADeletionCouldNotBeAsked) {
+    EXPECT_EQ(run_section("delete", "nothing"), 1);
+    EXPECT_EQ(errors, "protcsv: Die Löschfrage ließ sich nicht stellen; es wurde nichts gelöscht.\n");
+    EXPECT_EQ(run_section("export", "nothing"), 0) << "an export asks nothing";
+    EXPECT_EQ(errors, "");
+    EXPECT_EQ(output, "") << "and wrote no file";
+}
+
+TEST_F(RunLog, TellsOfFailedLookupsEvenWhenQuiet) {
+    const std::string failed =
+        "Die Datei kann unvollständig sein: 1 Abfrage einer Beschriftung oder eines früheren Wertes schlug "
+        "fehl, zuerst: Es fehlt tX.\n";
+    EXPECT_EQ(export_batch("lookups"), 0);
+    EXPECT_EQ(errors, failed +
+                          "1 Feld ohne Beschriftung blieb weg: T.f (1)\n"
+                          "1 Protokollsatz mit unlesbarem Änderungsdokument: 5\n");
+    EXPECT_EQ(export_batch("lookups", {"--quiet"}), 0);
+    EXPECT_EQ(errors, failed);
+    EXPECT_EQ(output, path("Prot.csv") + "\n");
+}
+
+TEST_F(RunLog, TellsOfAFailedRunNothingButWhatFailed) {
+    EXPECT_EQ(export_batch("left-out"), 1);
+    EXPECT_TRUE(errors.starts_with("Problembericht\n")) << errors;
+    EXPECT_NE(errors.find("\nDie Datei kann unvollständig sein: "), std::string::npos) << errors;
+    EXPECT_EQ(errors.find("Änderungsdokument"), std::string::npos) << errors;
+}
+
+TEST_F(RunLog, NamesALackOfMemory) {
+    EXPECT_EQ(export_batch("memory"), 1);
+    EXPECT_NE(errors.find("(0x800A0007)"), std::string::npos) << errors;
+    EXPECT_TRUE(errors.ends_with("\nBeschreibung: Der Arbeitsspeicher reicht nicht aus.\n")) << errors;
+}
+
+TEST_F(RunLog, MakesTheFolderBeforeTheLogIsReadButNotForADatabaseThatIsMissing) {
+    EXPECT_EQ(run({"export", "--db", path("fehlt.db"), "--section", "nothing", "--out", path("o")}), 1);
+    EXPECT_FALSE(std::filesystem::exists(text_path(path("o"))));
+    EXPECT_EQ(run_section("export", "nothing", {"--out", path("o")}), 0);
+    EXPECT_TRUE(std::filesystem::is_directory(text_path(path("o"))));
+}
+
+TEST_F(RunLog, RefusesAFolderThatIsAFileBeforeAnyStatementIsSent) {
+    write("o", "wichtig");
+    EXPECT_EQ(run_section("export", "statements", {"--out", path("o"), "--sql-log", path("log")}), 1);
+    EXPECT_TRUE(errors.starts_with("protcsv: ")) << errors;
+    EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+    EXPECT_FALSE(std::filesystem::exists(text_path(path("log"))));
+    EXPECT_EQ(read("o"), "wichtig");
+}
+
+TEST_F(RunLog, RefusesAWrongUseBeforeItLooksForTheDatabase) {
+    const std::vector<std::string> missing = {"export", "--db", path("fehlt.db"), "--section", "nothing"};
+    const auto with = [&](std::vector<std::string> more) {
+        more.insert(more.begin(), missing.begin(), missing.end());
+        return run(more);
+    };
+    EXPECT_EQ(with({}), 1) << "the database is missing";
+    EXPECT_EQ(with({"--separator", "→", "--encoding", "windows-1252"}), 2);
+    EXPECT_EQ(run({"run", "--db", path("fehlt.db"), "--params", "/autostart"}), 2);
+    EXPECT_EQ(files(), 0U);
+}
+
+TEST_F(RunLog, NeverTakesPreparedAnswersForAPersonWhoCouldConfirmADeletion) {
+    in_is_terminal = err_is_terminal = true;
+    input = "ja\nja\n";
+    EXPECT_EQ(run_section("delete", "delete", {"--answers", "-"}), 3);
+    EXPECT_EQ(errors,
+              "[Löschen Stammdatenprotokoll] Löschen?\nNein\n"
+              "protcsv: Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.\n");
+}
+
+TEST_F(RunLog, AsksNobodyByAStandardInputThatIsNoTerminal) {
+    err_is_terminal = true;
+    input = "EUR\n\n";
+    EXPECT_EQ(run_section("export", "form"), 2);
+    EXPECT_EQ(errors, nobody_can_answer);
+}
+
+TEST_F(RunLog, DrawsTheProgressWhereItIsSeenWhateverTheInputIs) {
+    in_is_terminal = true;
+    EXPECT_EQ(export_batch("file"), 0);
+    EXPECT_EQ(errors, "");
+}
+
+/// Refuses every byte.
+class FullBuffer : public std::streambuf {};
+
+TEST_F(RunLog, FailsWhenThePathOfTheFileDoesNotReachStandardOutput) {
+    std::istringstream in;
+    FullBuffer full;
+    std::ostream out(&full);
+    std::ostringstream err;
+    const std::vector<std::string> arguments = {"export",   "--db",       database(), "--section", "file",
+                                                "--params", "/autostart", "--out",    path("")};
+    EXPECT_EQ(run_program(arguments, {in, out, err}, scripted_sections()), 1);
+    EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
+}
+
+/// Which displays a run may have, on a console that may give its whole screen.
+struct MayHave {
+    bool full_screen = false;
+    bool status_line = false;
+};
+MayHave asked_for(const Options& options, const Console& console) {
+    MayHave asked;
+    run_log(options, console, scripted_sections(), [&](const DisplayMeans& means) {
+        asked = {means.full_screen, means.status_line};
+        return std::make_unique<LineDisplays>(means);
+    });
+    return asked;
+}
+
+TEST_F(RunLog, LetsFormsTakeTheScreenUnlessLinesAreWantedOrAnswersPrepared) {
+    write("antworten", "");
+    Options options;
+    options.command = Command::export_log;
+    options.database = database();
+    options.request.section = 13;
+    std::istringstream in;
+    std::ostringstream out, err;
+    const Console screen{in, out, err, true, true, true};
+    EXPECT_TRUE(asked_for(options, screen).full_screen);
+    EXPECT_FALSE(asked_for(options, {in, out, err, true, true, false}).full_screen) << "no such screen";
+    options.plain = true;
+    EXPECT_FALSE(asked_for(options, screen).full_screen) << "--plain";
+    options.plain = false;
+    options.answers = path("antworten");
+    EXPECT_FALSE(asked_for(options, screen).full_screen) << "--answers";
+    EXPECT_FALSE(asked_for(options, {in, out, err, true, false}).status_line);
+    EXPECT_TRUE(asked_for(options, {in, out, err, false, true}).status_line);
 }
 
 }  // namespace

@@ -86,6 +86,27 @@ void send_statements(Call& call) {
     call.database.query_value("SELECT COUNT(*) FROM tDevisenWaehr WHERE 1 = 2");
 }
 
+void change_the_log(Call& call) { call.database.execute("DELETE tProtokoll"); }
+
+void say_arguments(Call& call) {
+    std::string text;
+    for (const std::string& argument : call.arguments) text += (text.empty() ? "" : ";") + argument;
+    call.environment.message_boxes.show(text, BoxStyle::information, "Aufruf");
+}
+
+void say_nothing(Call&) {}
+
+void fail_to_look_up(Call& call) {
+    call.environment.notices.lookup_failed("Es fehlt tX.");
+    leave_something_out(call);
+}
+
+void leave_something_out_and_fail(Call& call) {
+    call.environment.notices.lookup_failed("Es fehlt tX.");
+    call.environment.notices.unreadable_document(5);
+    raise_error(call);
+}
+
 /// A form of one field; its choice is written as the file.
 class OneField {
 public:
@@ -128,6 +149,11 @@ constexpr Section sections[] = {
     {8, "statements", "Anweisungen", create<send_statements>},
     {9, "form", "Formular", create<ask_form>},
     {10, "memory", "Speicher", create<raise_foreign_error>},
+    {11, "change", "Ändern", create<change_the_log>},
+    {12, "say", "Aufruf", create<say_arguments>},
+    {13, "nothing", "Nichts", create<say_nothing>},
+    {14, "lookups", "Abfragen", create<fail_to_look_up>},
+    {15, "left-out", "Ausgelassen", create<leave_something_out_and_fail>},
 };
 
 }  // namespace

@@ -1,22 +1,29 @@
 #include "apps/protcsv/statement_log.h"
 
-#include <filesystem>
-
 #include <gtest/gtest.h>
 
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/full_disk.h"
 #include "tests/unit/support/ordinary_user.h"
+#include "tests/unit/support/temporary_folder.h"
 
 namespace prot {
 namespace {
 
 TEST(StatementLogPosix, SaysWhenALineCouldNotBeWritten) {
-    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "the system has no /dev/full";
+    const TemporaryFolder folder;
+    const std::string path = test::full_disk(folder.text("log"));
+    if (path.empty()) GTEST_SKIP() << "the system has no /dev/full";
     const OrdinaryUser user;  // whom the system keeps from replacing a device, should the log try
     test::FakeDatabase database;
-    StatementLog log(database, "/dev/full");
+    StatementLog log(database, path);
     log.execute("DELETE x");
-    EXPECT_THROW(log.close(), AutomationError);
+    try {
+        log.close();
+        FAIL() << "the line cannot have been written";
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.description(), "Die Datei „" + path + "“ ist unvollständig geschrieben.");
+    }
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "apps/protcsv/statement_log.h"
 
+#include <chrono>
 #include <fstream>
 
 #include <gtest/gtest.h>
@@ -58,6 +59,49 @@ TEST_F(StatementLogTest, WritesAFailureBeforeItRisesAndKeepsItUnchanged) {
         EXPECT_EQ(error.source(), "Testserver");
     }
     EXPECT_EQ(lines(), std::vector<std::string>{R"({"op":"array","sql":"SELECT x","error":"kaputt"})"});
+}
+
+TEST_F(StatementLogTest, SendsEachStatementOnce) {
+    StatementLog log(database, path);
+    log.query_array("SELECT a");
+    log.query_value("SELECT v");
+    log.execute("DELETE x");
+    EXPECT_EQ(database.statements,
+              (std::vector<std::string>{"array: SELECT a", "value: SELECT v", "execute: DELETE x"}));
+}
+
+TEST_F(StatementLogTest, ReplacesAnEarlierLog) {
+    write_file(text_path(path), "{\"op\":\"alt\",\"ms\":1}\n");
+    StatementLog log(database, path);
+    log.execute("DELETE x");
+    EXPECT_EQ(lines(), std::vector<std::string>{R"({"op":"execute","sql":"DELETE x"})"});
+}
+
+/// Takes two milliseconds for a statement.
+class SlowDatabase : public test::FakeDatabase {
+public:
+    void execute(std::string_view sql) override {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(2);
+        while (std::chrono::steady_clock::now() < end) continue;
+        FakeDatabase::execute(sql);
+    }
+};
+
+TEST_F(StatementLogTest, WritesHowManyMillisecondsAStatementTook) {
+    SlowDatabase slow;
+    slow.failures.emplace("DELETE y", test::server_error("kaputt"));
+    for (const char* sql : {"DELETE x", "DELETE y"}) {
+        StatementLog log(slow, path);
+        const auto start = std::chrono::steady_clock::now();
+        try {
+            log.execute(sql);
+        } catch (const AutomationError&) {
+        }
+        const std::chrono::duration<double, std::milli> most = std::chrono::steady_clock::now() - start;
+        const double taken = nlohmann::json::parse(content_of(text_path(path)))["ms"].get<double>();
+        EXPECT_GE(taken, 2) << sql;
+        EXPECT_LE(taken, most.count()) << sql;
+    }
 }
 
 TEST_F(StatementLogTest, ReplacesBytesThatAreNotUtf8) {

@@ -70,5 +70,20 @@ TEST(EntrySearch, LooksThroughTheLatestEntriesOnly) {
     EXPECT_EQ(EntrySearch().matches(""), Found{});
 }
 
+TEST(EntrySearch, ATextThatTwoHaveMeansNeither) {
+    EntrySearch search;
+    search.look_through({{1, "Doppelt", "7"}, {2, "Doppelt", "8"}, {3, "8", "9"}});
+    EXPECT_EQ(search.chosen("doppelt", std::nullopt), std::nullopt);
+    EXPECT_EQ(search.chosen("doppelt", 1), 1U) << "unless it was chosen before";
+    EXPECT_EQ(search.chosen("8", std::nullopt), 1U) << "a number counts before a text";
+    EXPECT_EQ(search.chosen("8 doppelt", std::nullopt), 1U);
+}
+
+TEST(EntrySearch, ANumberThatTwoHaveIsNotDecidedByAText) {
+    EntrySearch search;
+    search.look_through({{1, "Eins", "88"}, {2, "Zwei", "88"}, {3, "88", "9"}});
+    EXPECT_EQ(search.chosen("88", std::nullopt), std::nullopt);
+}
+
 }  // namespace
 }  // namespace prot

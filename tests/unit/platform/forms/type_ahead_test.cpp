@@ -61,5 +61,24 @@ TEST(TypeAhead, AnEmptyListHasNothingToFind) {
     EXPECT_EQ(type_ahead.typed(U'a', {}, {}, std::nullopt), std::nullopt);
 }
 
+TEST(TypeAhead, APauseIsLongerThanASecondSinceTheLastLetter) {
+    EXPECT_EQ(typed(U"eu w", 0, milliseconds(1000)), 4U) << "just a second, each time";
+    EXPECT_EQ(typed(U"ec", 0, milliseconds(1001)), 0U) << "too late: c begins anew";
+}
+
+TEST(TypeAhead, ForgetsWhatWasTypedInAnotherList) {
+    TypeAhead type_ahead;
+    const TypeAhead::Moment now{std::chrono::hours(1)};
+    type_ahead.typed(U'e', now, entries, std::nullopt);
+    type_ahead.forget();
+    EXPECT_FALSE(type_ahead.takes(U' ', now));
+    EXPECT_EQ(type_ahead.typed(U'c', now, entries, 3), 0U);
+}
+
+TEST(TypeAhead, ASelectionBehindTheEndCountsAsTheLast) {
+    TypeAhead type_ahead;
+    EXPECT_EQ(type_ahead.typed(U'e', TypeAhead::Moment{std::chrono::hours(1)}, entries, 99), 3U);
+}
+
 }  // namespace
 }  // namespace prot

@@ -1,5 +1,7 @@
 #include "apps/protcsv/console/interruption.h"
 
+#include <cerrno>
+#include <climits>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +12,15 @@
 
 namespace prot {
 namespace {
+
+/// Installs the handlers in a process whose parent may have ignored or held back any of the signals.
+void handle_all_interruptions() {
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) std::signal(signal, SIG_DFL);
+    handle_interruptions();
+}
 
 class InterruptionPosixTest : public testing::TestWithParam<int> {
 protected:
@@ -24,7 +35,7 @@ protected:
 TEST_P(InterruptionPosixTest, RemovesTheUnfinishedFileAndExitsWithTheSignalsStatus) {
     EXPECT_EXIT(
         {
-            handle_interruptions();
+            handle_all_interruptions();
             set_unfinished_file(path);
             std::raise(GetParam());
         },
@@ -35,7 +46,7 @@ TEST_P(InterruptionPosixTest, RemovesTheUnfinishedFileAndExitsWithTheSignalsStat
 TEST_P(InterruptionPosixTest, LeavesAFinishedFile) {
     EXPECT_EXIT(
         {
-            handle_interruptions();
+            handle_all_interruptions();
             set_unfinished_file(path);
             set_unfinished_file({});
             std::raise(GetParam());
@@ -49,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Signals, InterruptionPosixTest, testing::Values(SIGINT,
 TEST(InterruptionPosix, WaitsForAStatementThatMustRunToItsEnd) {
     EXPECT_EXIT(
         {
-            handle_interruptions();
+            handle_all_interruptions();
             {
                 const InterruptionsWait wait;
                 std::raise(SIGINT);
@@ -58,6 +69,73 @@ TEST(InterruptionPosix, WaitsForAStatementThatMustRunToItsEnd) {
             _exit(7);
         },
         testing::ExitedWithCode(130), "ausgeführt");
+}
+
+TEST(InterruptionPosix, WaitsForTheOuterOfTwoStatements) {
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            {
+                const InterruptionsWait outer;
+                { const InterruptionsWait inner; }
+                std::raise(SIGINT);
+                std::fputs("ausgeführt", stderr);
+            }
+            _exit(7);
+        },
+        testing::ExitedWithCode(130), "ausgeführt");
+}
+
+TEST(InterruptionPosix, IsStoppedByCtrlCAlthoughTheCallerIgnoresIt) {
+    EXPECT_EXIT(
+        {
+            std::signal(SIGINT, SIG_IGN);
+            handle_interruptions();
+            std::raise(SIGINT);
+            _exit(7);
+        },
+        testing::ExitedWithCode(130), "");
+}
+
+TEST(InterruptionPosix, GetsAWriteErrorFromAClosedPipe) {
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            int ends[2];
+            if (pipe(ends) != 0) _exit(1);
+            close(ends[0]);
+            const bool broken = write(ends[1], "x", 1) == -1 && errno == EPIPE;
+            _exit(broken ? 7 : 1);
+        },
+        testing::ExitedWithCode(7), "");
+}
+
+TEST(InterruptionPosix, RemovesNothingForAPathThatIsTooLongToBeOpened) {
+    // Cut off, or with its first part kept, it would name a file that is there.
+    const std::string path =
+        std::filesystem::temp_directory_path() / ("interruption_long_" + std::to_string(getpid()));
+    std::ofstream(path) << "ganz";
+    const std::string padding(PATH_MAX - 1 - path.size(), '/');
+    const std::string longest = padding + path, too_long = longest + "x";
+    ASSERT_EQ(longest.size(), static_cast<std::size_t>(PATH_MAX - 1));
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            set_unfinished_file(longest);
+            set_unfinished_file(too_long);
+            std::raise(SIGTERM);
+        },
+        testing::ExitedWithCode(128 + SIGTERM), "");
+    EXPECT_TRUE(std::filesystem::exists(path));
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            set_unfinished_file(longest);
+            std::raise(SIGTERM);
+        },
+        testing::ExitedWithCode(128 + SIGTERM), "");
+    EXPECT_FALSE(std::filesystem::exists(path)) << "a path that just fits";
+    std::filesystem::remove(path);
 }
 
 TEST(InterruptionPosix, KeepsAHangUpIgnoredThatTheCallerIgnores) {

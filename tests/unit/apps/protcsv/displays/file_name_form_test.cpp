@@ -35,5 +35,15 @@ TEST(FileNameForm, CancelGivesNoName) {
     EXPECT_EQ(ask_file_name(forms, "Vorschlag.csv"), std::nullopt);
 }
 
+TEST(FileNameForm, TakesANameAsLongAsTheSystemDoesAndCancelWhateverStandsInIt) {
+    FakeForms forms;
+    forms.person = [](Form& form) {
+        EXPECT_GE(form.fields[0].longest, 4095U);
+        EXPECT_FALSE(form.cancel.causes_validation);
+        form.cancel.click();
+    };
+    ask_file_name(forms, "Vorschlag.csv");
+}
+
 }  // namespace
 }  // namespace prot

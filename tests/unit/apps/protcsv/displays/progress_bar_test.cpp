@@ -40,6 +40,12 @@ TEST_F(ProgressBarTest, RedrawsAtMostEveryHundredMilliseconds) {
     EXPECT_NE(output.str(), "");
 }
 
+TEST_F(ProgressBarTest, HoldsTheShareOfTheLargestLog) {
+    bar.gSetFortschritt(1610612736, 2147483647);
+    EXPECT_EQ(output.str(), "\r[##############################..........] 75 %, 1610612736 von 2147483647")
+        << "a little over three quarters";
+}
+
 TEST(ProgressBar, IsWipedWhenItEnds) {
     std::ostringstream output;
     TerminalSettings settings;

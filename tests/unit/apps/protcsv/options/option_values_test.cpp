@@ -107,6 +107,7 @@ TEST(OptionValues, ReadsASeparator) {
     EXPECT_EQ(parse_separator("§"), "§");
     for (const char* text : {"", ";;", "\"", "\n", "\r", "§§", "\xFF"})
         EXPECT_NE(refusal([&] { parse_separator(text); }), "") << text;
+    EXPECT_NE(refusal([] { parse_separator(std::string_view("\0", 1)); }), "") << "NUL";
 }
 
 TEST(OptionValues, ReadsAnEncoding) {
@@ -120,6 +121,7 @@ TEST(OptionValues, ReadsAnEncoding) {
 TEST(OptionValues, ReadsANumberWithinItsRange) {
     EXPECT_EQ(parse_number("18446744073709551615", 0, UINT64_MAX), UINT64_MAX);
     EXPECT_EQ(parse_number("1", 1, 9), 1u);
+    EXPECT_EQ(parse_number("9", 1, 9), 9u);
     for (const char* text : {"", "-1", "0", "10", "1.5", "x", "18446744073709551616"})
         EXPECT_EQ(refusal([&] { parse_number(text, 1, 9); }),
                   "„" + std::string(text) + "“ ist keine ganze Zahl von 1 bis 9");

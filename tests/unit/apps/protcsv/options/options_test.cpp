@@ -108,7 +108,7 @@ TEST(Options, ReadsTheSampleCommand) {
 TEST(Options, AnswersAWrongUseWithOneGermanLine) {
     const struct {
         Arguments arguments;
-        const char* line;
+        std::string line;
         const char* why;
     } rows[] = {
         {{"exprot", "--db", "x"},
@@ -173,6 +173,31 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
         {{"export", "--db", "x", "--section", "15", "--user", "\xFF"},
          "--user: der Wert ist kein gültiges UTF-8 (Hilfe: protcsv export --help)",
          "not UTF-8"},
+        {{"run", "--db", "x", "--params", "\xFF"},
+         "--params: der Wert ist kein gültiges UTF-8 (Hilfe: protcsv run --help)",
+         "not UTF-8"},
+        {{"export", "--db", "x", "--section", "15", "--out="},
+         "--out: der Wert darf nicht leer sein (Hilfe: protcsv export --help)",
+         "empty folder"},
+        {{"delete", "--db", "x", "--section", "15", "--sql-log", ""},
+         "--sql-log: der Wert darf nicht leer sein (Hilfe: protcsv delete --help)",
+         "empty path"},
+        {{"run", "--db", "x", "--params", "y", "--answers="},
+         "--answers: der Wert darf nicht leer sein (Hilfe: protcsv run --help)",
+         "empty path"},
+        {{"sample", ""}, "DATEI: der Wert darf nicht leer sein (Hilfe: protcsv sample --help)", "empty path"},
+        {{"delete", "--db", "x", "--section", "15", "--to", "30.12.1899"},
+         "--to: „30.12.1899“ ist der Nulltag; er stünde für eine Löschung ohne Grenze (Hilfe: protcsv "
+         "delete --help)",
+         "a deletion of everything"},
+        {{"sample", "x", "--rows", "0"},
+         "--rows: „0“ ist keine ganze Zahl von 1 bis " + std::to_string(most_sample_rows) +
+             " (Hilfe: protcsv sample --help)",
+         "no rows"},
+        {{"sample", "x", "--rows", std::to_string(most_sample_rows + 1)},
+         "--rows: „" + std::to_string(most_sample_rows + 1) + "“ ist keine ganze Zahl von 1 bis " +
+             std::to_string(most_sample_rows) + " (Hilfe: protcsv sample --help)",
+         "too many rows"},
         {{"sample", "x", "--seed", "-1"},
          "--seed: „-1“ ist keine ganze Zahl von 0 bis 18446744073709551615 (Hilfe: protcsv sample --help)",
          "negative seed"},
@@ -184,6 +209,42 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
          "more rows than there are seconds"},
     };
     for (const auto& row : rows) EXPECT_EQ(refusal(row.arguments), row.line) << row.why;
+}
+
+TEST(Options, EachCommandTakesItsOptionsAndNoOther) {
+    const std::string log = "--db --params --answers --plain --sql-log --quiet ";
+    const struct {
+        const char* command;
+        std::string options;
+    } rows[] = {
+        {"export", log + "--section --user --from --to --events --out --separator --encoding --raw-cells"},
+        {"delete", log + "--section --user --from --to --events --yes --out"},
+        {"run", log + "--out --separator --encoding --raw-cells"},
+        {"sample", "--seed --rows --section --overwrite"},
+        {"sections", ""},
+    };
+    for (const auto& row : rows)
+        for (const OptionRow& option : option_table()) {
+            if (option.is_positional()) continue;
+            const std::string name(option.name);
+            Arguments arguments = {row.command, name};
+            if (!option.is_flag()) arguments.push_back("x");
+            const bool unknown = refusal(arguments).starts_with("die Option " + name + " gibt es bei ");
+            EXPECT_EQ(!unknown, (row.options + ' ').find(name + ' ') != std::string::npos)
+                << row.command << " " << name;
+        }
+}
+
+TEST(Options, ADeletionTakesAFolderButDoesNotOfferIt) {
+    EXPECT_EQ(parse({"delete", "--help"}).text.find("--out"), std::string::npos);
+    EXPECT_NE(parse({"run", "--help"}).text.find("--out ORDNER"), std::string::npos);
+    EXPECT_EQ(parse({"delete", "--db", "x", "--section", "15", "--out", ""}).csv.folder, "");
+}
+
+TEST(Options, TheNullDayIsNoBoundOfAnExport) {
+    EXPECT_TRUE(parse({"export", "--db", "x", "--section", "15", "--to", "30.12.1899"}).request.to.is_null());
+    EXPECT_EQ(parse({"delete", "--db", "x", "--section", "15", "--to", "31.12.2015"}).request.to,
+              to_date(CivilTime{2015, 12, 31}));
 }
 
 TEST(Options, ShowsTheVersion) { EXPECT_EQ(parse({"--version"}).text, "protcsv " PROT_VERSION "\n"); }

@@ -66,7 +66,11 @@ TEST_F(HelpTopicsTest, NeverLeavesItsFolder) {
         write_map(name);
         EXPECT_FALSE(topics_.page("karte.xml", "HID_KURSE")) << name;
     }
+    std::filesystem::create_directory(folder_ / "hilfe" / "seite.html");
+    write_map("seite.html");
+    EXPECT_FALSE(topics_.page("karte.xml", "HID_KURSE")) << "a folder is no page";
     write_map("kurse.html");
+    EXPECT_FALSE(topics_.page(std::string_view("karte.xml\0x", 11), "HID_KURSE")) << "cut off, it is a map";
     std::filesystem::rename(folder_ / "hilfe" / "karte.xml", folder_ / "karte.xml");
     EXPECT_FALSE(topics_.page("../karte.xml", "HID_KURSE")) << "a map outside";
 }

@@ -205,6 +205,63 @@ TEST_F(TerminalFormsTest, AButtonThatIsOffIsNotPressedAndThePersonIsAskedAgain) 
     EXPECT_NE(output.str().find("Diese Angaben reichen noch nicht aus.\n"), std::string::npos);
 }
 
+TEST_F(TerminalFormsTest, ChecksATextThatAnEmptyAnswerLeaves) {
+    form.fields[1] = {.kind = FieldKind::text, .name = "txtBis", .label = "&bis", .text = "x"};
+    form.fields[1].validate = [this] { return form.fields[1].text != "x"; };
+    settings.answers = "\n\n20";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(output.str(), "Protokollausgabe\nvon [AUD]: \nbis [x]: \nbis [x]: 20\n");
+}
+
+TEST_F(TerminalFormsTest, TellsTheFormOfATextAndWhereItWasTyped) {
+    std::vector<std::string> told;
+    form.fields[1] = {.kind = FieldKind::text, .name = "txtBis", .label = "&bis", .text = "10"};
+    form.fields[1].changed = [&] { told.push_back(form.fields[form.focus].text); };
+    settings.answers = "\n20";
+    show();
+    EXPECT_EQ(told, std::vector<std::string>{"20"});
+    settings.answers = "\n\n";
+    show();
+    EXPECT_EQ(told.size(), 1U) << "an empty answer changes nothing";
+}
+
+TEST_F(TerminalFormsTest, AListWithoutASelectionNeedsAnAnswer) {
+    form.fields[0].selected.reset();
+    settings.answers = "\nEUR\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(output.str(),
+              "Protokollausgabe\nvon []: \n„“ steht nicht in der Liste: AUD, EUR, ÖRE\n"
+              "von []: EUR\nbis [ÖRE]: \n");
+}
+
+TEST_F(TerminalFormsTest, AQuestionMarkMayBeAnEntry) {
+    form.fields[0].add(0, "?");
+    keyboard.str("?\n\n");
+    settings.keyboard = &keyboard;
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(form.fields[0].selected_text(), "?");
+    EXPECT_TRUE(keys.empty());
+}
+
+TEST_F(TerminalFormsTest, AQuestionMarkShowsTheWholeListAndNeedsNoHelp) {
+    form.key_down = nullptr;
+    for (int i = 1; i <= 21; ++i) form.fields[0].add(i, std::to_string(i));
+    keyboard.str("?\n\n\n");
+    settings.keyboard = &keyboard;
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_NE(output.str().find("Auswahl: AUD, EUR, ÖRE, 1, 2"), std::string::npos);
+    EXPECT_NE(output.str().find(", 20, 21\n"), std::string::npos);
+}
+
+TEST_F(TerminalFormsTest, PreparedAnswersNeedNoHintNorHelpThoughAPersonIsThere) {
+    keyboard.str("EUR\n");
+    settings.keyboard = &keyboard;
+    settings.answers = "?\nEUR\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_TRUE(keys.empty());
+    EXPECT_TRUE(output.str().starts_with("Protokollausgabe\nvon [AUD]: ?\n„?“ steht nicht")) << output.str();
+}
+
 /// A form of a picker, which has to be answered, and a text.
 class TerminalPickerTest : public TerminalFormsTest {
 protected:
@@ -344,6 +401,16 @@ TEST_F(TerminalPickerTest, AChangeMayReplaceItsEntries) {
     settings.answers = "kanzlei\npartner\n\n";
     EXPECT_EQ(show(), Outcome::done);
     EXPECT_EQ(output.str(), "Protokollausgabe\nArt [Mandant]: kanzlei\nKanzlei []: partner\nbis [10]: \n");
+}
+
+TEST_F(TerminalPickerTest, NamesAnEntryByWhatItHas) {
+    form.fields[0].entries = {{1, "Ohne Nummer", ""}, {2, "", "12"}, {3, "Ohne alles", "13"}};
+    settings.answers = "ohne\n12\n\n";
+    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_NE(output.str().find("passt auf mehrere: Ohne Nummer, 13 Ohne alles\n"), std::string::npos);
+    settings.answers = "\n\n";
+    show();
+    EXPECT_NE(output.str().find("Mandant [12]: \n"), std::string::npos) << output.str();
 }
 
 }  // namespace

@@ -91,5 +91,20 @@ TEST_F(TerminalMessageBoxesTest, ReadsThePersonsAnswer) {
     }
 }
 
+TEST_F(TerminalMessageBoxesTest, AsksThePersonAlsoWhenAnswersArePrepared) {
+    settings.answers = "nein\n";
+    type("ja\n");
+    EXPECT_EQ(ask(), BoxAnswer::yes);
+    EXPECT_FALSE(unanswered);
+}
+
+TEST_F(TerminalMessageBoxesTest, KnowWhetherOneWasShown) {
+    Terminal terminal(settings);
+    TerminalMessageBoxes boxes(terminal, false);
+    EXPECT_FALSE(boxes.shown());
+    boxes.show("eins", BoxStyle::information, "Titel");
+    EXPECT_TRUE(boxes.shown());
+}
+
 }  // namespace
 }  // namespace prot

@@ -17,6 +17,13 @@ struct Talk {
         prepared.answers = std::move(answers);
         return Terminal(prepared);
     }
+    Terminal with_both(std::string answers, const std::string& typed) {
+        keyboard.str(typed);
+        TerminalSettings both = settings();
+        both.keyboard = &keyboard;
+        both.answers = std::move(answers);
+        return Terminal(both);
+    }
     Terminal with_keyboard(const std::string& typed) {
         keyboard.str(typed);
         TerminalSettings person = settings();
@@ -86,6 +93,24 @@ TEST(Terminal, NeverAnswersAPersonsQuestionFromPreparedAnswers) {
     Terminal terminal = talk.with_answers("ja\n");
     EXPECT_EQ(terminal.ask_person("Löschen? "), std::nullopt);
     EXPECT_EQ(talk.output.str(), "");
+}
+
+TEST(Terminal, TakesPreparedAnswersBeforeThoseOfAPerson) {
+    Talk talk;
+    Terminal terminal = talk.with_both("EUR", "USD\nZAR\n");
+    EXPECT_FALSE(terminal.asks_person());
+    EXPECT_TRUE(terminal.has_keyboard());
+    EXPECT_EQ(terminal.ask("von", "AUD"), "EUR");
+    EXPECT_EQ(terminal.ask("bis", "AUD"), std::nullopt) << "the keyboard does not go on with them";
+    EXPECT_EQ(terminal.outcome(), Outcome::cancelled);
+    EXPECT_EQ(terminal.ask_person("Löschen? "), "USD");
+}
+
+TEST(Terminal, DropsTheCarriageReturnOfAKeyboardsLine) {
+    Talk talk;
+    Terminal terminal = talk.with_keyboard("EUR\r\n");
+    EXPECT_EQ(terminal.ask("von", "AUD"), "EUR");
+    EXPECT_TRUE(terminal.asks_person());
 }
 
 TEST(Terminal, WipesTheStatusLineBeforeAnyOtherText) {

@@ -1,0 +1,76 @@
+#include "apps/protcsv/commands.h"
+
+#include <csignal>
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "tests/unit/apps/protcsv/program_fixture.h"
+#include "tests/unit/support/ordinary_user.h"
+
+namespace prot::test {
+namespace {
+
+/// Files of this process take `most` bytes while it lives, as on a full disk.
+class SmallFiles {
+public:
+    explicit SmallFiles(rlim_t most) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit small{most, before_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    }
+    ~SmallFiles() {
+        setrlimit(RLIMIT_FSIZE, &before_);
+        std::signal(SIGXFSZ, handler_);
+    }
+    SmallFiles(const SmallFiles&) = delete;
+    SmallFiles& operator=(const SmallFiles&) = delete;
+
+private:
+    sighandler_t handler_;
+    rlimit before_{};
+};
+
+TEST_F(ProgramTest, LeavesNothingOfASampleThatFillsTheDisk) {
+    write("s.db", "");
+    int status = 0;
+    {
+        const SmallFiles small(4096);
+        status = run({"sample", path("s.db")});
+    }
+    EXPECT_EQ(status, 1);
+    EXPECT_EQ(output, "");
+    EXPECT_TRUE(errors.starts_with("protcsv: ")) << errors;
+    EXPECT_EQ(files(), 1U);
+    EXPECT_EQ(read("s.db"), "") << "the earlier file is as it was";
+}
+
+TEST_F(ProgramTest, SaysThatASampleMayNotBeWrittenIntoAFolder) {
+    const std::string folder = path("zu");
+    ASSERT_EQ(mkdir(folder.c_str(), 0555), 0);
+    const OrdinaryUser ordinary;
+    EXPECT_EQ(run({"sample", folder + "/s.db"}), 1);
+    EXPECT_EQ(errors, "protcsv: In den Ordner „" + folder + "“ darf nicht geschrieben werden.\n");
+}
+
+TEST_F(ProgramTest, LeavesNothingOfASampleThatMayNotTakeItsPlace) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can make a file of somebody else's";
+    const std::string folder = path("klebrig");
+    ASSERT_EQ(mkdir(folder.c_str(), 0700), 0);
+    ASSERT_EQ(chmod(folder.c_str(), 01777), 0);  // in it nobody replaces a file of another's
+    write("klebrig/s.db", "");
+    ASSERT_EQ(chmod((folder + "/s.db").c_str(), 0644), 0);
+    const OrdinaryUser ordinary;
+    EXPECT_EQ(run({"sample", folder + "/s.db"}), 1);
+    EXPECT_EQ(errors, "protcsv: Die Datei „" + folder + "/s.db“ lässt sich nicht anlegen.\n");
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(read("klebrig/s.db"), "");
+    const std::filesystem::directory_iterator all(text_path(folder));
+    EXPECT_EQ(std::distance(begin(all), end(all)), 1);
+}
+
+}  // namespace
+}  // namespace prot::test
