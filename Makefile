@@ -1,6 +1,6 @@
 # Everyday commands. Each does all the set-up it needs; the work itself is in CMake presets and scripts.
 
-.PHONY: help demo test test-asan test-windows build build-linux bench screenshots fuzz clean
+.PHONY: help demo test test-asan test-windows build build-linux reproducible bench screenshots fuzz clean
 .DEFAULT_GOAL := help
 
 help: ## show the commands
@@ -29,6 +29,9 @@ test-asan: ## build and run every test under the address and undefined-behaviour
 
 test-windows: ## build for Windows and run the tests of that build under Wine; says what was skipped and why
 	@scripts/test-windows
+
+reproducible: ## build the programs and the server twice, from two folders, and compare the bytes
+	@scripts/reproducible
 
 bench: build-linux ## measure protcsv against script peers and the raw floor
 	@scripts/bench
