@@ -24,6 +24,10 @@ public:
         path_ = std::filesystem::temp_directory_path() /
                 ("prot-" + std::to_string(std::random_device()()) + "-" + name_of_file(name));
         std::filesystem::create_directories(path_);
+        // Whatever the umask: a test may look at it with another user's rights.
+        using std::filesystem::perms;
+        std::filesystem::permissions(path_, perms::owner_all | perms::group_read | perms::group_exec |
+                                                perms::others_read | perms::others_exec);
     }
     ~TemporaryFolder() {
         std::error_code ignored;

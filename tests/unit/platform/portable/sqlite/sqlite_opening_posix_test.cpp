@@ -47,6 +47,8 @@ TEST_F(SqliteOpeningPosix, ReportsAReadOnlyFileWhenItIsToBeWritten) {
 
 TEST_F(SqliteOpeningPosix, ReportsAWriteAheadLogInAFolderWithoutWritePermission) {
     write("PRAGMA journal_mode=WAL; CREATE TABLE T (a)");
+    std::filesystem::permissions(path(),
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::others_read);
     std::filesystem::permissions(
         folder_.path(), std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec |
                             std::filesystem::perms::others_read | std::filesystem::perms::others_exec);
