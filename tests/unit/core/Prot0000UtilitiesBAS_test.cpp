@@ -49,6 +49,47 @@ TEST_F(ParameterText, TheKeywordScanGivesItemsInTableOrderAndDropsUnknownKeys) {
               (Parts{"", "login:Max", "SEKTION:10/autostart", "neu:1", "Auswertungsrahmen:Bilanz"}));
 }
 
+TEST_F(ParameterText, TheKeywordScanKnowsTheseKeysInThisOrder) {
+    const Parts items = {"login:1",
+                         "pwd:2",
+                         "nowindow:3",
+                         "sektion:4",
+                         "mitarbeiter:5",
+                         "datvon:6",
+                         "datbis:7",
+                         "neu:8",
+                         "aend:9",
+                         "loe:10",
+                         "mandant:11",
+                         "mandantbis:12",
+                         "stdkanz:13",
+                         "kontenrahmen:14",
+                         "auswertung:15",
+                         "auswertungsrahmen:16",
+                         "awraend:17",
+                         "wirtschaftsjahr:18",
+                         "vonkonto:19",
+                         "biskonto:20",
+                         "vondevi:21",
+                         "bisdevi:22",
+                         "änderungsaktion:23",
+                         "fehlermeldung:24"};
+    // The other way round, but for "aend:", which is also found inside "awraend:".
+    std::string text = "/aend:9";
+    for (auto item = items.rbegin(); item != items.rend(); ++item)
+        if (*item != "aend:9") text += "/" + *item;
+    Parts expected = items;
+    expected.insert(expected.begin(), "");
+    EXPECT_EQ(split(text), expected);
+}
+
+TEST_F(ParameterText, TheKeywordScanFindsFourKeysWithoutColon) {
+    for (const std::string key : {"vonkonto", "biskonto", "vondevi", "bisdevi"})
+        EXPECT_EQ(split("/" + key + "/auswertungsrahmen:X"), (Parts{"", "auswertungsrahmen:X", key}));
+    for (const std::string key : {"login", "sektion", "mandant", "wirtschaftsjahr"})
+        EXPECT_EQ(split("/" + key + "/auswertungsrahmen:X"), (Parts{"", "auswertungsrahmen:X"}));
+}
+
 TEST_F(ParameterText, TheKeywordScanVisitsAutostartOnlyWhenAsked) {
     EXPECT_EQ(split("/sektion:10/auswertungsrahmen:X/autostart", true),
               (Parts{"", "autostart", "sektion:10", "auswertungsrahmen:X/autostart"}));
@@ -86,6 +127,7 @@ TEST_F(ParameterText, ScannedItemsKeepTheirLetterCaseAndUmlauts) {
 TEST_F(ParameterText, AFlagIsTestedAtTheStartOfItemsOnly) {
     EXPECT_TRUE(pbCommandVorhanden("  AutoStart", "autostart"));
     EXPECT_TRUE(pbCommandVorhanden("/sektion:15/AUTOSTART", "autostart"));
+    EXPECT_TRUE(pbCommandVorhanden("autostart", "AutoStart"));
     EXPECT_FALSE(pbCommandVorhanden("keinautostart", "autostart"));
     EXPECT_FALSE(pbCommandVorhanden("", "autostart"));
 }
@@ -96,6 +138,7 @@ TEST_F(ParameterText, AMalformedItemHasNeitherKeyNorValue) {
     EXPECT_EQ(psCommand("", environment), "");
     EXPECT_EQ(psCommand("/:15", environment), "");
     EXPECT_EQ(psComWert("/:15", environment), "15");
+    EXPECT_EQ(psCommand("  /a:b:c  ", environment), "a");
     EXPECT_EQ(psComWert("  /a:b:c  ", environment), "b:c") << "the first colon separates";
     EXPECT_TRUE(host.errors.empty());
 }

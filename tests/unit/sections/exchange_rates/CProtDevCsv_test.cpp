@@ -48,11 +48,11 @@ Row log_row(std::int64_t event, const std::string& document, std::int64_t rate =
             document,
             std::string("sa"),
             std::string("srvKurse"),
-            rate,
+            std::int64_t{3000},
             rate,
             std::int64_t{9},
-            Value(),
-            Value()};
+            std::int64_t{3003},
+            std::int64_t{3004}};
 }
 
 class RateExport : public testing::Test {
@@ -149,6 +149,23 @@ TEST_F(RateExport, SendsEachLookupOnceInARun) {
                   "value: " + caption_query("dzKursEURGeld"), "value: " + caption_query("dzKursFremdGeld")}));
 }
 
+TEST_F(RateExport, DescribesEachRecordByItsOwnCurrencyAndRate) {
+    oDBU.answers["SELECT ddGueltigAb FROM TDEVISENKURS WHERE idDevisenKurs = 72"] = {
+        {to_date(CivilTime{2026, 2, 1})}};
+    oDBU.answers["SELECT dcISOKennz, dcBezeichnung FROM tDevisenWaehr WHERE idDevisenWaehr = 4"] = {
+        {std::string("CHF"), std::string("Franken")}};
+    Row other = log_row(0, "created", 72);
+    other[11] = std::int64_t{4};
+    log({log_row(0, "created"), other, log_row(0, "created")});
+    run();
+    Lines described;
+    for (std::size_t i = 2; i < file().lines.size(); ++i)
+        described.emplace_back(file().lines[i].begin(), file().lines[i].begin() + 3);
+    EXPECT_EQ(described, (Lines{{"USD", "US-Dollar", "01.01.2026"},
+                                {"CHF", "Franken", "01.02.2026"},
+                                {"USD", "US-Dollar", "01.01.2026"}}));
+}
+
 TEST_F(RateExport, KeepsAnEmptyOldValueOfACreationAndWritesValuesAsLogged) {
     log({log_row(0, "created")});
     run();
@@ -163,6 +180,18 @@ TEST_F(RateExport, ARecordOfTechnicalFieldsOnlyHasNoLineAndNoNotice) {
     run();
     EXPECT_EQ(file().lines, (Lines{filter_line, header}));
     EXPECT_TRUE(host.fields_without_caption.empty());
+}
+
+TEST_F(RateExport, SuppressesEachTechnicalFieldEvenWhereItHasACaption) {
+    for (const char* field :
+         {"ddDatumAend", "flMitarbeiter", "idDevisenKurs", "flDevisenWaehr", "ddGueltigAb"}) {
+        host.written.files.clear();
+        oDBU.answers[caption_query(field)] = {{std::string("Technisch")}};
+        host.documents["field"] = {{field, "1", "2"}};
+        log({log_row(1, "field")});
+        run();
+        EXPECT_EQ(file().lines, (Lines{filter_line, header})) << field;
+    }
 }
 
 TEST_F(RateExport, SuppressesTechnicalFieldsOnlyInTheirExactLetterCase) {
