@@ -74,7 +74,7 @@ void LogDatabase::put(std::int64_t id, std::string_view document) {
     const Statement insert =
         prepared(connection,
                  "INSERT OR REPLACE INTO tProtokoll VALUES (?1, 'TDEVISENKURS', 'WS-01', 'Müller', "
-                 "'2026-01-01 ' || ?2, 1, ?3, 'sa', 'Kurse', 10, 10, 1, NULL, NULL)");
+                 "'2026-01-01 ' || ?2, 1, ?3, 'sa', 'Kurse', 7010, 10, 1, 7003, 7004)");
     const std::string time = clock_time(id);
     sqlite3_bind_int64(insert.get(), 1, id);
     sqlite3_bind_text(insert.get(), 2, time.c_str(), -1, SQLITE_STATIC);

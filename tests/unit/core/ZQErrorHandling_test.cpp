@@ -51,21 +51,27 @@ TEST(ErrorExit, LeavesAStampOfAnotherComponentInPlace) {
 }
 
 TEST(ErrorExit, TurnsOtherExceptionsIntoAutomationErrors) {
-    const auto number_of = [](auto&& throwing) {
+    const struct {
+        void (*raise)();
+        ErrorNumber number;
+        const char* description;
+    } rows[] = {
+        {[] { throw std::bad_alloc(); }, ErrorNumber::out_of_memory, "Der Arbeitsspeicher reicht nicht aus."},
+        {[] { throw std::runtime_error("x"); }, ErrorNumber::internal, "Interner Fehler: x"},
+        {[] { throw 5; }, ErrorNumber::internal, "Interner Fehler"},
+    };
+    for (const auto& row : rows) {
         try {
             try {
-                throwing();
+                row.raise();
             } catch (...) {
                 leave("A", "b");
             }
         } catch (const AutomationError& error) {
-            return static_cast<ErrorNumber>(error.number());
+            EXPECT_EQ(static_cast<ErrorNumber>(error.number()), row.number) << row.description;
+            EXPECT_EQ(error.description(), row.description);
         }
-        return ErrorNumber{};
-    };
-    EXPECT_EQ(number_of([] { throw std::bad_alloc(); }), ErrorNumber::out_of_memory);
-    EXPECT_EQ(number_of([] { throw std::runtime_error("x"); }), ErrorNumber::internal);
-    EXPECT_EQ(number_of([] { throw 5; }), ErrorNumber::internal);
+    }
 }
 
 TEST(ErrorExit, AddsTheFailingCommandToTheDescriptionOnce) {
@@ -87,6 +93,37 @@ TEST(ErrorExit, AddsTheFailingCommandToTheDescriptionOnce) {
         EXPECT_EQ(error.description(), "Klasse fehlt\r\nSet oX = New Y");
     }
     EXPECT_EQ(failing_command(), "");
+}
+
+TEST(ErrorExit, ForgetsTheCommandOnceItHasSucceeded) {
+    EXPECT_EQ(with_failing_command("Befehl", [] { return 7; }), 7);
+    EXPECT_EQ(left_through_both(server_error("anderes")).description(), "anderes");
+}
+
+TEST(ErrorExit, WithNoticeTellsTheHostAndForgetsTheFailingCommand) {
+    FakeHost host;
+    try {
+        with_failing_command("\r\nBefehl", []() -> int { throw server_error("fehlt"); });
+    } catch (...) {
+        end_with_notice(host.environment);
+    }
+    EXPECT_EQ(host.failed_lookups, std::vector<std::string>{"fehlt\r\nBefehl"});
+    EXPECT_EQ(failing_command(), "");
+}
+
+TEST(ErrorExit, EndsTheErrorAlsoWhenTheHostCannotHearOfIt) {
+    struct DeafHost : FakeHost {
+        void lookup_failed(std::string_view) override { throw std::bad_alloc(); }
+    } host;
+    bool ended = false;
+    try {
+        throw server_error("fehlt");
+    } catch (...) {
+        end_with_notice(host.environment);
+        ended = true;
+    }
+    EXPECT_TRUE(ended);
+    EXPECT_TRUE(host.errors.empty());
 }
 
 TEST(ErrorExit, EndingQuietlyForgetsTheFailingCommand) {

@@ -24,6 +24,16 @@ TEST(FileName, IsTheSameForTwoBatchRunsWithinASecond) {
     EXPECT_EQ(gsDateiZeitstempel(host.environment), "_20261115_100715");
 }
 
+TEST(FileName, HasNoTimeStampWhenTheTimeCannotBeTold) {
+    struct StoppedClock : Clock {
+        CivilTime now() override { throw server_error("Uhr fehlt"); }
+    } clock;
+    FakeHost host;
+    Environment environment{host, host, host, host, host, clock, host};
+    EXPECT_EQ(csv_file_name("Kunden", "/autostart", environment), "Prot_Kunden.csv");
+    EXPECT_TRUE(host.errors.empty());
+}
+
 class NoDataFile : public testing::Test {
 protected:
     FakeHost host;
@@ -68,12 +78,20 @@ TEST_F(NoDataFile, ShowsAnError) {
               PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gWriteCSVAutoStartOhneDaten");
 }
 
-TEST_F(NoDataFile, IsReplacedByAMessageInAnInteractiveRun) {
-    report_no_data("x.csv", "", BoxStyle::information, host.environment);
+TEST_F(NoDataFile, IsReplacedByAMessageOfTheSectionsStyleInAnInteractiveRun) {
+    for (const BoxStyle style : {BoxStyle::information, BoxStyle::exclamation}) {
+        host.boxes.clear();
+        report_no_data("x.csv", "", style, host.environment);
+        EXPECT_EQ(host.boxes,
+                  (std::vector<test::ShownBox>{{"Keine Daten vorhanden!", style, "Protokollierung"}}));
+    }
     EXPECT_TRUE(host.written.files.empty());
-    ASSERT_EQ(host.boxes.size(), 1U);
-    EXPECT_EQ(host.boxes[0],
-              (test::ShownBox{"Keine Daten vorhanden!", BoxStyle::information, "Protokollierung"}));
+}
+
+TEST_F(NoDataFile, IsWrittenInABatchRunWithoutAMessage) {
+    report_no_data("x.csv", "/autostart", BoxStyle::exclamation, host.environment);
+    EXPECT_EQ(host.written.files.at(0).name, "x.csv");
+    EXPECT_TRUE(host.boxes.empty());
 }
 
 }  // namespace

@@ -63,7 +63,9 @@ TEST_F(Captions, FollowTheFirstRuleThatFits) {
 
 TEST_F(Captions, CompareLetterByLetterWhereCaseCounts) {
     oDBU.answers[caption_query("ADRESSE", "adr_id")] = {{std::string("Nummer")}};
+    oDBU.answers[caption_query("adresse", "ADR_ID")] = {{std::string("Zahl")}};
     EXPECT_EQ(caption("ADRESSE", "adr_id", 1, NameMatch::exact), "Nummer");
+    EXPECT_EQ(caption("adresse", "ADR_ID", 1, NameMatch::exact), "Zahl");
     EXPECT_EQ(caption("ADRESSE", "ADR_ID", 1, NameMatch::exact), "");
 }
 

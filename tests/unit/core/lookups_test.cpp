@@ -122,6 +122,31 @@ TEST_F(ValueByDate, AnAnswerWithoutLaterChangeHoldsForEveryLaterMoment) {
     EXPECT_FALSE(oDBU.statements.empty()) << "but not for an earlier one";
 }
 
+TEST_F(ValueByDate, ADeletionHoldsForEveryLaterMomentToo) {
+    oDBU.answers[deletion] = {{std::string("doc")}};
+    host.documents["doc"] = {{"dcBLZ", "10020030", ""}};
+    value();
+    oDBU.statements.clear();
+    EXPECT_EQ(value(add_seconds(moment, 60)), "10020030");
+    EXPECT_TRUE(oDBU.statements.empty());
+}
+
+TEST_F(ValueByDate, TellsRecordsTablesAndColumnsApartWithinARun) {
+    const auto ask = [this](const char* table, const char* column, const char* key_column, const char* key) {
+        return PROT_gsGetValueByDate(table, column, key_column, key, moment, run);
+    };
+    oDBU.answers[live] = {{std::string("BLZ von 7")}};
+    oDBU.answers["SELECT [dcBLZ] FROM [TBANK] WHERE [idBank] = 8"] = {{std::string("BLZ von 8")}};
+    oDBU.answers["SELECT [dcName] FROM [TBANK] WHERE [idBank] = 7"] = {{std::string("Name von 7")}};
+    oDBU.answers["SELECT [dcBLZ] FROM [TBANK] WHERE [flKunde] = 7"] = {{std::string("BLZ des Kunden 7")}};
+    oDBU.answers["SELECT [dcBLZ] FROM [TALT] WHERE [idBank] = 7"] = {{std::string("alte BLZ von 7")}};
+    EXPECT_EQ(ask("TBANK", "dcBLZ", "idBank", "7"), "BLZ von 7");
+    EXPECT_EQ(ask("TBANK", "dcBLZ", "idBank", "8"), "BLZ von 8");
+    EXPECT_EQ(ask("TBANK", "dcName", "idBank", "7"), "Name von 7");
+    EXPECT_EQ(ask("TBANK", "dcBLZ", "flKunde", "7"), "BLZ des Kunden 7");
+    EXPECT_EQ(ask("TALT", "dcBLZ", "idBank", "7"), "alte BLZ von 7");
+}
+
 TEST_F(ValueByDate, AFailureIsNoAnswer) {
     oDBU.failures.emplace(live, server_error("Zeitüberschreitung"));
     value();
@@ -145,6 +170,20 @@ TEST_F(FieldDescription, IsTheCaptionAndIsAskedOnce) {
     EXPECT_EQ(caption(), "Bankleitzahl");
     EXPECT_EQ(caption(), "Bankleitzahl");
     EXPECT_EQ(oDBU.statements, std::vector<std::string>{"value: " + query});
+}
+
+TEST_F(FieldDescription, BelongsToItsColumnInItsTable) {
+    const auto query_for = [this](std::string table, std::string column) {
+        std::string other = query;
+        other.replace(other.find("TBANK"), 5, table);
+        return other.replace(other.find("dcBLZ"), 5, column);
+    };
+    oDBU.answers[query] = {{std::string("Bankleitzahl")}};
+    oDBU.answers[query_for("TKUNDE", "dcBLZ")] = {{std::string("BLZ des Kunden")}};
+    oDBU.answers[query_for("TBANK", "dcBIC")] = {{std::string("BIC")}};
+    EXPECT_EQ(caption(), "Bankleitzahl");
+    EXPECT_EQ(PROT_gsGetFieldDescription("TKUNDE", "dcBLZ", run), "BLZ des Kunden");
+    EXPECT_EQ(PROT_gsGetFieldDescription("TBANK", "dcBIC", run), "BIC");
 }
 
 TEST_F(FieldDescription, IsUndefinedForAnUnknownColumn) {
@@ -195,6 +234,21 @@ TEST_F(UserInfo, RaisesAnErrorWithItsName) {
         FAIL();
     } catch (const AutomationError& error) {
         EXPECT_EQ(error.source(), PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.PROT_gGetUserInfo");
+    }
+}
+
+TEST(XmlValue, RaisesAnErrorWithItsName) {
+    struct BrokenReader : test::FakeDocumentReader {
+        using FakeDocumentReader::FakeDocumentReader;
+        std::string_view part(std::int32_t, ColumnPart) override { throw server_error("kaputt"); }
+    };
+    const test::FakeDocumentReader::Documents none;
+    BrokenReader oXML(none);
+    try {
+        gsXMLGetValue(oXML, 0, ColumnPart::name);
+        FAIL();
+    } catch (const AutomationError& error) {
+        EXPECT_EQ(error.source(), "000100000000|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gsXMLGetValue");
     }
 }
 

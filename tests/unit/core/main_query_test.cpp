@@ -142,6 +142,18 @@ TEST_F(Deletion, SaysSoWhenThereIsNothingToDelete) {
     EXPECT_EQ(oDBU.statements.size(), 2U);
 }
 
+TEST_F(Deletion, DeletesNothingWhenItCannotAsk) {
+    struct HostWithoutBoxes : FakeHost {
+        BoxAnswer show(std::string_view, BoxStyle, std::string_view) override {
+            throw server_error("kein Fenster");
+        }
+    } without_boxes;
+    oDBU.answers[count] = {{std::int64_t{12}}};
+    gMainDelete(without_boxes.environment, oDBU, 15, statement);
+    EXPECT_EQ(oDBU.statements.back(), "value: " + count);
+    EXPECT_TRUE(without_boxes.errors.empty());
+}
+
 TEST_F(Deletion, NeverTouchesAMemoTableOfAnotherLog) {
     use_log("tLog");
     host.answer = BoxAnswer::yes;
