@@ -55,7 +55,7 @@ void ClientRangeForm::mMandantAuswahl() try {
     const ClientKind kind = chosen().kind;
     const bool single = is_single(kind);
     Field& clients = field(client_name);
-    clients.entries = single ? client_entries(*oDBU_, kind) : std::vector<Entry>();
+    clients.entries = single ? client_entries(*database_, kind) : std::vector<Entry>();
     clients.selected.reset();
     clients.text.clear();
     clients.enabled = single;
@@ -116,7 +116,7 @@ void ClientRangeForm::read_client(std::string_view value) {
     if (first == 'k') batch_.kind = ClientKind::office;
     if (first == 'k' || first == 'm') value.remove_prefix(1);
     if (val(value) <= 0) return;
-    std::optional<Client> client = find_client(*oDBU_, batch_.kind, plain_number(val(value)));
+    std::optional<Client> client = find_client(*database_, batch_.kind, plain_number(val(value)));
     if (!client) return;
     batch_.client = std::move(*client);
     client_chosen(batch_);

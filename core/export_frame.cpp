@@ -23,13 +23,13 @@ constexpr std::array<std::string_view, common_cells> common_captions = {
 /// The look-ups of one file, from construction to destruction.
 class Lookups {
 public:
-    explicit Lookups(Database& oDBU) : oDBU_(oDBU) { oDBU_.begin_lookups(); }
-    ~Lookups() { oDBU_.end_lookups(); }
+    explicit Lookups(Database& oDBU) : database_(oDBU) { database_.begin_lookups(); }
+    ~Lookups() { database_.end_lookups(); }
     Lookups(const Lookups&) = delete;
     Lookups& operator=(const Lookups&) = delete;
 
 private:
-    Database& oDBU_;
+    Database& database_;
 };
 
 /// Tells a parent how far the records are, in the host's own numbers; the largest there is stands for those
@@ -78,7 +78,7 @@ void report_no_data(const std::string& file_name, std::string_view psCommandline
 
 ExportFrame::ExportFrame(Run& run, ProgressParent* poParent, SectionLines& section, const FileHead& head)
     : run_(run),
-      poParent_(poParent),
+      parent_(poParent),
       section_(section),
       rules_(section.rules()),
       head_(head),
@@ -90,7 +90,7 @@ bool ExportFrame::write_file(CsvWriter& writer, bool ask_user, std::string& file
     pointer.set(Pointer::standard);
     if (!writer.open(file_name, ask_user)) return false;
     pointer.set(Pointer::hourglass);
-    if (poParent_) poParent_->gRefresh();
+    if (parent_) parent_->gRefresh();
     write_head(writer);
     write_records(writer, rows);
     // A caption lookup answers a failed statement with no caption; a lost connection must not pass for a
@@ -115,7 +115,7 @@ void ExportFrame::write_head(CsvWriter& writer) {
 void ExportFrame::write_records(CsvWriter& writer, RowSource& rows) {
     const Lookups lookups(run_.oDBU);
     ChangeDocument document(run_.environment);
-    RecordProgress progress(poParent_, rows, rules_.progress_end);
+    RecordProgress progress(parent_, rows, rules_.progress_end);
     while (const LogRow* const row = rows.next()) {
         progress.begin_record();
         write_record(writer, *row, document);

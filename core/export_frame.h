@@ -108,7 +108,7 @@ private:
     }
 
     Run& run_;
-    ProgressParent* poParent_;
+    ProgressParent* parent_;
     SectionLines& section_;
     const LineRules rules_;
     const FileHead head_;

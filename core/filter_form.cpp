@@ -12,7 +12,7 @@ constexpr int filter_form_setup = 1000;
 
 bool FilterForm::gbGetFilter(Database& oDBU, std::string& sCommandline) try {
     const bool ready = accepted(oDBU, sCommandline);
-    if (ready) sFilter_ = take_over(!sCommandline.empty());
+    if (ready) filter_text_ = take_over(!sCommandline.empty());
     Form_Unload();
     return ready;
 } catch (...) {
@@ -24,7 +24,7 @@ bool FilterForm::gbGetFilter(Database& oDBU, std::string& sCommandline) try {
 bool FilterForm::accepted(Database& oDBU, std::string& sCommandline) {
     environment_.screen_pointer.set(Pointer::standard);
     accepted_ = failed_ = false;
-    oDBU_ = &oDBU;
+    database_ = &oDBU;
     form_ = described_form();
     Form_Load();
     fill();

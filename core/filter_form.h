@@ -28,7 +28,7 @@ public:
     bool gbGetFilter(Database& oDBU, std::string& sCommandline);
 
     /// What the file's first line says of an accepted filter.
-    const std::string& sFilter() const { return sFilter_; }
+    const std::string& sFilter() const { return filter_text_; }
 
 protected:
     FilterForm(Environment& environment, std::string_view owner) : environment_(environment), owner_(owner) {}
@@ -53,7 +53,7 @@ protected:
 
     void Form_Load();
     void Form_KeyDown(const KeyStroke& key);
-    void Form_Unload() { oDBU_ = nullptr; }
+    void Form_Unload() { database_ = nullptr; }
     void cmdCancel_Click() { form_.shown = false; }
 
     /// OK and Cancel as every form has them; `ok` is cmdOK_Click.
@@ -74,7 +74,7 @@ protected:
     Environment& environment_;
     const std::string_view owner_;
     Form form_;
-    Database* oDBU_ = nullptr;  // until the form unloads
+    Database* database_ = nullptr;  // until the form unloads
 
 private:
     bool accepted(Database& oDBU, std::string& sCommandline);
@@ -82,7 +82,7 @@ private:
 
     bool accepted_ = false;
     bool failed_ = false;  // an error was shown
-    std::string sFilter_;
+    std::string filter_text_;
 };
 
 /// Title of a box that says why an entry is not possible.

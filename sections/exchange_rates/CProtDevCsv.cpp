@@ -11,14 +11,14 @@ CProtDevCsv::CProtDevCsv(Environment& environment) : SectionRun(environment, own
 bool CProtDevCsv::get_filter(Database& oDBU, std::int32_t /*lSection*/, std::string& filter_text) {
     ProtDevFrmFilter form(environment());
     if (!form.gbGetFilter(oDBU, psCommandline)) return false;
-    sWhere_ = form.sWhere();
+    where_ = form.sWhere();
     filter_text = form.sFilter();
     return true;
 }
 
 SectionRun::Names CProtDevCsv::names() const { return {.word = "Devisenkurse", .captions = rate_captions}; }
 
-std::string CProtDevCsv::msWHERE() const { return exchange_rates::msWHERE(sWhere_); }
+std::string CProtDevCsv::msWHERE() const { return exchange_rates::msWHERE(where_); }
 
 std::unique_ptr<SectionLines> CProtDevCsv::lines(Run& run) const { return std::make_unique<RateLines>(run); }
 

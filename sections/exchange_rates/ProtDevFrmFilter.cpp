@@ -38,7 +38,7 @@ Form ProtDevFrmFilter::described_form() {
 
 std::string ProtDevFrmFilter::take_over(bool by_batch) {
     const Range range = by_batch ? batch_ : selected_range();
-    sWhere_ = " WHERE dcISOKennz BETWEEN '" + range.from + "' AND '" + range.to + "'";
+    where_ = " WHERE dcISOKennz BETWEEN '" + range.from + "' AND '" + range.to + "'";
     return "Von ISO Währungscode: " + range.from + " bis ISO Währungscode: " + range.to;
 }
 
@@ -46,7 +46,7 @@ std::string ProtDevFrmFilter::take_over(bool by_batch) {
 /// from the lowest to the highest code.
 void ProtDevFrmFilter::mIsoWaehrungLesen() try {
     const RowSet rows =
-        oDBU_->query_array("SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz");
+        database_->query_array("SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz");
     rows.require_columns(2);
     for (Field& field : form_.fields) {
         for (std::size_t row = 0; row < rows.rows(); ++row)

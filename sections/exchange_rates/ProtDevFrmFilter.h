@@ -14,7 +14,7 @@ public:
     Form described_form() override;
 
     /// The condition on the currency table of an accepted filter.
-    const std::string& sWhere() const { return sWhere_; }
+    const std::string& sWhere() const { return where_; }
 
 private:
     struct Range {
@@ -30,7 +30,7 @@ private:
     Range selected_range() const;
 
     Range batch_;
-    std::string sWhere_;
+    std::string where_;
 };
 
 }  // namespace prot::exchange_rates

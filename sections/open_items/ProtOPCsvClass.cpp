@@ -11,7 +11,7 @@ ProtOPCsvClass::ProtOPCsvClass(Environment& environment) : SectionRun(environmen
 bool ProtOPCsvClass::get_filter(Database& oDBU, std::int32_t /*lSection*/, std::string& filter_text) {
     ProtOPFrmFilter form(environment(), pbLoeschen);
     if (!form.gbGetFilter(oDBU, psCommandline)) return false;
-    sWhere_ = form.sWhere();
+    where_ = form.sWhere();
     filter_text = form.sFilter();
     return true;
 }
@@ -20,7 +20,7 @@ SectionRun::Names ProtOPCsvClass::names() const {
     return {.word = "OffenePosten", .captions = item_captions};
 }
 
-std::string ProtOPCsvClass::msWHERE() const { return open_items::msWHERE(sWhere_); }
+std::string ProtOPCsvClass::msWHERE() const { return open_items::msWHERE(where_); }
 
 std::unique_ptr<SectionLines> ProtOPCsvClass::lines(Run& run) const {
     return std::make_unique<ItemLines>(run);

@@ -18,7 +18,7 @@ private:
     std::string msWHERE() const override;
     std::unique_ptr<SectionLines> lines(Run& run) const override;
 
-    std::string sWhere_;
+    std::string where_;
 };
 
 /// For the table of sections.

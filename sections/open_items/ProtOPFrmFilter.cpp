@@ -22,7 +22,7 @@ constexpr NumberRange all_accounts = {1, 999999999};
 }  // namespace
 
 ProtOPFrmFilter::ProtOPFrmFilter(Environment& environment, bool bLoeschen)
-    : ClientRangeForm(environment, "ProtOPFrmFilter", kinds), bLoeschen_(bLoeschen) {}
+    : ClientRangeForm(environment, "ProtOPFrmFilter", kinds), deleting_(bLoeschen) {}
 
 Form ProtOPFrmFilter::described_form() {
     Form form;
@@ -42,11 +42,11 @@ Form ProtOPFrmFilter::described_form() {
 
 void ProtOPFrmFilter::fill() { mInitCBO_MandKanz(); }
 
-void ProtOPFrmFilter::mInitCBO_MandKanz() { offer(bLoeschen_, "10000", "10001"); }
+void ProtOPFrmFilter::mInitCBO_MandKanz() { offer(deleting_, "10000", "10001"); }
 
 std::string ProtOPFrmFilter::take_over(bool by_batch) {
     const Selection selected = selection(by_batch);
-    sWhere_ = condition(selected, by_batch ? batch_year_ : chosen_year());
+    where_ = condition(selected, by_batch ? batch_year_ : chosen_year());
     return text_of(selected) + ", von Konto: " + plain_number(selected.range.from) +
            " bis Konto: " + plain_number(selected.range.to);
 }
@@ -76,7 +76,7 @@ void ProtOPFrmFilter::mFuelleWJListe(const Selection& selection) try {
         if (!ids.empty()) restriction = " IN (" + ids + ")";
     }
     if (restriction.empty()) return;
-    for (const FiscalYear& year : fiscal_years(*oDBU_, restriction)) {
+    for (const FiscalYear& year : fiscal_years(*database_, restriction)) {
         years().add(year.id, year.text);
         mFuellenFelder(year);
     }
@@ -90,7 +90,7 @@ void ProtOPFrmFilter::mFuellenFelder(const FiscalYear& year) {
 }
 
 std::string ProtOPFrmFilter::msMandantId(ClientKind kind) {
-    return client_ids(*oDBU_, kind, "Person_v4.Ps_Id, Person_v4.Ps_nr");
+    return client_ids(*database_, kind, "Person_v4.Ps_Id, Person_v4.Ps_nr");
 }
 
 void ProtOPFrmFilter::begin_batch() {

@@ -20,7 +20,7 @@ public:
     Form described_form() override;
 
     /// The condition on the open items of an accepted filter, empty for all.
-    const std::string& sWhere() const { return sWhere_; }
+    const std::string& sWhere() const { return where_; }
 
 private:
     void fill() override;
@@ -39,11 +39,11 @@ private:
     std::int64_t chosen_year();
     std::string condition(const Selection& selection, std::int64_t fiscal_year) const;
 
-    const bool bLoeschen_;
+    const bool deleting_;
     std::string batch_year_text_;
     std::int64_t batch_year_ = 0;  // its key; 0 for all
     std::string fiscal_years_;     // ids of the client's, joined
-    std::string sWhere_;
+    std::string where_;
 };
 
 }  // namespace prot::open_items
