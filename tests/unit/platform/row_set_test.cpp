@@ -18,6 +18,10 @@ void* operator new(std::size_t size) {
 }
 void operator delete(void* place) noexcept { std::free(place); }
 void operator delete(void* place, std::size_t) noexcept { std::free(place); }
+// The sanitizers' own operators for arrays do not come here by themselves.
+void* operator new[](std::size_t size) { return operator new(size); }
+void operator delete[](void* place) noexcept { std::free(place); }
+void operator delete[](void* place, std::size_t) noexcept { std::free(place); }
 
 namespace prot {
 namespace {
