@@ -15,6 +15,11 @@ add_library(pugixml STATIC "${PROT_WINDOWS_LIBRARIES}/pugixml/source/src/pugixml
 target_include_directories(pugixml SYSTEM PUBLIC "${PROT_WINDOWS_LIBRARIES}/pugixml/source/src")
 add_library(pugixml::pugixml ALIAS pugixml)
 
+# Their assertions name their sources; no path of this machine in the products, as in our own targets.
+foreach(library IN ITEMS sqlite3 pugixml)
+    target_compile_options(${library} PRIVATE "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" -fstack-protector-strong)
+endforeach()
+
 foreach(name IN ITEMS CLI11 nlohmann_json)
     add_library(${name} INTERFACE)
     target_include_directories(${name} SYSTEM INTERFACE "${PROT_WINDOWS_LIBRARIES}/include")
