@@ -64,11 +64,15 @@ bool full_screen(const Options& options, const Console& console) {
     return console.full_screen && !options.plain && !options.answers;
 }
 
-/// The log is about to be created anew, which must not cost the database.
-void require_two_files(const Options& options) {
-    std::error_code ignored;
-    if (std::filesystem::equivalent(text_path(options.database), text_path(options.statement_log), ignored))
-        throw UsageError("--sql-log: „" + options.statement_log + "“ ist die Datenbank selbst");
+/// The log is about to be created anew, which must cost neither the database nor the answers.
+void require_own_file(const Options& options) {
+    const auto is_log = [&](const std::string& file) {
+        std::error_code ignored;
+        return std::filesystem::equivalent(text_path(file), text_path(options.statement_log), ignored);
+    };
+    const std::string log = "--sql-log: „" + options.statement_log + "“ ";
+    if (is_log(options.database)) throw UsageError(log + "ist die Datenbank selbst");
+    if (options.answers && is_log(*options.answers)) throw UsageError(log + "ist die Datei der Antworten");
 }
 
 /// A separator that the encoding turned into a question mark would separate nothing.
@@ -103,7 +107,7 @@ public:
                                        ? read_run_parameters(options_.parameters, sections_, environment_)
                                        : options_.request;
         require_separator(options_.csv);
-        if (!options_.statement_log.empty()) require_two_files(options_);
+        if (!options_.statement_log.empty()) require_own_file(options_);
         const auto access =
             options_.command == Command::delete_log ? SqliteAccess::read_write : SqliteAccess::read_only;
         const std::unique_ptr<Database> database = open_sqlite_database(options_.database, access);

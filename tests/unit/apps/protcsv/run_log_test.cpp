@@ -220,6 +220,14 @@ TEST_F(RunLog, NeverWritesTheStatementsOverTheDatabase) {
     EXPECT_EQ(read("x.db"), before);
 }
 
+TEST_F(RunLog, NeverWritesTheStatementsOverTheAnswers) {
+    write("antworten", "EUR\n");
+    EXPECT_EQ(export_batch("statements", {"--sql-log", path("antworten"), "--answers", path("antworten")}),
+              2);
+    EXPECT_EQ(errors, "protcsv: --sql-log: „" + path("antworten") + "“ ist die Datei der Antworten\n");
+    EXPECT_EQ(read("antworten"), "EUR\n");
+}
+
 TEST_F(RunLog, NamesAStatementLogThatCannotBeCreated) {
     EXPECT_EQ(export_batch("file", {"--sql-log", path("fehlt/log")}), 1);
     EXPECT_EQ(errors,
@@ -351,6 +359,37 @@ TEST_F(RunLog, FailsWhenThePathOfTheFileDoesNotReachStandardOutput) {
                                                 "--params", "/autostart", "--out",    path("")};
     EXPECT_EQ(run_program(arguments, {in, out, err}, scripted_sections()), 1);
     EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
+}
+
+/// Keeps what it is to tell.
+class TellingDisplays : public LineDisplays {
+public:
+    TellingDisplays(const DisplayMeans& means, std::vector<std::string>& told)
+        : LineDisplays(means), told_(told) {}
+    void tell(std::string_view text) override { told_.emplace_back(text); }
+
+private:
+    std::vector<std::string>& told_;
+};
+
+TEST_F(RunLog, TellsNothingWhereNothingIsToBeSaid) {
+    Options options;
+    options.command = Command::export_log;
+    options.database = database();
+    std::istringstream in;
+    std::ostringstream out, err;
+    std::vector<std::string> told;
+    const auto displays = [&](const DisplayMeans& means) {
+        return std::make_unique<TellingDisplays>(means, told);
+    };
+    options.request.section = 13;
+    EXPECT_EQ(run_log(options, {in, out, err}, scripted_sections(), displays), 0);
+    EXPECT_EQ(told, std::vector<std::string>()) << "in a window it would be an empty box";
+    options.request.section = 14;
+    options.parameters = "/autostart";
+    options.csv.folder = text_path(path(""));
+    EXPECT_EQ(run_log(options, {in, out, err}, scripted_sections(), displays), 0);
+    EXPECT_EQ(told.size(), 2U) << "failures and notices";
 }
 
 /// Which displays a run may have, on a console that may give its whole screen.

@@ -149,6 +149,9 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
          "flag with a value"},
         {{"export", "--section", "15"}, "--db fehlt (Hilfe: protcsv export --help)", "required option"},
         {{"export", "--db", "x"}, "--section fehlt (Hilfe: protcsv export --help)", "required option"},
+        {{"delete", "--db", "x"}, "--section fehlt (Hilfe: protcsv delete --help)", "required option"},
+        {{"delete", "--section", "15"}, "--db fehlt (Hilfe: protcsv delete --help)", "required option"},
+        {{"run", "--params", "y"}, "--db fehlt (Hilfe: protcsv run --help)", "required option"},
         {{"run", "--db", "x"}, "--params fehlt (Hilfe: protcsv run --help)", "required option"},
         {{"sample"}, "DATEI fehlt (Hilfe: protcsv sample --help)", "required argument"},
         {{"export", "--db", "x", "--db", "y", "--section", "15"},
@@ -233,6 +236,14 @@ TEST(Options, EachCommandTakesItsOptionsAndNoOther) {
             EXPECT_EQ(!unknown, (row.options + ' ').find(name + ' ') != std::string::npos)
                 << row.command << " " << name;
         }
+}
+
+TEST(Options, HelpNamesAnArgumentOnceAndAnOptionWithItsValue) {
+    const std::string help = parse({"sample", "--help"}).text;
+    EXPECT_NE(help.find("\nArgumente:\n  DATEI  "), std::string::npos) << help;
+    EXPECT_EQ(help.find("DATEI DATEI"), std::string::npos) << help;
+    EXPECT_NE(help.find("\n  --seed ZAHL  "), std::string::npos) << help;
+    EXPECT_NE(help.find("\n  --overwrite  "), std::string::npos) << help;
 }
 
 TEST(Options, ADeletionTakesAFolderButDoesNotOfferIt) {

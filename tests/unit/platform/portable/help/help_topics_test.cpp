@@ -45,6 +45,14 @@ TEST_F(HelpTopicsTest, KnowsNothingOfWhatIsMissing) {
     EXPECT_FALSE(HelpTopics(std::filesystem::path()).page("karte.xml", "HID_KURSE")) << "no folder";
 }
 
+TEST_F(HelpTopicsTest, NoFolderIsNotTheCurrentOne) {
+    write_map("kurse.html");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder_ / "hilfe");
+    EXPECT_FALSE(HelpTopics(std::filesystem::path()).page("karte.xml", "HID_KURSE"));
+    std::filesystem::current_path(before);
+}
+
 TEST_F(HelpTopicsTest, KnowsNothingOfWhatIsNoXml) {
     write_map("kurse.html");
     write("kurse.html", "<html><body><p>Kurse</body></html>");

@@ -43,6 +43,8 @@ TEST(PageText, RendersEachElement) {
         {"<table><tr><th>A</th><th>B</th><th>C</th></tr><tr><td>1</td><td>2</td><td>3</td></tr>"
          "<tr><th>D</th><th>E</th><th>F</th></tr><tr><td>4</td><td>5</td><td>6</td></tr></table>",
          "1\n  B: 2\n  C: 3\n4\n  E: 5\n  F: 6\n", "headings hold until the next"},
+        {"<p>davor</p><table><tr><td>a</td><td>b</td></tr></table><ul><li>c</li></ul><h1>D</h1>",
+         "davor\n\na: b\n\n- c\n\nD\n=\n", "blank lines separate blocks of every kind"},
         {"<ol><li>eins</li></ol><ol><li>neu</li></ol>", "1. eins\n\n1. neu\n", "each list counts anew"},
         {"<![CDATA[<lose>]]>", "<lose>\n", "text as it stands"},
         {"<p> \n </p><p>da</p>", "da\n", "an empty paragraph is none"},
