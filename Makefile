@@ -20,9 +20,9 @@ demo: build-linux ## write a sample database, export its logs to out/demo/ and s
 check: ## hold every source against clang-format and clang-tidy; what has not changed is not analysed again
 	@scripts/check
 
-test: ## build and run every test: on Linux, under the sanitizers, and for Windows under Wine
-	@scripts/build linux
-	@scripts/test linux
+test: ## build and run every test: the Linux program, all under the sanitizers, and for Windows under Wine
+	@scripts/build linux program_tests
+	@scripts/test linux -L 'golden|terminal|products|faults'
 	@$(MAKE) --no-print-directory test-asan
 	@$(MAKE) --no-print-directory test-windows
 

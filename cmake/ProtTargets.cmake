@@ -5,9 +5,8 @@ include(LinuxProgram)
 
 add_library(prot_warnings INTERFACE)
 target_compile_options(prot_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_FLAGS MATCHES "-fsanitize")
-    # With the sanitizers' checks in it, std::regex looks to g++ as if it read what nobody wrote.
-    target_compile_options(prot_warnings INTERFACE -Wno-maybe-uninitialized)
+if(CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+    add_compile_definitions(PROT_SANITIZED)
 endif()
 
 # No path of this machine in what is built, so that the same sources give the same bytes in every folder. The build
@@ -72,8 +71,13 @@ function(prot_quick_build name)
 endfunction()
 
 # prot_discover(PROGRAM LABEL [property...]): each test of PROGRAM is a process of its own and has LABEL, and the
-# properties; `slow` is the label of those that match one of PROT_SLOW_TESTS, patterns as GoogleTest reads them.
+# properties. Of the quick ones, `slow` is the label of those that match one of PROT_SLOW_TESTS, patterns as GoogleTest
+# reads them.
 function(prot_discover program label)
+    if(NOT label STREQUAL quick)
+        gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS ${label} ${ARGN})
+        return()
+    endif()
     list(JOIN PROT_SLOW_TESTS ":" slow)
     gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 TEST_FILTER "-${slow}" TEST_LIST ${program}_tests
                          PROPERTIES LABELS ${label} ${ARGN})

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t million = 1000000;
 constexpr std::size_t mebibyte = 1 << 20;
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef PROT_SANITIZED
 constexpr bool sanitized = true;  // every allocation is larger then, and freed memory is kept for a while
 #else
 constexpr bool sanitized = false;

@@ -111,7 +111,7 @@ TEST_F(SqliteConnectionTest, TellsInGermanWhatAStatementNamesWrongly) {
          "columns"},
     };
     for (const auto& [sql, text] : cases)
-        EXPECT_EQ(error_of([&] { database->query_array(sql); }).description(),
+        EXPECT_EQ(error_of([&, sql = sql] { database->query_array(sql); }).description(),
                   std::string(text) + ". Anweisung: " + sql);
 }
 

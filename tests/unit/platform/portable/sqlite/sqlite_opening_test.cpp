@@ -129,7 +129,8 @@ TEST_F(SqliteOpening, SaysWhatIsWrongWithTheFileAndWhatHelps) {
         {SQLITE_NOLFS, "lässt sich nicht öffnen", "anything else"},
     };
     for (const auto& [code, text, why] : cases) {
-        const AutomationError error = error_of([&] { refuse_sqlite_file(path(), code, "own text"); });
+        const AutomationError error =
+            error_of([&, code = code] { refuse_sqlite_file(path(), code, "own text"); });
         EXPECT_EQ(static_cast<std::uint32_t>(error.number()), 0x80040000U + static_cast<std::uint32_t>(code))
             << why;
         EXPECT_EQ(error.description(),
@@ -160,7 +161,7 @@ TEST_F(SqliteOpening, NamesTheWriteAheadLogOnlyWhereReadingNeedsIt) {
     };
     for (const auto& [bytes, code, named, why] : cases) {
         write_bytes(std::string(18, 'x') + bytes + std::string(80, 'x'));
-        const AutomationError error = error_of([&] { refuse_sqlite_file(path(), code, ""); });
+        const AutomationError error = error_of([&, code = code] { refuse_sqlite_file(path(), code, ""); });
         EXPECT_EQ(error.description().find("(WAL)") != std::string::npos, named) << why;
     }
 }
