@@ -22,7 +22,13 @@ Caption caption_rule(std::span<const CaptionRule> rules, NameMatch match, const 
 
 std::string name_by(const IdRule& rule, std::int32_t id, Date moment, Run& run) {
     if (id == 0) return std::string(rule.text_of_none);
-    return PROT_gsGetValueByDate(rule.table, rule.column, rule.key_column, std::to_string(id), moment, run);
+    const auto value_of = [&](std::string_view column) {
+        return PROT_gsGetValueByDate(rule.table, column, rule.key_column, std::to_string(id), moment, run);
+    };
+    std::string name;
+    if (!rule.column_in_front.empty()) name = value_of(rule.column_in_front);
+    if (!name.empty()) name += ' ';
+    return name + value_of(rule.column);
 }
 
 std::string_view caption_by(std::span<const CaptionRule> rules, NameMatch match, const ChangedField& field,

@@ -64,6 +64,7 @@ struct IdRule {
     FieldPattern fields;
     std::string_view text_of_none;               ///< for id 0
     std::string_view table, column, key_column;  ///< where the name stands, and the id
+    std::string_view column_in_front{};          ///< stands before the name, parted by a blank; may be none
 };
 
 /// The name that the record had at `moment`, by PROT_gsGetValueByDate.

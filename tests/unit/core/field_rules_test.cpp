@@ -105,5 +105,16 @@ TEST_F(Captions, ANameByIdIsTheOneOfTheMoment) {
               ">= <08.12.2025 23:59:59> AND dmData LIKE '%Name=\"dcBLZ\"><OldValue>%' ORDER BY ddDatum ASC");
 }
 
+TEST_F(Captions, ANameByIdMayHaveAnotherColumnInFront) {
+    constexpr IdRule rule = {{.field = "BA_ID"}, "ohne Bank", "TBANK", "dcBezeichnung", "idBank", "dcBLZ"};
+    oDBU.answers["SELECT [dcBezeichnung] FROM [TBANK] WHERE [idBank] = 7"] = {{std::string("Sparkasse")}};
+    oDBU.answers["SELECT [dcBLZ] FROM [TBANK] WHERE [idBank] = 7"] = {{std::string("50050201")}};
+    EXPECT_EQ(name_by(rule, 7, Date{46000}, run), "50050201 Sparkasse");
+    oDBU.answers["SELECT [dcBezeichnung] FROM [TBANK] WHERE [idBank] = 8"] = {{std::string("Hausbank")}};
+    oDBU.answers["SELECT [dcBLZ] FROM [TBANK] WHERE [idBank] = 8"] = {{Value()}};
+    EXPECT_EQ(name_by(rule, 8, Date{46000}, run), "Hausbank") << "no blank before it";
+    EXPECT_EQ(name_by(rule, 0, Date{46000}, run), "ohne Bank");
+}
+
 }  // namespace
 }  // namespace prot
