@@ -47,8 +47,6 @@ constexpr std::string_view from_purposes =
 struct LogTie {
     std::string_view dcTable, column, key_column;
 };
-constexpr LogTie link_of_address = {"PERSON_ADRESSE", "dlPrimaryKey2", "dlPrimaryKey1"};
-constexpr LogTie link_of_account = {"PERSON_BANKKONTO", "dlPrimaryKey2", "dlPrimaryKey1"};
 constexpr LogTie number_of_person = {"{master}", "dlSuchId4", "dlSuchId1"};
 constexpr LogTie personal_data_of_person = {"PERSONALIE", "dlPrimaryKey1", "dlSuchId1"};
 
@@ -58,6 +56,7 @@ struct Path {
     std::string_view table, from, where;  ///< {key}: of the row
     PersonBy person_by = PersonBy::nothing;
     LogTie tie{};
+    std::string_view link{};  ///< the table that links persons to such rows, where its rows go the same way
 };
 constexpr Path paths[] = {
     {"{master}",
@@ -71,10 +70,18 @@ constexpr Path paths[] = {
      " WHERE PERSONALIE.Pl_Id = {key}",
      PersonBy::log,
      {"PERSONALIE", "dlSuchId1", "dlPrimaryKey1"}},
-    {"ADRESSE", from_address, " WHERE ADRESSE.ADR_ID = {key}", PersonBy::log, link_of_address},
-    {"PERSON_ADRESSE", from_address, " WHERE ADRESSE.ADR_ID = {key}", PersonBy::log, link_of_address},
-    {"BANKKONTO", from_account, " WHERE BANKKONTO.BK_ID = {key}", PersonBy::log, link_of_account},
-    {"PERSON_BANKKONTO", from_account, " WHERE BANKKONTO.BK_ID = {key}", PersonBy::log, link_of_account},
+    {"ADRESSE",
+     from_address,
+     " WHERE ADRESSE.ADR_ID = {key}",
+     PersonBy::log,
+     {"PERSON_ADRESSE", "dlPrimaryKey2", "dlPrimaryKey1"},
+     "PERSON_ADRESSE"},
+    {"BANKKONTO",
+     from_account,
+     " WHERE BANKKONTO.BK_ID = {key}",
+     PersonBy::log,
+     {"PERSON_BANKKONTO", "dlPrimaryKey2", "dlPrimaryKey1"},
+     "PERSON_BANKKONTO"},
     {"STM_BKTOZUSATZ", from_account_extras, " Where (STM_BKtoZusatz.BKZ_Id = {key})"},
     {"{purposes}",
      from_purposes,
@@ -107,8 +114,9 @@ std::int32_t whole_number(const Value& value) { return to_long(val(to_text(value
 
 PartnerRecords::PartnerRecords(Run& run, const Ledger& ledger) : run_(run), ledger_(ledger) {
     for (const Path& path : paths)
-        tables_.push_back({named(path.table, ledger), named(path.from, ledger) + named(path.where, ledger),
-                           path.person_by, statement(path.tie, ledger)});
+        tables_.push_back({named(path.table, ledger), path.link,
+                           named(path.from, ledger) + named(path.where, ledger), path.person_by,
+                           statement(path.tie, ledger)});
 }
 
 void PartnerRecords::mGetKLInfos(std::string_view sTabelle, std::int32_t lKey, std::string& sNr,
@@ -155,10 +163,12 @@ void PartnerRecords::mInfosFromProtokoll(Table* table, std::int32_t lKey, std::s
     leave(owner, "mInfosFromProtokoll");
 }
 
-/// Null for a table whose rows are tied to nobody.
+/// Null for a table whose rows belong to nobody.
 PartnerRecords::Table* PartnerRecords::find(std::string_view sTabelle) {
-    const auto found =
-        std::ranges::find_if(tables_, [&](const Table& each) { return upper_equals(sTabelle, each.name); });
+    const auto found = std::ranges::find_if(tables_, [&](const Table& each) {
+        return upper_equals(sTabelle, each.name) ||
+               (!each.link.empty() && upper_equals(sTabelle, each.link));
+    });
     return found == tables_.end() ? nullptr : &*found;
 }
 

@@ -30,7 +30,7 @@ public:
                      std::optional<Date> dtDatum);
 
     /// The FROM and WHERE that lead from a logged table's row to its customer or supplier; empty for a table
-    /// whose rows are tied to nobody.
+    /// whose rows belong to nobody.
     std::string msKLFromWhere(std::int32_t lKey, std::string_view sTabelle);
 
 private:
@@ -47,9 +47,10 @@ private:
         std::int32_t personal_data = 0;
     };
 
-    /// A logged table: its statements, and their answers by key.
+    /// A logged table, and the one that links persons to its rows: their statements, and the answers by key.
     struct Table {
         std::string name;
+        std::string_view link;
         std::string from_where;
         PersonBy person_by;
         std::string in_log;

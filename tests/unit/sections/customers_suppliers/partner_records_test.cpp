@@ -206,6 +206,16 @@ TEST_F(PartnerDescription, IsThatOfTheLiveTablesOnceForEachTableAndKey) {
     EXPECT_EQ(take_statements(), (std::vector<std::string>{"array: " + account_31, "array: " + person_31}));
 }
 
+TEST_F(PartnerDescription, OfAnAccountAndOfItsLinkIsAskedForOnce) {
+    describe("PERSON_BANKKONTO", 31);
+    describe("PERSON_ADRESSE", 31);
+    const std::vector<std::string> links = take_statements();
+    EXPECT_EQ(links.size(), 4U) << "live and in the log, each";
+    describe("BANKKONTO", 31);
+    describe("ADRESSE", 31);
+    EXPECT_TRUE(take_statements().empty());
+}
+
 TEST_F(PartnerDescription, OfAPersonWithoutNameIsANumberAlone) {
     oDBU.answers[live(records.msKLFromWhere(1, "PERSON_V4"))] = {{std::int64_t{10000}, Value()}};
     EXPECT_EQ(describe("PERSON_V4", 1), Found("10000", ""));
@@ -271,6 +281,7 @@ TEST_F(PartnerDescription, OfAPersonsOwnRowNeedsNoLookupOfThePerson) {
 
 TEST_F(PartnerDescription, OfATableThatBelongsToNobodyAsksNothing) {
     EXPECT_EQ(describe("TBANK", 7), nobody);
+    EXPECT_EQ(describe("", 7), nobody);
     EXPECT_TRUE(oDBU.statements.empty());
 }
 
