@@ -26,9 +26,13 @@ private:
     }
 };
 
-TEST(WholeStatementsPosix, OnlyAChangeRunsToItsEnd) {
+TEST(WholeStatementsPosix, OnlyADeletionRunsToItsEnd) {
     WatchedDatabase database;
     WholeStatements whole(database);
+    whole.execute("DROP TABLE IF EXISTS #t \r\nSELECT a INTO #t FROM T; \r\n");
+    EXPECT_TRUE(database.could_be_stopped) << "temporary tables are nobody else's";
+    whole.execute("SELECT a INTO #t FROM T; DELETE x");
+    EXPECT_FALSE(database.could_be_stopped);
     whole.execute("DELETE x");
     EXPECT_FALSE(database.could_be_stopped);
     whole.query_array("SELECT a");
