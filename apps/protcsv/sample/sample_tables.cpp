@@ -46,6 +46,7 @@ CREATE TABLE tSysQuvoColumns (
 )";
 
 constexpr const char* log_indexes = R"(
+CREATE INDEX iProtokollSuchId1 ON tProtokoll (dcTable, dlSuchId1, ddDatum);
 CREATE INDEX iProtokollSuchId2 ON tProtokoll (dcTable, dlSuchId2, ddDatum);
 CREATE INDEX iProtokollPrimaryKey1 ON tProtokoll (dcTable, dlPrimaryKey1, ddDatum);
 CREATE INDEX iProtokollDatum ON tProtokoll (ddDatum);
@@ -67,18 +68,17 @@ void create_log_tables(SampleFile& file) {
 }
 
 void write_captions(SampleFile& file, std::span<const Caption> captions) {
-    Insert insert_table(file, "INSERT INTO tSysQuvoTables (dcTableName) VALUES (?)");
-    Insert insert_column(
-        file, "INSERT INTO tSysQuvoColumns (flTable, dcColumnName, dmDescription) VALUES (?, ?, ?)");
-    std::string_view table;
-    std::int64_t table_key = 0;
+    Insert insert_table(file,
+                        "INSERT INTO tSysQuvoTables (dcTableName) SELECT ?1"
+                        " WHERE NOT EXISTS (SELECT * FROM tSysQuvoTables WHERE dcTableName = ?1)");
+    Insert insert_column(file,
+                         "INSERT INTO tSysQuvoColumns (flTable, dcColumnName, dmDescription)"
+                         " SELECT IDSysQuvoTables, ?2, ?3 FROM tSysQuvoTables WHERE dcTableName = ?1"
+                         " AND NOT EXISTS (SELECT * FROM tSysQuvoColumns"
+                         " WHERE flTable = IDSysQuvoTables AND dcColumnName = ?2)");
     for (const Caption& caption : captions) {
-        if (caption.table != table) {
-            table = caption.table;
-            insert_table.row(table);
-            table_key = file.last_key();
-        }
-        insert_column.row(table_key, caption.column, caption.text);
+        insert_table.row(caption.table);
+        insert_column.row(caption.table, caption.column, caption.text);
     }
 }
 

@@ -10,7 +10,7 @@ namespace prot::sample {
 
 /// What a logged column is called in front of a person.
 struct Caption {
-    std::string_view table;  ///< as it stands in dcTable; the captions of one table stand together
+    std::string_view table;  ///< as it stands in dcTable
     std::string_view column;
     std::string_view text;
 };
@@ -18,6 +18,7 @@ struct Caption {
 /// Creates the shared tables and fills the section list.
 void create_log_tables(SampleFile& file);
 
+/// A column that has its caption already, as where sections share a table, keeps it.
 void write_captions(SampleFile& file, std::span<const Caption> captions);
 
 /// The indexes that a careful administrator gives the log, and the statistics about them: without these
