@@ -65,7 +65,10 @@ void write_log(SampleFile& file, std::vector<Part>& parts) {
     sample::LogWriter log(file);
     while (Part* const part = next_part(parts)) {
         log.add(part->section->log_change(part->next));
-        if (--part->rows_left > 0) part->next = part->moments.next();
+        if (--part->rows_left == 0) continue;
+        // Every row takes a moment, used or not, so that the log ends where it should.
+        const sample::Moment next = part->moments.next();
+        if (!part->section->goes_on()) part->next = next;
     }
     log.finish();
 }

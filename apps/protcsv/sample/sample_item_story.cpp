@@ -1,17 +1,9 @@
 #include "apps/protcsv/sample/sample_item_story.h"
 
-#include <charconv>
-
 namespace prot::sample {
 namespace {
 
 using std::chrono::year;
-
-std::int32_t number_of(std::string_view text) {
-    std::int32_t number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
-}
 
 LogRow rename_client(ItemDesk& desk, const Occasion& occasion, std::string_view short_name) {
     return desk.rename_client(occasion, 1002, short_name);

@@ -69,8 +69,10 @@ LogRow log_row(const LoggedTable<Record>& table, const Occasion& occasion, const
 /// Nobody logged in: the record keeps its employee.
 template <class Record>
 void stamp(Record& record, const Occasion& occasion) {
-    record.changed = occasion.moment;
-    if (occasion.author.employee != 0) record.employee = occasion.author.employee;
+    if constexpr (requires { record.changed; }) {
+        record.changed = occasion.moment;
+        if (occasion.author.employee != 0) record.employee = occasion.author.employee;
+    }
 }
 
 /// A record that is new.

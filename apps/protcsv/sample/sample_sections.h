@@ -16,10 +16,14 @@ class Section {
 public:
     virtual ~Section() = default;
 
-    /// Makes one change at `moment`, later than all before, and returns its log row.
+    /// Makes one change at `moment`, later than all before, and returns its log row, or the first of them.
     virtual LogRow log_change(Moment moment) = 0;
 
-    /// Creates the section's own tables and writes its records.
+    /// Whether the latest change has more log rows, of other tables: log_change returns them next, with the
+    /// moment of that change.
+    virtual bool goes_on() const { return false; }
+
+    /// Creates the section's own tables, and those it shares when they are not there; writes its records.
     virtual void write_master_data(SampleFile& file) const = 0;
 
     virtual std::span<const Caption> captions() const = 0;

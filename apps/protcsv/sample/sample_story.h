@@ -13,6 +13,9 @@
 /// chance: each of its changes keeps the records and the log in step and returns the log row.
 namespace prot::sample {
 
+/// A story's text where it means a whole number.
+std::int32_t number_of(std::string_view text);
+
 /// A change as a story tells it; what the text means is the change's own.
 template <class Desk>
 using Change = LogRow (*)(Desk& desk, const Occasion& occasion, std::string_view text);
@@ -67,17 +70,32 @@ struct Plot {
     bool in_turn = false;  ///< everybody has a part in the story; else whoever is likely to be at work
 };
 
+/// A desk whose changes may have several log rows: what a change returns is the first, next_row the others.
+template <class Desk>
+concept logs_more = requires(Desk desk) {
+    desk.goes_on();
+    desk.next_row();
+};
+
 /// A section that is told so.
 template <class Desk>
 class StorySection : public Section {
 public:
     LogRow log_change(Moment moment) final {
+        if constexpr (logs_more<Desk>) {
+            if (desk_.goes_on()) return desk_.next_row();
+        }
         if (told_ == plot_.story.size() || moment < plot_.story[told_].due || is_night(moment))
             return any_change({moment, any_author(moment)});
         const Author teller =
             plot_.in_turn ? author(told_ % author_count(), plot_.programs) : any_author(moment);
         const Step<Desk>& step = plot_.story[told_++];
         return step.change(desk_, {moment, teller}, step.text);
+    }
+
+    bool goes_on() const final {
+        if constexpr (logs_more<Desk>) return desk_.goes_on();
+        return false;
     }
 
 protected:
