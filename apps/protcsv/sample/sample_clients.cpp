@@ -71,11 +71,14 @@ CREATE TABLE Person_v4 (
     Ps_Id INTEGER PRIMARY KEY,
     Ps_Nr INTEGER,
     Ps_KurzName TEXT COLLATE NOCASE,
-    Ps_Name TEXT COLLATE NOCASE
+    Ps_Name TEXT COLLATE NOCASE,
+    PS_USTIDFK TEXT COLLATE NOCASE,
+    PS_ZUHAENDEN TEXT COLLATE NOCASE
 );
 CREATE TABLE Personalie (
     Pl_Id INTEGER PRIMARY KEY,
-    Ps_Id INTEGER
+    Ps_Id INTEGER,
+    Pl_Bezeichnung TEXT COLLATE NOCASE
 );
 CREATE TABLE Mandant_Zeit (
     MaZt_Id INTEGER PRIMARY KEY,
@@ -199,8 +202,8 @@ void ClientBook::write(SampleFile& file) const {
 
 /// Some clients have a second entry in the client register, from another day on.
 void ClientBook::write_clients(SampleFile& file) const {
-    Insert person(file, "INSERT INTO Person_v4 VALUES (?, ?, ?, ?)");
-    Insert personal_data(file, "INSERT INTO Personalie VALUES (?, ?)");
+    Insert person(file, "INSERT INTO Person_v4 (Ps_Id, Ps_Nr, Ps_KurzName, Ps_Name) VALUES (?, ?, ?, ?)");
+    Insert personal_data(file, "INSERT INTO Personalie VALUES (?, ?, ?)");
     Insert entry(file, "INSERT INTO Mandant_Zeit (Pl_Id, MaZt_Kanzlei, MaZt_Von) VALUES (?, ?, ?)");
     Insert dossier(file, "INSERT INTO Akten VALUES (?, ?, ?)");
     for (std::size_t index = 0; index < clients_.size(); ++index) {
@@ -208,7 +211,7 @@ void ClientBook::write_clients(SampleFile& file) const {
         const std::int32_t personal_id = client.id + personal_data_offset;
         const int office = client.office ? yes : no;
         person.row(client.id, client.number, client.short_name, client.name);
-        personal_data.row(personal_id, client.id);
+        personal_data.row(personal_id, client.id, client.name);
         entry.row(personal_id, office, iso_text(Day(year{2015} / 1 / 1)));
         if (index % clients_per_second_entry == 0)
             entry.row(personal_id, office, iso_text(Day(year{2022} / 4 / 1)));

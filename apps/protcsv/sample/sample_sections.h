@@ -42,6 +42,9 @@ std::unique_ptr<Section> create_exchange_rates(Random random, std::int64_t rows,
 /// Brings the clients; sections that need them stand behind it.
 std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows, ClientBook& clients);
 
+std::unique_ptr<Section> create_customers(Random random, std::int64_t rows, ClientBook& clients);
+std::unique_ptr<Section> create_suppliers(Random random, std::int64_t rows, ClientBook& clients);
+
 /// All sections. A new one leaves the others their content, as every section has its own chance and its own
 /// moments.
 std::span<const SectionKind> section_kinds();

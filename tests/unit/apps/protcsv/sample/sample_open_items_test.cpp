@@ -33,11 +33,11 @@ constexpr Feature features[] = {
     {"SELECT COUNT(*) FROM tProtokoll WHERE dmData LIKE '%\"; %</NewValue>%'", "a value with quotes and separator"},
     {"SELECT COUNT(*) FROM tProtokoll WHERE dmData GLOB '*\"OP_IMPORT_KZ\"*'", "a logged field without caption"},
     {"SELECT COUNT(*) FROM OFFENER_POSTEN WHERE OP_BELEG2 IS NULL", "an item without document number"},
-    {"SELECT COUNT(*) >= 24 FROM Person_v4", "a few dozen clients"},
+    {"SELECT COUNT(*) >= 24 FROM Akten", "a few dozen clients"},
     {"SELECT COUNT(*) >= 2 FROM Mandant_Zeit WHERE MaZt_Kanzlei = -1", "offices"},
     {"SELECT COUNT(*) FROM Person_v4 a JOIN Person_v4 b USING (Ps_Nr) WHERE a.Ps_Id < b.Ps_Id", "a client and an office of one number"},
     {"SELECT COUNT(*) FROM Akten WHERE Akt_Papierkorb = -1", "a client in the waste basket"},
-    {"SELECT COUNT(*) FROM Person_v4 WHERE Ps_Id NOT IN (SELECT Ps_Id FROM Person_Wirtschaftsjahr)", "a client without fiscal years"},
+    {"SELECT COUNT(*) FROM Akten WHERE Ps_Id NOT IN (SELECT Ps_Id FROM Person_Wirtschaftsjahr)", "a client without fiscal years"},
     {"SELECT COUNT(*) FROM Mandant_Zeit GROUP BY Pl_Id HAVING COUNT(*) > 1", "a client with two entries"},
     {"SELECT COUNT(*) FROM Person_Wirtschaftsjahr WHERE dlWJTyp = 2 AND WJ_Bezeichnung <> ''", "a planned year with designation"},
     {"SELECT COUNT(*) FROM Person_Wirtschaftsjahr WHERE dlWJTyp = 2 AND WJ_Bezeichnung IS NULL", "a planned year without designation"},
@@ -106,7 +106,7 @@ TEST_F(SampleOpenItems, LeavesTheLiveItemsAsTheLogLeftThem) {
 }
 
 TEST_F(SampleOpenItems, HasMoreClientsForALargerLogUpTo20000) {
-    EXPECT_EQ(number(write("a.db", {1, 1000, open_items}), "SELECT COUNT(*) FROM Person_v4"), 145);
+    EXPECT_EQ(number(write("a.db", {1, 1000, open_items}), "SELECT COUNT(*) FROM Akten"), 145);
     for (const std::int64_t rows : {200'000, 30'000'000}) {
         sample::Random random(1, 1);
         EXPECT_EQ(sample::ClientBook(random, rows).clients().size(), 20'000U) << rows;
