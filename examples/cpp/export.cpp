@@ -3,10 +3,11 @@
 //   export.exe "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15
 //   C:\Protokolle
 //
-// Arguments: connection string, number of the section, folder of the file. An early-bound host: the database
-// object implements IProtDatabase of the type library, so the server calls it without asking for names. midl
-// or widl make the headers srvprotqrbcsv.h and prot_database.h, and the identifiers in srvprotqrbcsv_i.c and
-// prot_database_i.c, from the .idl files of the same names.
+// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 15 exchange
+// rates), folder of the file; for sections with clients further keys, such as /mandant:123. An early-bound
+// host: the database object implements IProtDatabase of the type library, so the server calls it without
+// asking for names. midl or widl make the headers srvprotqrbcsv.h and prot_database.h, and the identifiers in
+// srvprotqrbcsv_i.c and prot_database_i.c, from the .idl files of the same names.
 #include <ole2.h>
 
 #include <cstdio>
@@ -207,8 +208,8 @@ private:
 };
 
 /// Runs the export; the server's error comes back with number and text.
-void export_section(_ProtCsvClass* server, IDispatch* database, long section) {
-    const std::wstring parameters = L"/sektion:" + std::to_wstring(section) + L"/autostart";
+void export_section(_ProtCsvClass* server, IDispatch* database, long section, const wchar_t* keys) {
+    const std::wstring parameters = L"/sektion:" + std::to_wstring(section) + L"/autostart" + keys;
     const Variant text(parameters.c_str()), user(L"");
     check(server->put_psCommandline(text.bstrVal));
     Variant spare;
@@ -230,8 +231,8 @@ void export_section(_ProtCsvClass* server, IDispatch* database, long section) {
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
-    if (count != 4) {
-        std::fputws(L"Aufruf: export VERBINDUNG BEREICH ORDNER\n", stderr);
+    if (count < 4) {
+        std::fputws(L"Aufruf: export VERBINDUNG BEREICH ORDNER [AUSWAHL]\n", stderr);
         return 2;
     }
     SetEnvironmentVariableW(L"PROTCSV_AUSGABE", arguments[3]);
@@ -242,7 +243,8 @@ int wmain(int count, wchar_t** arguments) {
         _ProtCsvClass* server = nullptr;
         check(CoCreateInstance(CLSID_ProtCsvClass, nullptr, CLSCTX_INPROC_SERVER, IID__ProtCsvClass,
                                reinterpret_cast<void**>(&server)));
-        export_section(server, database, std::wcstol(arguments[2], nullptr, 10));
+        export_section(server, database, std::wcstol(arguments[2], nullptr, 10),
+                       count > 4 ? arguments[4] : L"");
         server->Release();
         database->Release();
         std::fputws(L"Fertig.\n", stdout);

@@ -3,7 +3,8 @@
 //   csc /platform:x64 Export.cs
 //   Export.exe "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15 C:\Protokolle
 //
-// Arguments: connection string, number of the section, folder of the file. Build for the library's word size.
+// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 15 exchange rates), folder of the
+// file; for sections with clients further keys, such as /mandant:123. Build for the library's word size.
 using System;
 using System.Collections.Generic;
 using System.Data.OleDb;
@@ -83,7 +84,7 @@ public static class Program
     {
         if (arguments.Length != 3)
         {
-            Console.Error.WriteLine("Aufruf: Export VERBINDUNG BEREICH ORDNER");
+            Console.Error.WriteLine("Aufruf: Export VERBINDUNG BEREICH ORDNER [AUSWAHL]");
             return 2;
         }
         int section = int.Parse(arguments[1], CultureInfo.InvariantCulture);
@@ -91,7 +92,7 @@ public static class Program
 
         dynamic server = Activator.CreateInstance(Type.GetTypeFromProgID("srvProtQRBCsv.ProtCsvClass", true));
         server.poParent = new Progress();
-        server.psCommandline = "/sektion:" + section + "/autostart";
+        server.psCommandline = "/sektion:" + section + "/autostart" + (arguments.Length > 3 ? arguments[3] : "");
         try
         {
             // user (empty: all), first and last day (0: open), events 1 created + 2 changed + 4 deleted

@@ -2,8 +2,9 @@
 //
 //   cscript //nologo export.js "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15 C:\Protokolle
 //
-// Arguments: connection string, number of the section, folder of the file (the environment variable
-// PROTCSV_AUSGABE goes before it). The language has no arrays of two dimensions of its own, but it can pass on the one
+// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 15 exchange rates), folder of the
+// file (the environment variable PROTCSV_AUSGABE goes before it); for sections with clients further keys, such as
+// /mandant:123. The language has no arrays of two dimensions of its own, but it can pass on the one
 // that GetRows makes.
 
 function Database(text) {
@@ -51,8 +52,8 @@ var progress = {
     }
 };
 
-if (WScript.Arguments.Length !== 3) {
-    WScript.Echo("Aufruf: export.js VERBINDUNG BEREICH ORDNER");
+if (WScript.Arguments.Length < 3) {
+    WScript.Echo("Aufruf: export.js VERBINDUNG BEREICH ORDNER [AUSWAHL]");
     WScript.Quit(2);
 }
 new ActiveXObject("WScript.Shell").CurrentDirectory = WScript.Arguments(2);
@@ -60,7 +61,7 @@ new ActiveXObject("WScript.Shell").CurrentDirectory = WScript.Arguments(2);
 var section = parseInt(WScript.Arguments(1), 10);
 var server = new ActiveXObject("srvProtQRBCsv.ProtCsvClass");
 server.poParent = progress;
-server.psCommandline = "/sektion:" + section + "/autostart";
+server.psCommandline = "/sektion:" + section + "/autostart" + (WScript.Arguments.Length > 3 ? WScript.Arguments(3) : "");
 try {
     // user (empty: all), first and last day (0: open), events 1 created + 2 changed + 4 deleted
     server.gCSVAusgabe(new Database(WScript.Arguments(0)), section, "", 0, 0, 7);

@@ -2,6 +2,7 @@
 #
 #   .\export.ps1 -Verbindung "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" -Bereich 15 -Ordner C:\Protokolle
 #
+# Sections: 6 open items, 8 suppliers, 9 customers, 15 exchange rates; those with clients take further keys, such as -Auswahl /mandant:123.
 # PowerShell objects are no COM objects; a few lines of C# make the two host objects. Use the Windows
 # PowerShell (5.1) of the library's word size (the 32-bit one lies in SysWOW64).
 #requires -Version 5.1 -PSEdition Desktop
@@ -9,6 +10,7 @@ param(
     [Parameter(Mandatory)] [string] $Verbindung,
     [Parameter(Mandatory)] [int] $Bereich,
     [string] $Ordner = '.',
+    [string] $Auswahl = '',
     [string] $Mitarbeiter = '',
     [datetime] $Von = [datetime]::FromOADate(0),
     [datetime] $Bis = [datetime]::FromOADate(0)
@@ -88,7 +90,7 @@ public class Progress
 $env:PROTCSV_AUSGABE = (Resolve-Path -LiteralPath $Ordner).ProviderPath
 $server = New-Object -ComObject srvProtQRBCsv.ProtCsvClass
 $server.poParent = New-Object Progress
-$server.psCommandline = "/sektion:$Bereich/autostart"
+$server.psCommandline = "/sektion:$Bereich/autostart$Auswahl"
 try {
     # events 1 created + 2 changed + 4 deleted
     $server.gCSVAusgabe((New-Object Database $Verbindung), $Bereich, $Mitarbeiter, $Von, $Bis, 7)

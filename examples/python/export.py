@@ -2,7 +2,8 @@
 
     python export.py "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15 C:\\Protokolle
 
-Arguments: connection string, number of the section, folder of the file.
+Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 15 exchange rates), folder of the file;
+for sections with clients further keys, such as /mandant:123.
 """
 
 import datetime
@@ -71,14 +72,14 @@ class Progress:
 
 
 def main():
-    if len(sys.argv) != 4:
-        sys.exit("Aufruf: export.py VERBINDUNG BEREICH ORDNER")
+    if len(sys.argv) < 4:
+        sys.exit("Aufruf: export.py VERBINDUNG BEREICH ORDNER [AUSWAHL]")
     connection, section, folder = sys.argv[1], int(sys.argv[2]), sys.argv[3]
     os.environ["PROTCSV_AUSGABE"] = os.path.abspath(folder)
 
     server = win32com.client.Dispatch("srvProtQRBCsv.ProtCsvClass")
     server.poParent = wrap(Progress())
-    server.psCommandline = f"/sektion:{section}/autostart"
+    server.psCommandline = f"/sektion:{section}/autostart" + "".join(sys.argv[4:])
     try:
         # user (empty: all), first and last day, events 1 created + 2 changed + 4 deleted
         server.gCSVAusgabe(wrap(Database(connection)), section, "", OPEN, OPEN, 7)

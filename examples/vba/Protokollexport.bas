@@ -16,7 +16,9 @@ Public Sub ExportDevisenkurse()
                   "C:\Protokolle"
 End Sub
 
-Public Sub ExportBereich(ByVal connection As String, ByVal section As Long, ByVal folder As String)
+' section: 6 open items, 8 suppliers, 9 customers, 15 exchange rates; those with clients take further keys, such as /mandant:123.
+Public Sub ExportBereich(ByVal connection As String, ByVal section As Long, ByVal folder As String, _
+                         Optional ByVal keys As String)
     Dim database As New ProtDatabase
     Dim server As Object
 
@@ -25,7 +27,7 @@ Public Sub ExportBereich(ByVal connection As String, ByVal section As Long, ByVa
 
     Set server = CreateObject("srvProtQRBCsv.ProtCsvClass")
     Set server.poParent = New ProtProgress
-    server.psCommandline = "/sektion:" & section & "/autostart"
+    server.psCommandline = "/sektion:" & section & "/autostart" & keys
 
     On Error GoTo Failed
     ' user (empty: all), first and last day (0: open), events 1 created + 2 changed + 4 deleted

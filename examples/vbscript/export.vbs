@@ -2,8 +2,9 @@
 '
 '   cscript //nologo export.vbs "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15 C:\Protokolle
 '
-' Arguments: connection string, number of the section, folder of the file (the environment variable PROTCSV_AUSGABE goes
-' before it).
+' Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 15 exchange rates), folder of the
+' file (the environment variable PROTCSV_AUSGABE goes before it); for sections with clients further keys, such as
+' /mandant:123.
 Option Explicit
 
 ' The database object that the server asks. Every statement of the server goes through it.
@@ -63,9 +64,9 @@ Class HostProgress
     End Sub
 End Class
 
-Dim database, server
-If WScript.Arguments.Count <> 3 Then
-    WScript.Echo "Aufruf: export.vbs VERBINDUNG BEREICH ORDNER"
+Dim database, server, keys
+If WScript.Arguments.Count < 3 Then
+    WScript.Echo "Aufruf: export.vbs VERBINDUNG BEREICH ORDNER [AUSWAHL]"
     WScript.Quit 2
 End If
 CreateObject("WScript.Shell").CurrentDirectory = WScript.Arguments(2)
@@ -75,7 +76,9 @@ database.Connect WScript.Arguments(0)
 
 Set server = CreateObject("srvProtQRBCsv.ProtCsvClass")
 Set server.poParent = New HostProgress
-server.psCommandline = "/sektion:" & WScript.Arguments(1) & "/autostart"
+keys = ""
+If WScript.Arguments.Count > 3 Then keys = WScript.Arguments(3)
+server.psCommandline = "/sektion:" & WScript.Arguments(1) & "/autostart" & keys
 
 On Error Resume Next
 ' user (empty: all), first and last day (0: open), events 1 created + 2 changed + 4 deleted

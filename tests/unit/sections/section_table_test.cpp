@@ -15,6 +15,8 @@ struct SectionRow {
 };
 constexpr SectionRow expected[] = {
     {6, "open-items", "Offene Posten", "Prot_OffenePosten_20261115_100715.csv"},
+    {8, "suppliers", "Lieferanten", "Prot_Lieferanten_20261115_100715.csv"},
+    {9, "customers", "Kunden", "Prot_Kunden_20261115_100715.csv"},
     {15, "exchange-rates", "Devisenkurse", "Prot_Devisenkurse_20261115_100715.csv"},
 };
 
@@ -31,7 +33,13 @@ TEST(SectionTable, NamesEachSectionAndRunsItsExporter) {
         test::FakeDatabase oDBU;
         Value para;
         const auto exporter = table[i].create(host.environment);
-        exporter->psCommandline = "/autostart";
+        // Client 7, for those that need one.
+        oDBU.answers
+            ["SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON "
+             "Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = "
+             "Mandant_Zeit.Pl_Id Where Mandant_Zeit.MaZt_Kanzlei  = 0  AND Person_v4.Ps_Nr = 7"] = {
+            {std::int64_t{4001}, std::string("Maier")}};
+        exporter->psCommandline = "/autostart/mandant:7";
         exporter->gCSVAusgabe(oDBU, expected[i].number, "", {}, {}, 7, para);
         ASSERT_EQ(host.written.files.size(), 1U) << "the file that says that there is nothing";
         EXPECT_EQ(host.written.files[0].name, expected[i].file);

@@ -1,0 +1,1 @@
+UPDATE Akten SET Akt_Papierkorb = -1;
