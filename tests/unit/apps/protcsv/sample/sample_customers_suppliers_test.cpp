@@ -142,7 +142,8 @@ constexpr Feature features[] = {
     {"tProtokoll JOIN $MASTER ON KLKD_ID = dlPrimaryKey1 WHERE dcTable = 'TKULIEFKOND' AND dmData LIKE '%\"diTageZahlungsziel\"%' AND dlEvent = 1", "terms of payment with other days"},
     {"tProtokoll WHERE dcTable = 'TKULIEFKOND' AND dmData LIKE '%\"diSkontoSatz1\"%' AND dlEvent = 1", "another rate of discount"},
     {"tProtokoll WHERE dcTable = 'TKULIEFKOND' AND dmData GLOB '<Cols><Col Name=\"diSkontoTage2\"*</Col><Col Name=\"ddDatum\"*' OR dmData GLOB '<Cols><Col Name=\"diSkontoTage2\"*</Col><Col Name=\"flMitID\"*'", "days of the second discount alone, which yield no line"},
-    {"tProtokoll WHERE dcTable = 'TKULIEFKOND' AND dlEvent = 0 AND dlPrimaryKey1 NOT IN (SELECT IDKLK FROM TKULIEFKOND)", "terms of payment created and deleted since"},
+    {"tProtokoll JOIN $MASTER ON KLKD_ID = dlPrimaryKey1 WHERE dcTable = 'TKULIEFKOND' AND dlEvent = 0", "terms of payment created"},
+    {"tProtokoll a JOIN tProtokoll b ON b.dmData LIKE '%\"KLKD_ID\"><OldValue>%</OldValue><NewValue>' || a.dlPrimaryKey1 || '<%' WHERE a.dcTable = 'TKULIEFKOND' AND a.dlEvent = 2 AND b.dcTable = '$MASTER'", "terms of payment deleted since somebody had them"},
     {"tProtokoll WHERE dcTable = '$MASTER' AND dmData LIKE '%\"MB_ID\"><OldValue>NULL<%'", "dunning conditions assigned for the first time"},
     {"tProtokoll WHERE dcTable = '$MASTER' AND dmData LIKE '%\"MB_ID\"><OldValue>%</OldValue><NewValue>0<%'", "dunning conditions set to 0"},
     {"tProtokoll WHERE dcTable = 'MAHNBEDINGUNGEN_V4' AND dlEvent = 1 AND dlPrimaryKey1 NOT IN (SELECT MB_ID FROM MAHNBEDINGUNGEN_V4)", "dunning conditions renamed and deleted since"},
@@ -191,7 +192,8 @@ constexpr std::pair<const char*, const char*> ties[] = {
     {"ADRESSE",          "dlPrimaryKey1 IN (SELECT ADR_ID FROM PERSON_ADRESSE WHERE PS_ID IN persons)"},
     {"PERSON_ADRESSE",   "dlPrimaryKey2 IN persons"},
     {"PERSON_BANKKONTO", "dlPrimaryKey2 IN persons AND dlEvent = 2"},
-    {"TKULIEFKOND",      "dlPrimaryKey1 IN (SELECT KLKD_ID FROM $MASTER WHERE $PERSON IN persons)"},
+    {"TKULIEFKOND",      "dlPrimaryKey1 IN (SELECT KLKD_ID FROM $MASTER WHERE $PERSON IN persons) AND dlEvent = 0"},
+    {"TKULIEFKOND",      "dlPrimaryKey1 IN (SELECT KLKD_ID FROM $MASTER WHERE $PERSON IN persons) AND dmData LIKE '%\"diSkontoTage2\"><OldValue>NULL%'"},
     {"$VWZ",             "dlPrimaryKey1 IN (SELECT $ID FROM $MASTER WHERE $PERSON IN persons)"},
 };
 // clang-format on
