@@ -47,9 +47,9 @@ LogKeys own_key(const Record& record) {
 constexpr LoggedTable<Terms> logged_terms = {"TKULIEFKOND", terms_fields, own_key<Terms>};
 constexpr LoggedTable<Bank> logged_banks = {"TBANK", bank_fields, own_key<Bank>};
 constexpr LoggedTable<ListEntry> logged_entries[] = {
-    {"TVERWENDZWECK", purpose_fields, own_key<ListEntry>},
-    {"TTEXTHAUPTGRUPPE", text_group_fields, own_key<ListEntry>},
-    {"MAHNBEDINGUNGEN_V4", dunning_fields, own_key<ListEntry>},
+    {list_tables[0], purpose_fields, own_key<ListEntry>},
+    {list_tables[1], text_group_fields, own_key<ListEntry>},
+    {list_tables[2], dunning_fields, own_key<ListEntry>},
 };
 
 // Of each list, a side's first three are the story's; those that do not exist yet are created there. No id

@@ -27,6 +27,8 @@ struct Terms {
 };
 
 enum class ListKind : std::size_t { purposes, text_groups, dunning };
+inline constexpr std::array<std::string_view, 3> list_tables = {"TVERWENDZWECK", "TTEXTHAUPTGRUPPE",
+                                                                "MAHNBEDINGUNGEN_V4"};
 
 /// An entry of a list that has nothing but names.
 struct ListEntry {
@@ -56,7 +58,7 @@ struct PartnerLists {
     std::vector<ListEntry>& of(ListKind kind) { return entries[static_cast<std::size_t>(kind)]; }
 
     std::vector<Terms> terms;
-    std::array<std::vector<ListEntry>, 3> entries;  ///< by ListKind
+    std::array<std::vector<ListEntry>, list_tables.size()> entries;  ///< by ListKind
     std::vector<Bank> banks;
 
     std::vector<std::int32_t> usual_terms;  ///< ids: of this side's and of those for both

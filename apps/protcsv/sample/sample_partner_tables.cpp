@@ -201,9 +201,8 @@ void write_terms(SampleFile& file, const PartnerLists& lists) {
 }
 
 void write_lists(SampleFile& file, const PartnerLists& lists) {
-    constexpr std::string_view tables[] = {"TVERWENDZWECK", "TTEXTHAUPTGRUPPE", "MAHNBEDINGUNGEN_V4"};
-    for (std::size_t list = 0; list < std::size(tables); ++list) {
-        Insert insert(file, insert_into(tables[list], 2));
+    for (std::size_t list = 0; list < list_tables.size(); ++list) {
+        Insert insert(file, insert_into(list_tables[list], 2));
         for (const ListEntry& row : lists.entries[list])
             if (row.exists) insert.row(row.id, row.name);
     }
