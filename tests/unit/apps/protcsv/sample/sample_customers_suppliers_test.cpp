@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,6 +23,8 @@ struct SideNames {
     const char* title;
     std::vector<std::pair<std::string, std::string>> names;
 };
+
+void PrintTo(const SideNames& side, std::ostream* out) { *out << side.title; }
 
 const SideNames sides[] = {
     {9,
