@@ -37,6 +37,14 @@ void append_text(std::string& text, const Cell& cell) {
     }
 }
 
+std::optional<Date> date_of(const Cell& cell) {
+    if (cell.type() == Cell::Type::date) return cell.date();
+    std::string text;
+    append_text(text, cell);
+    if (text.empty()) return std::nullopt;
+    return to_date(std::string_view(text));
+}
+
 std::string_view LogRow::text(LogColumn column, std::string& scratch) const {
     const Cell& cell = (*this)[column];
     if (cell.type() == Cell::Type::text) return cell.text();
@@ -59,13 +67,6 @@ bool LogRow::has_moment() const {
     }
 }
 
-std::optional<Date> LogRow::moment() const {
-    if (without_date()) return std::nullopt;
-    const Cell& cell = (*this)[LogColumn::ddDatum];
-    if (cell.type() == Cell::Type::date) return cell.date();
-    std::string text;
-    append_text(text, cell);
-    return to_date(std::string_view(text));
-}
+std::optional<Date> LogRow::moment() const { return date_of((*this)[LogColumn::ddDatum]); }
 
 }  // namespace prot

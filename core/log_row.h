@@ -40,6 +40,9 @@ std::optional<std::int32_t> number_in_range(std::string_view text);
 /// The text form of a cell, appended to `text`.
 void append_text(std::string& text, const Cell& cell);
 
+/// The date of a cell; nothing for Null and the empty text. A text that is no date: automation error 13.
+std::optional<Date> date_of(const Cell& cell);
+
 /// One record of the log.
 class LogRow {
 public:

@@ -10,19 +10,11 @@ namespace {
 enum YearColumn : std::size_t { year_id, first_day, last_day, year_type, designation, person, year_columns };
 enum YearType { planned = 2, group = 4 };
 
-/// The day as dd.mm.yyyy; nothing for Null.
+/// The day as dd.mm.yyyy; nothing without one.
 std::string day_of(const Cell& cell) {
-    if (cell.is_null()) return {};
-    Date date;
-    if (cell.type() == Cell::Type::date) {
-        date = cell.date();
-    } else {
-        std::string text;
-        append_text(text, cell);
-        if (text.empty()) return {};
-        date = to_date(std::string_view(text));
-    }
-    CivilTime day = to_civil(date);
+    const std::optional<Date> date = date_of(cell);
+    if (!date) return {};
+    CivilTime day = to_civil(*date);
     day.hour = day.minute = day.second = 0;
     return to_text(to_date(day));
 }
