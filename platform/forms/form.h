@@ -117,8 +117,9 @@ class FormDisplay {
 public:
     virtual ~FormDisplay() = default;
 
-    /// The host's standard set-up of a form, called while it loads; 1000 is the set-up of the filter forms.
-    virtual void standard_setup(Form& form, int code) = 0;
+    /// The host's standard set-up of a form, called while it loads; 1000 is the set-up of the filter forms. A
+    /// display that draws forms by their description alone has nothing to set up.
+    virtual void standard_setup(Form& /*form*/, int /*code*/) {}
 
     /// Shows the form until one of its functions sets `form.shown` to false. No function of a form lets an
     /// error escape.

@@ -166,8 +166,7 @@ void PartnerRecords::mInfosFromProtokoll(Table* table, std::int32_t lKey, std::s
 /// Null for a table whose rows belong to nobody.
 PartnerRecords::Table* PartnerRecords::find(std::string_view sTabelle) {
     const auto found = std::ranges::find_if(tables_, [&](const Table& each) {
-        return upper_equals(sTabelle, each.name) ||
-               (!each.link.empty() && upper_equals(sTabelle, each.link));
+        return upper_equals(sTabelle, each.name) || (!each.link.empty() && upper_equals(sTabelle, each.link));
     });
     return found == tables_.end() ? nullptr : &*found;
 }

@@ -42,7 +42,6 @@ class RunForms : public FormDisplay {
 public:
     explicit RunForms(Terminal& terminal) : terminal_(terminal) {}
 
-    void standard_setup(Form& form, int code) override { forms_.standard_setup(form, code); }
     void show_modal(Form& form) override {
         const std::function<void()> cancel = form.cancel.click;
         form.cancel.click = [&] {

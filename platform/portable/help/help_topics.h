@@ -27,8 +27,6 @@ public:
     /// it, else those that were installed with it; none when both are missing.
     static HelpTopics of_program(const std::filesystem::path& folder = program_folder());
 
-    const std::filesystem::path& folder() const { return folder_; }
-
     /// The page of topic `help_id`, which exists. Nothing when the map or the page is missing, or the map is
     /// no XML or names no page for the id.
     std::optional<std::filesystem::path> page(std::string_view map_file, std::string_view help_id) const;

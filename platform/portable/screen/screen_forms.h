@@ -13,7 +13,6 @@ public:
     ScreenForms(Screen& screen, Terminal& terminal, FormDisplay& plain)
         : screen_(screen), terminal_(terminal), plain_(plain) {}
 
-    void standard_setup(Form& form, int code) override { plain_.standard_setup(form, code); }
     void show_modal(Form& form) override;
 
 private:

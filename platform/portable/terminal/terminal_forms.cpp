@@ -73,8 +73,6 @@ std::string content(const Field& field) {
 
 }  // namespace
 
-void TerminalForms::standard_setup(Form& /*form*/, int /*code*/) {}
-
 void TerminalForms::show_modal(Form& form) {
     form.shown = true;
     const bool can_ask = terminal_.require_input();

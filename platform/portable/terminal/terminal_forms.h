@@ -18,7 +18,6 @@ class TerminalForms : public FormDisplay {
 public:
     explicit TerminalForms(Terminal& terminal) : terminal_(terminal) {}
 
-    void standard_setup(Form& form, int code) override;
     void show_modal(Form& form) override;
 
 private:

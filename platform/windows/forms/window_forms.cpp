@@ -5,8 +5,6 @@
 
 namespace prot {
 
-void WindowForms::standard_setup(Form& /*form*/, int /*code*/) {}
-
 void WindowForms::show_modal(Form& form) {
     form.shown = true;
     const HWND owner = owner_window();

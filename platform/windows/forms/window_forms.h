@@ -16,7 +16,6 @@ public:
     explicit WindowForms(std::function<void()> refused) : refused_(std::move(refused)) {}
 
     /// The suite's set-up of a form changes nothing that these windows do not do anyway.
-    void standard_setup(Form& form, int code) override;
 
     /// An error that one of the form's functions lets escape closes the window and goes on to the caller.
     void show_modal(Form& form) override;

@@ -86,13 +86,18 @@ TEST_F(HelpTopicsTest, NeverLeavesItsFolder) {
 TEST_F(HelpTopicsTest, AreThoseBesideTheProgramOrThoseInstalledWithIt) {
     const std::filesystem::path programs = folder_ / "bin";
     const std::filesystem::path installed = (programs / PROT_INSTALLED_HELP).lexically_normal();
+    const auto page = [](const std::filesystem::path& program) {
+        return HelpTopics::of_program(program).page("karte.xml", "HID_KURSE").value_or("");
+    };
+    write_map("kurse.html");
     std::filesystem::create_directories(programs);
-    EXPECT_EQ(HelpTopics::of_program(programs).folder(), "") << "none";
-    std::filesystem::create_directories(installed);
-    EXPECT_EQ(HelpTopics::of_program(programs).folder(), installed);
-    std::filesystem::create_directory(programs / "hilfe");
-    EXPECT_EQ(HelpTopics::of_program(programs).folder(), programs / "hilfe") << "those beside it come first";
-    EXPECT_EQ(HelpTopics::of_program({}).folder(), "") << "the system does not tell where the program is";
+    EXPECT_EQ(page(programs), "") << "none";
+    std::filesystem::create_directories(installed.parent_path());
+    std::filesystem::copy(folder_ / "hilfe", installed);
+    EXPECT_EQ(page(programs), installed / "kurse.html");
+    std::filesystem::copy(folder_ / "hilfe", programs / "hilfe");
+    EXPECT_EQ(page(programs), programs / "hilfe" / "kurse.html") << "those beside it come first";
+    EXPECT_EQ(page({}), "") << "the system does not tell where the program is";
 }
 
 TEST(ProgramFolder, HoldsTheRunningProgram) {
