@@ -240,6 +240,8 @@ TEST_F(PartnerExport, AnEventBeyondTheThreeEndsTheRunByItsWriterLoop) {
         EXPECT_TRUE(error.source().ends_with("\r\nProtKLCsvClass.mAusgabeCSV\r\nProtKLCsvClass.gCSVAusgabe"))
             << error.source();
     }
+    EXPECT_EQ(std::ranges::count(oDBU.statements, std::string("array: ") + customer_31), 0)
+        << "the event comes before the customer";
 }
 
 TEST_F(PartnerExport, WithoutDataShowsAPlainBoxToAPersonAndWritesAFileInBatchMode) {

@@ -306,7 +306,7 @@ TEST_F(PartnerFilter, ABoundThatIsNoNumberAboveZeroLeavesTheDefault) {
 }
 
 TEST_F(PartnerFilter, ATextThatNamesAReportFrameworkIsScannedForItsKeys) {
-    EXPECT_TRUE(accepts(customers, "/auswertungsrahmen:A/B/biskonto:10005/mandant:123/autostart"))
+    EXPECT_TRUE(accepts(customers, "/autostart/biskonto:10005/mandant:123/auswertungsrahmen:A/B"))
         << "the scan finds autostart first";
     EXPECT_EQ(taken.mdBisNr, 10005);
 }

@@ -346,6 +346,11 @@ TEST_F(PartnerDeleted, HasTheNameOfTheDeletionRecordWhenNothingElseTellsIt) {
     EXPECT_EQ(describe("KUNDEN_V4", 31), Found("10005", "Becker & Sohn"));
 }
 
+TEST_F(PartnerDeleted, WhosePersonalDataLiveHasThatName) {
+    answer("SELECT [Pl_Bezeichnung] FROM [PERSONALIE] WHERE [PL_ID] = 70", Value(std::string("Becker AG")));
+    EXPECT_EQ(describe("KUNDEN_V4", 31), Found("10005", "Becker AG"));
+}
+
 TEST_F(PartnerDeleted, IsFoundFiveSecondsBackWhenTheNameIsEmptyAtTheMoment) {
     answer(name_now, Value(std::string("created")));
     answer(name_before, Value(std::string("named")));

@@ -106,6 +106,7 @@ TEST_F(PartnerValues, AreAskedForAsWholeNumbers) {
     for (const char* value : {"31", "031", "+31", " 31 ", "31,0", "31.4"})
         EXPECT_EQ(translated("MB_ID", value), "Mahnung normal") << value;
     EXPECT_EQ(translated("MB_ID", "2,5"), "Mahnung streng") << "rounded to the even one";
+    EXPECT_EQ(translated("MB_ID", "1,6"), "Mahnung streng") << "rounded up";
     EXPECT_EQ(translated("MB_ID", "-1"), "unbekannt");
 }
 
