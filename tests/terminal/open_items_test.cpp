@@ -1,81 +1,50 @@
-#include <filesystem>
-#include <string>
-
 #include <gtest/gtest.h>
 
-#include "tests/terminal/pane.h"
+#include "tests/terminal/section_form.h"
 
 /// The form of the open items by a person at the keyboard: a client is picked, accounts are corrected.
 namespace prot {
 namespace {
 
-const std::string export_items = "export --db beispiel.db --section 6 --out out";
-const std::string written_file = "out/Prot_OffenePosten.csv";
-
-class OpenItemsForm : public testing::Test {
+class OpenItemsForm : public test::SectionForm {
 protected:
-    /// Accepts the file name that is proposed.
-    void write_file() const {
-        pane.expect_screen("items_file_name");
-        pane.press({"Enter"});
-        EXPECT_EQ(pane.exit_status(), 0);
-        EXPECT_EQ(pane.read("stdout.txt"), written_file + "\n");
-    }
-
-    /// The file is byte for byte the one of these answers; the files are too long to be shown.
-    void expect_file(const std::string& answers) const {
-        const std::string expected = pane.exported_by_answers("6", answers);
-        EXPECT_GT(expected.size(), 1000U);
-        EXPECT_TRUE(pane.read(written_file) == expected);
-    }
-
-    void expect_no_file() const {
-        EXPECT_EQ(pane.exit_status(), 3);
-        EXPECT_EQ(pane.read("stdout.txt"), "");
-        EXPECT_FALSE(std::filesystem::exists(pane.path(written_file)));
-    }
-
-    test::Pane pane{80, 24};
+    OpenItemsForm() : SectionForm("6", "OffenePosten") {}
 };
 
 TEST_F(OpenItemsForm, AClientPickedByItsNumberGivesTheFileOfAnUnattendedRun) {
-    std::filesystem::copy_file(pane.path("beispiel.db"), pane.path("log.db"));
-    pane.start("export --db log.db --section 6 --out out");
+    start_export_of_the_golden_sample();
     pane.expect_screen("items_form");
     pane.press({"Tab", "123"});
     pane.expect_screen("items_client");
     pane.press({"Enter"});
-    write_file();
-    const std::filesystem::path golden = std::filesystem::path(PROT_SOURCE_DIR) / "tests" / "golden";
-    const std::string expected = test::read_file(golden / "items_sample_client" / "expected.csv");
-    ASSERT_NE(expected, "");
-    EXPECT_EQ(pane.read(written_file), expected);
+    write_file("items_file_name");
+    expect_golden_file("items_sample_client");
 }
 
 TEST_F(OpenItemsForm, AnOfficeIsPickedByAPartOfItsName) {
-    pane.start(export_items);
+    start_export();
     pane.expect_screen("items_form");
     pane.press({"Down", "M-k", "Steuer"});
     pane.expect_screen("items_offices");
     pane.press({"Down", "Down", "Up"});
     pane.expect_screen("items_office");
     pane.press({"M-v", "1", "Tab", "99999", "Enter"});
-    write_file();
+    write_file("items_file_name");
     expect_file("Kanzlei\\n7\\n\\n1\\n99999\\n\\n");
 }
 
 TEST_F(OpenItemsForm, AFiscalYearIsChosenAmongThoseOfTheClient) {
-    pane.start(export_items);
+    start_export();
     pane.expect_screen("items_form");
     pane.press({"M-m", "öztürk", "Tab", "Down", "Down", "M-b", "10099"});
     pane.expect_screen("items_fiscal_year");
     pane.press({"Enter"});
-    write_file();
+    write_file("items_file_name");
     expect_file("\\n123\\n01.01.2025 - 31.12.2025\\n\\n10099\\n\\n");
 }
 
 TEST_F(OpenItemsForm, WithoutAClientThereIsNoOk) {
-    pane.start(export_items);
+    start_export();
     pane.expect_screen("items_form");
     pane.press({"M-m", "müll", "Enter"});
     pane.expect_screen("items_several");
@@ -90,7 +59,7 @@ TEST_F(OpenItemsForm, WithoutAClientThereIsNoOk) {
 }
 
 TEST_F(OpenItemsForm, AccountsThatCannotBeAreSaidAndCorrected) {
-    pane.start(export_items);
+    start_export();
     pane.expect_screen("items_form");
     pane.press({"Tab", "123", "M-v", "1o000", "Tab"});
     pane.expect_screen("items_not_numeric");
@@ -105,12 +74,12 @@ TEST_F(OpenItemsForm, AccountsThatCannotBeAreSaidAndCorrected) {
     pane.press({"Enter"});
     pane.expect_screen("items_upside_down_focus");
     pane.press({"10999", "M-v", "10000", "Enter"});
-    write_file();
+    write_file("items_file_name");
     expect_file("\\n123\\n\\n10000\\n10999\\n\\n");
 }
 
 TEST_F(OpenItemsForm, EscLeavesNothing) {
-    pane.start(export_items);
+    start_export();
     pane.expect_screen("items_form");
     pane.press({"Tab", "123"});
     pane.expect_screen("items_client");
@@ -119,7 +88,7 @@ TEST_F(OpenItemsForm, EscLeavesNothing) {
 }
 
 TEST_F(OpenItemsForm, MatchesUseTheLinesOfALargerTerminal) {
-    pane.start(export_items);
+    start_export();
     pane.expect_screen("items_form");
     pane.resize(100, 40);
     pane.expect_screen("items_form_100x40");
@@ -132,7 +101,7 @@ TEST_F(OpenItemsForm, MatchesUseTheLinesOfALargerTerminal) {
 }
 
 TEST_F(OpenItemsForm, LineByLineAPartOfANameAsksAgainUntilItMeansOneClient) {
-    pane.start(export_items + " --plain");
+    start_export(" --plain");
     pane.press({"Enter"});
     pane.expect_text("Mandant []:");
     pane.press({"mül", "Enter"});
