@@ -5,6 +5,9 @@ programs=out/build/win64/tests/windows/forms
 notes=$PROT_GROUP_FOLDER/opened.txt
 samples=$PROT_GROUP_FOLDER/samples
 root=$PWD
+# Ids of the first controls of a form with clients; the picker's are the line to type in, how many match, and those.
+kinds=102 kind_of_client=103 line=104 count=105 rows=106
+not_allowed='Unzulässige Aktion'
 
 # Files of these kinds open with a program that notes their names, and no browser or spreadsheet.
 register_stand_ins() { # EXTENSION...
@@ -30,6 +33,15 @@ box_is() { # TITLE TEXT
         <(awk -F '\t' 'NR == 1 || $1 == "STATIC" && $3 != "" { print $3 }' "$seen")
 }
 proposes() { opens Speichern && cut -f 1,3 "$seen" | grep -qxP "(EDIT|COMBOBOX)\t$1" || { cat "$seen"; return 1; }; }
+
+is_selected() { look "$title" 0 && value $rows $entries_field | tr , '\n' | grep -xF "> $1" || { cat "$seen"; return 1; }; }
+
+refuses() { # WHAT TITLE TEXT FOCUS
+    check "$1: a message" box_is "$2" "$3"
+    keys Return
+    check "$1: once" closes "$2"
+    check "$1: the focus is at it" has_focus "$4"
+}
 
 # start_client SCRIPT ARGUMENT...: `client` in the background; $files and $report are those it uses.
 start_client() {
