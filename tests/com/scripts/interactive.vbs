@@ -12,4 +12,7 @@ RunRequest exporter, database, request
 SayError "error"
 SayWhether parent.Steps = 0 Or parent.Text() = database.RecordedProgress, "no progress, or all of it"
 report.Say parent.Steps & " steps"
+If request(REQUEST_KIND) = "delete" Then
+    report.Say database.Executed & " statements executed"
+End If
 report.Say "done"
