@@ -1,6 +1,8 @@
 #include "tests/com/component/connection.h"
 
 #include <array>
+#include <string>
+#include <string_view>
 
 namespace prottest {
 
@@ -55,6 +57,19 @@ VARIANT server_name(const Recording& recording) {
     return name;
 }
 
+/// The statement as the recording's own database writes it: '…' for each {ts '…'}.
+std::wstring with_recorded_dates(std::wstring sql) {
+    constexpr std::wstring_view begin = L"{ts '", end = L"'}";
+    std::size_t at = 0;
+    while ((at = sql.find(begin, at)) != std::wstring::npos) {
+        const std::size_t close = sql.find(end, at);
+        if (close == std::wstring::npos) break;
+        sql.erase(close + 1, 1);
+        sql.erase(at, begin.size() - 1);
+    }
+    return sql;
+}
+
 }  // namespace
 
 std::span<const Connection::Member> Connection::members() {
@@ -71,8 +86,9 @@ std::span<const Connection::Member> Connection::members() {
 }
 
 /// As whatever the statement was recorded: rows, a value, or without an answer.
-VARIANT Connection::execute(const std::wstring& sql) const {
+VARIANT Connection::execute(const std::wstring& statement) const {
     if (!recording_) throw ScriptError{E_UNEXPECTED, L"ADODB.Connection", L"the connection is closed"};
+    const std::wstring sql = with_recorded_dates(statement);
     // The one question that a recording answers otherwise than by its text.
     if (sql == L"SELECT @@SERVERNAME") return object_variant(new Recordset(server_name(*recording_)));
     VARIANT answer = nothing();

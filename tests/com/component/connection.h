@@ -16,7 +16,7 @@ public:
     static std::span<const Member> members();
 
 private:
-    VARIANT execute(const std::wstring& sql) const;
+    VARIANT execute(const std::wstring& statement) const;
 
     std::unique_ptr<Recording> recording_;
 };
