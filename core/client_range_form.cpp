@@ -59,7 +59,7 @@ void ClientRangeForm::mMandantAuswahl() try {
     clients.selected.reset();
     clients.text.clear();
     clients.enabled = single;
-    if (single) clients.label = kind == ClientKind::office ? "&Kanzlei" : "&Mandant";
+    clients.label = kind == ClientKind::office || kind == ClientKind::all_offices ? "&Kanzlei" : "&Mandant";
     form_.ok.enabled = !single;
     client_chosen(chosen());
 } catch (...) {

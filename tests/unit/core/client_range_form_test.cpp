@@ -167,7 +167,7 @@ TEST_F(RangeForm, NeedsNoChoiceForACollectiveKind) {
             EXPECT_FALSE(picker.enabled);
             EXPECT_TRUE(picker.entries.empty());
             EXPECT_FALSE(picker.selected);
-            EXPECT_EQ(picker.label, "&Kanzlei") << "as it was";
+            EXPECT_EQ(picker.label, collective == 2 ? "&Mandant" : "&Kanzlei") << "whom the kind is about";
             EXPECT_TRUE(form.ok.enabled);
         }
         choose(form, "cboMandant", 0);
