@@ -47,8 +47,9 @@ Cell SqliteCells::read(std::size_t column) const {
         case SQLITE_TEXT:
             break;
         case SQLITE_BLOB: {
-            const void* const data = sqlite3_value_blob(value);
+            // The size is asked first: a value that could not be expanded is Null afterwards, without one.
             const int size = sqlite3_value_bytes(value);
+            const void* const data = sqlite3_value_blob(value);
             if (data == nullptr && size > 0) throw std::bad_alloc();
             return Cell(bytes(data, size));
         }

@@ -247,6 +247,29 @@ TEST_F(SqliteDatabaseTest, DeliversNumbersAndOddTextsOfADateColumnAsTheyAre) {
     EXPECT_EQ(rows.at(0, 0).type(), Cell::Type::integer);
 }
 
+TEST_F(SqliteDatabaseTest, DeliversEveryByteOfATextOrBlobAndTheEmptyOnesAsEmpty) {
+    write("INSERT INTO T (id, exact, data) VALUES (3, 'a' || char(0) || 'b', x'00FF00'), (4, '', x'')");
+    const RowSet rows = open()->query_array("SELECT exact, data FROM T WHERE id > 2 ORDER BY id");
+    ASSERT_EQ(rows.rows(), 2U);
+    EXPECT_EQ(rows.at(0, 0).text(), std::string_view("a\0b", 3));
+    EXPECT_EQ(rows.at(1, 0).text(), std::string_view("\0\xFF\0", 3));
+    for (const std::size_t column : {0U, 1U}) {
+        ASSERT_EQ(rows.at(column, 1).type(), Cell::Type::text) << "empty, not Null";
+        EXPECT_EQ(rows.at(column, 1).text(), "");
+    }
+}
+
+TEST_F(SqliteDatabaseTest, TakesNoBlobForEmptyThatMemoryDidNotSufficeFor) {
+    SqliteConnection connection(path(), SqliteAccess::read_only);
+    const PreparedStatement statement = prepare(connection, "SELECT zeroblob(500000 * id) FROM T", "");
+    SqliteRun run(connection, statement.get(), {}, "");
+    ASSERT_TRUE(run.next_row());
+    const SqliteCells cells(statement.get());
+    sqlite3_hard_heap_limit64(sqlite3_memory_used() + 100000);
+    EXPECT_THROW(cells.read(0), std::bad_alloc) << "SQLite fills in the bytes when they are read";
+    sqlite3_hard_heap_limit64(0);
+}
+
 TEST_F(SqliteDatabaseTest, TakesNoTextForEmptyThatMemoryDidNotSufficeFor) {
     std::filesystem::remove(text_path(path()));
     write("PRAGMA encoding='UTF-16'; CREATE TABLE L (t TEXT); INSERT INTO L VALUES (hex(zeroblob(500000)))");
