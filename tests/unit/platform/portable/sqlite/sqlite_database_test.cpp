@@ -247,6 +247,13 @@ TEST_F(SqliteDatabaseTest, DeliversNumbersAndOddTextsOfADateColumnAsTheyAre) {
     EXPECT_EQ(rows.at(0, 0).type(), Cell::Type::integer);
 }
 
+TEST_F(SqliteDatabaseTest, DeliversAndFindsNumbersOfSixtyFourBits) {
+    write("INSERT INTO T (id) VALUES (9223372036854775807), (-5000000000)");
+    const auto database = open();
+    for (const std::int64_t id : {std::int64_t{9223372036854775807}, std::int64_t{-5000000000}})
+        EXPECT_EQ(database->query_value("SELECT id FROM T WHERE id = " + std::to_string(id)), Value(id));
+}
+
 TEST_F(SqliteDatabaseTest, DeliversEveryByteOfATextOrBlobAndTheEmptyOnesAsEmpty) {
     write("INSERT INTO T (id, exact, data) VALUES (3, 'a' || char(0) || 'b', x'00FF00'), (4, '', x'')");
     const RowSet rows = open()->query_array("SELECT exact, data FROM T WHERE id > 2 ORDER BY id");
@@ -257,6 +264,22 @@ TEST_F(SqliteDatabaseTest, DeliversEveryByteOfATextOrBlobAndTheEmptyOnesAsEmpty)
         ASSERT_EQ(rows.at(column, 1).type(), Cell::Type::text) << "empty, not Null";
         EXPECT_EQ(rows.at(column, 1).text(), "");
     }
+}
+
+TEST_F(SqliteDatabaseTest, NamesThePlaceOfWhatIsNoQuery) {
+    const auto database = open();
+    const struct {
+        const char* sql;
+        const char* place;
+    } cases[] = {
+        {"\n  DELETE T WHERE id = 1", "Zeile 2, Spalte 3, bei „DELETE T WHERE id = 1“"},
+        {" SELECT id INTO #t FROM T ;", "Zeile 1, Spalte 2, bei „SELECT id INTO #t FROM T“"},
+        {"SELECT 1; DELETE T", "Zeile 1, Spalte 1, bei „SELECT 1“"},
+    };
+    for (const auto& [sql, place] : cases)
+        EXPECT_EQ(error_of([&] { database->query_array(sql); }).description(),
+                  std::string("Die Anweisung wird nicht verstanden (") + place +
+                      "): eine Abfrage ist genau ein SELECT ohne INTO. Anweisung: " + sql);
 }
 
 TEST_F(SqliteDatabaseTest, TakesNoBlobForEmptyThatMemoryDidNotSufficeFor) {

@@ -42,7 +42,11 @@ TEST_F(SqliteOpeningPosix, ReportsAReadOnlyFileWhenItIsToBeWritten) {
                                  std::filesystem::perms::owner_read | std::filesystem::perms::others_read);
     const OrdinaryUser user;
     EXPECT_NO_THROW(open());
-    expect_problem(path(), SQLITE_READONLY, "ist schreibgeschützt", SqliteAccess::read_write);
+    expect_problem(
+        path(), SQLITE_READONLY,
+        "ist schreibgeschützt. Bitte die Zugriffsrechte der Datei und ihres Ordners prüfen (SQLite "
+        "meldet: attempt to write a readonly database).",
+        SqliteAccess::read_write);
 }
 
 TEST_F(SqliteOpeningPosix, ReportsAWriteAheadLogInAFolderWithoutWritePermission) {

@@ -22,6 +22,25 @@ TEST(SqliteProblem, TellsAnExtendedCodeInWordsOfItsOwnOrOfItsPrimaryCode) {
               "Fehler beim Schreiben auf den Datenträger");
 }
 
+TEST(SqliteProblem, SaysWhyADatabaseCannotBeMade) {
+    const struct {
+        int code;
+        const char* text;
+    } rows[] = {
+        {SQLITE_BUSY, "die Datei wird von einem anderen Programm benutzt"},
+        {SQLITE_NOTADB, "die Datei ist keine Datenbank"},
+        {SQLITE_IOERR, "Fehler beim Schreiben auf den Datenträger"},
+        {SQLITE_IOERR_FSYNC, "Fehler beim Schreiben auf den Datenträger"},
+        {SQLITE_FULL, "der Datenträger ist voll"},
+        {SQLITE_READONLY, "die Datei ist schreibgeschützt"},
+        {SQLITE_CANTOPEN, "die Datei kann nicht angelegt werden"},
+        {SQLITE_PERM, "der Zugriff ist nicht erlaubt"},
+        {SQLITE_MISMATCH, ""},
+    };
+    for (const auto& [code, text] : rows)
+        EXPECT_EQ(sqlite_problem_text(code, SqliteTask::creation), text) << code;
+}
+
 TEST(SqliteProblem, TellsWhatAStatementLacks) {
     EXPECT_EQ(describe_sqlite_problem(SQLITE_ERROR, "no such table: T"), "Die Tabelle „T“ gibt es nicht");
     EXPECT_EQ(describe_sqlite_problem(SQLITE_ERROR, "no such table: temp.#t"),

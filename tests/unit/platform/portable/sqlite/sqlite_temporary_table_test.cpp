@@ -81,9 +81,10 @@ TEST_F(SqliteTemporaryTable, TakesItsColumnsFromUnionsAndLimitedSelects) {
 
 TEST_F(SqliteTemporaryTable, ComparesAsTheTypesOfItsColumnsSay) {
     write(
-        "CREATE TABLE Typed (code VARCHAR(10), size NUMERIC, note [odd \"type\"; --], plain);"
-        "INSERT INTO Typed VALUES ('7', 8, '9', '10')");
-    database_->execute("SELECT code, size, note, plain INTO #typed FROM Typed");
+        "CREATE TABLE Typed (code VARCHAR(10), size NUMERIC, note [odd \"type\"; --], plain, price "
+        "DECIMAL(10,2), weight DOUBLE PRECISION, kind LONG_TEXT, width GRÖSSENTEXT);"
+        "INSERT INTO Typed VALUES ('7', 8, '9', '10', 1.5, 2.5, '3', '4')");
+    database_->execute("SELECT code, size, note, plain, price, weight, kind, width INTO #typed FROM Typed");
     const struct {
         const char* condition;
         bool found;
@@ -94,6 +95,10 @@ TEST_F(SqliteTemporaryTable, ComparesAsTheTypesOfItsColumnsSay) {
         {"size = '8'", true, "a number column compares as number"},
         {"note = 9", true, "a type that is no type of words is left out"},
         {"plain = '10'", true, "without a type"},
+        {"price = '1.5'", true, "a type with two sizes"},
+        {"weight = '2.5'", true, "a type of two words"},
+        {"kind = 3", true, "a type with an underscore"},
+        {"width = 4", true, "a type with an umlaut"},
         {"plain = 10", false, "a text is no number then"},
     };
     for (const auto& [condition, found, why] : cases)
@@ -114,6 +119,19 @@ TEST_F(SqliteTemporaryTable, IsGoneWhenItCouldNotBeFilled) {
               "SQLite meldet: integer overflow. Anweisung: " + std::string(sql));
     EXPECT_NO_THROW(database_->execute("SELECT id INTO #t FROM T WHERE id = 1"));
     EXPECT_THAT(rows("SELECT id FROM #t"), ElementsAre("1"));
+}
+
+TEST_F(SqliteTemporaryTable, TellsTheStatementAsItWasWrittenWhenItCannotBeMade) {
+    const struct {
+        const char* sql;
+        const char* problem;
+    } cases[] = {
+        {"SELECT fehlt INTO #t FROM T", "Die Spalte „fehlt“ gibt es nicht"},
+        {"SELECT id INTO #t FROM Fehlt", "Die Tabelle „Fehlt“ gibt es nicht"},
+    };
+    for (const auto& [sql, problem] : cases)
+        EXPECT_EQ(error_of([&] { database_->execute(sql); }).description(),
+                  std::string(problem) + ". Anweisung: " + sql);
 }
 
 TEST_F(SqliteTemporaryTable, IsKeptWhenItWasMadeWithinLookups) {
