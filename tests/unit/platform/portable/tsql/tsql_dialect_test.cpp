@@ -44,6 +44,15 @@ TEST(TsqlDialect, PutsTopAsLimitAtTheEndOfItsSelect) {
         {"(SELECT TOP 1 a FROM T ORDER BY b) ORDER BY a DESC",
          R"(SELECT * FROM ( SELECT "a" FROM "T" ORDER BY "b" LIMIT 1 ) ORDER BY "a" DESC)",
          "ordered once for the choice and once for the result"},
+        {"(SELECT TOP 1 a FROM T ORDER BY b) UNION SELECT c FROM U",
+         R"(SELECT * FROM ( SELECT "a" FROM "T" ORDER BY "b" LIMIT 1 ) UNION SELECT "c" FROM "U")",
+         "a chosen row stays chosen, also when others are added"},
+        {"SELECT c FROM U UNION (SELECT TOP 1 a FROM T ORDER BY b)",
+         R"(SELECT "c" FROM "U" UNION SELECT * FROM ( SELECT "a" FROM "T" ORDER BY "b" LIMIT 1 ))",
+         "likewise on the right"},
+        {"SELECT TOP 1 a FROM T UNION SELECT b FROM U UNION SELECT c FROM V",
+         R"(SELECT * FROM ( SELECT "a" FROM "T" LIMIT 1 ) UNION SELECT "b" FROM "U" UNION SELECT "c" FROM "V")",
+         "once, however many follow"},
         {"SELECT TOP 999999999999999999 a FROM T", R"(SELECT "a" FROM "T" LIMIT 999999999999999999)",
          "the largest number"},
     };
@@ -90,6 +99,18 @@ TEST(TsqlDialect, KeepsSingleValueSubqueries) {
               R"(SELECT "a" FROM "T" WHERE "b" = ( SELECT MAX ( "c" ) FROM "U" ))");
     EXPECT_EQ(translated("SELECT a FROM T WHERE NOT EXISTS ((SELECT c FROM U))"),
               R"(SELECT "a" FROM "T" WHERE NOT EXISTS ( SELECT "c" FROM "U" ))");
+}
+
+TEST(TsqlDialect, JoinsQueriesFromLeftToRightWhereBothDialectsDo) {
+    const std::pair<std::string, std::string> cases[] = {{"INTERSECT", "INTERSECT"},
+                                                         {"INTERSECT", "UNION"},
+                                                         {"INTERSECT", "EXCEPT"},
+                                                         {"EXCEPT", "UNION ALL"},
+                                                         {"UNION ALL", "EXCEPT"}};
+    for (const auto& [first, second] : cases)
+        EXPECT_EQ(translated("SELECT a FROM T " + first + " SELECT b FROM U " + second + " SELECT c FROM V"),
+                  R"(SELECT "a" FROM "T" )" + first + R"( SELECT "b" FROM "U" )" + second +
+                      R"( SELECT "c" FROM "V")");
 }
 
 TEST(TsqlDialect, AddsFromToDelete) {

@@ -130,7 +130,8 @@ TEST(TsqlTokens, RefusesWhatItCannotReadWithThePlace) {
         {"`a`", "(Zeile 1, Spalte 1, bei „`“)", "quotes of another dialect"},
         {"a = 0x1F", "(Zeile 1, Spalte 5, ", "binary constant: a number in SQLite, bytes on the server"},
         {"1abc", "(Zeile 1, Spalte 1, ", "number grown into a name"},
-        {std::string("a\0b", 3), "(Zeile 1, Spalte 2, am Ende)", "NUL byte"},
+        {std::string("a\0b", 3), "(Zeile 1, Spalte 2, am Ende): hier steht ein Nullzeichen. Anweisung: a",
+         "NUL byte"},
     };
     for (const Row& row : rows) {
         try {
@@ -139,6 +140,7 @@ TEST(TsqlTokens, RefusesWhatItCannotReadWithThePlace) {
         } catch (const AutomationError& error) {
             EXPECT_EQ(error.number(), statement_refused) << row.why;
             EXPECT_THAT(error.description(), HasSubstr(row.place)) << row.why;
+            EXPECT_EQ(error.description().find('\0'), std::string::npos) << "no text that ends in its middle";
         }
     }
 }
