@@ -8,6 +8,7 @@
 
 #include "tests/unit/platform/portable/files/atomic_file_fixture.h"
 #include "tests/unit/platform/portable/files/system_calls.h"
+#include "tests/unit/support/current_folder.h"
 
 namespace prot {
 namespace {
@@ -94,6 +95,16 @@ TEST_F(AtomicFileFaults, TheBytesReachTheDiskBeforeTheNameAndTheNameBeforeTheEnd
     EXPECT_EQ(calls.made()[6].path, path_text(folder.path())) << "the folder, for the name";
     EXPECT_EQ(calls.made()[7].descriptor, calls.made()[6].descriptor);
     EXPECT_EQ(calls.open_descriptors(), 0);
+}
+
+TEST_F(AtomicFileFaults, TheCurrentFolderIsMadeSafeLikeAnyOther) {
+    const CurrentFolder in(folder.path());
+    SystemCalls calls;
+    write_whole("a.csv", "x");
+    EXPECT_THAT(calls.names(),
+                ElementsAre("open", "write", "fchmod", "fsync", "close", "rename", "open", "fsync", "close"));
+    EXPECT_EQ(calls.made()[6].path, ".");
+    EXPECT_EQ(calls.made()[7].descriptor, calls.made()[6].descriptor);
 }
 
 TEST_F(AtomicFileFaults, AFolderThatCannotBeMadeSafeHoldsTheFileAllTheSame) {

@@ -25,13 +25,25 @@ mode_t mode_of(const fs::path& path) {
 }
 
 TEST_F(AtomicFilePosix, IsItsOwnersAloneUntilCompleteAndThenFollowsTheUmask) {
-    const mode_t before = ::umask(027);
-    const auto file = system_files().prepare(folder / "a.csv");
-    file->create();
-    EXPECT_EQ(mode_of(file->temporary_path()), 0600U);
-    file->complete();
-    EXPECT_EQ(mode_of(folder / "a.csv"), 0640U);
-    EXPECT_EQ(::umask(before), 027U) << "the umask stays as it was";
+    const struct {
+        mode_t mask, mode;
+        const char* why;
+    } cases[] = {
+        {022, 0644, "as most have it"},
+        {027, 0640, "closed to others"},
+        {077, 0600, "the owner's alone"},
+        {002, 0664, "a group that works together"},
+        {000, 0666, "open to all, but no program"},
+    };
+    for (const auto& [mask, mode, why] : cases) {
+        const mode_t before = ::umask(mask);
+        const auto file = system_files().prepare(folder / "a.csv");
+        file->create();
+        EXPECT_EQ(mode_of(file->temporary_path()), 0600U) << why;
+        file->complete();
+        EXPECT_EQ(mode_of(folder / "a.csv"), mode) << why;
+        EXPECT_EQ(::umask(before), mask) << "the umask stays as it was";
+    }
 }
 
 TEST_F(AtomicFilePosix, ReplacesTheFileBehindSymbolicLinks) {
