@@ -29,7 +29,7 @@ TEST_F(ProgressBarTest, ShowsTheShareThatIsDone) {
     EXPECT_EQ(output.str(), "\r[################........................] 40 %, 160 von 400");
 }
 
-TEST_F(ProgressBarTest, RedrawsAtMostEveryHundredMilliseconds) {
+TEST_F(ProgressBarTest, RedrawsAtMostTenTimesASecond) {
     bar.gSetFortschritt(0, 1000);
     now += 99ms;
     output.str("");
