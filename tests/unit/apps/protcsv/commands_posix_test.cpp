@@ -1,14 +1,18 @@
 #include "apps/protcsv/commands.h"
 
 #include <csignal>
+#include <cstdlib>
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "apps/protcsv/console/interruption.h"
 #include "tests/unit/apps/protcsv/program_fixture.h"
+#include "tests/unit/support/current_folder.h"
 #include "tests/unit/support/ordinary_user.h"
 
 namespace prot::test {
@@ -54,6 +58,40 @@ TEST_F(ProgramTest, SaysThatASampleMayNotBeWrittenIntoAFolder) {
     const OrdinaryUser ordinary;
     EXPECT_EQ(run({"sample", folder + "/s.db"}), 1);
     EXPECT_EQ(errors, "protcsv: In den Ordner „" + folder + "“ darf nicht geschrieben werden.\n");
+}
+
+TEST_F(ProgramTest, CallsTheCurrentFolderByAPointWhenASampleMayNotBeWrittenIntoIt) {
+    const std::string folder = path("zu");
+    ASSERT_EQ(mkdir(folder.c_str(), 0555), 0);
+    const CurrentFolder in(text_path(folder));
+    const OrdinaryUser ordinary;
+    EXPECT_EQ(run({"sample", "s.db"}), 1);
+    EXPECT_EQ(errors, "protcsv: In den Ordner „.“ darf nicht geschrieben werden.\n");
+}
+
+/// Every connection is stopped, as by Ctrl-C, when it is about to close its transaction.
+int stop_at_commit(sqlite3* database, char** /*message*/, const sqlite3_api_routines* /*api*/) {
+    const auto stop = [](void*) {
+        std::raise(SIGINT);
+        return 0;
+    };
+    sqlite3_commit_hook(database, stop, nullptr);
+    return SQLITE_OK;
+}
+
+TEST_F(ProgramTest, LeavesNothingOfASampleThatIsStopped) {
+    write("s.db", "");
+    EXPECT_EXIT(
+        {
+            std::signal(SIGINT, SIG_DFL);
+            handle_interruptions();
+            sqlite3_auto_extension(reinterpret_cast<void (*)()>(stop_at_commit));
+            run({"sample", path("s.db")});
+            std::_Exit(0);
+        },
+        testing::ExitedWithCode(130), "");
+    EXPECT_EQ(files(), 1U);
+    EXPECT_EQ(read("s.db"), "") << "the earlier file is as it was";
 }
 
 TEST_F(ProgramTest, LeavesNothingOfASampleThatMayNotTakeItsPlace) {

@@ -22,6 +22,21 @@ TEST(Commands, SayThatStandardOutputDoesNotTakeTheText) {
     EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
 }
 
+/// Takes every byte and fails when they are to go on, as the standard output does whose disk is full.
+class LateBuffer : public std::stringbuf {
+    int sync() override { return -1; }
+};
+
+TEST(Commands, SayThatStandardOutputTookTheTextButDidNotHandItOn) {
+    std::istringstream in;
+    LateBuffer late;
+    std::ostream out(&late);
+    std::ostringstream err;
+    EXPECT_EQ(print({in, out, err}, "x\n"), exit_error);
+    EXPECT_EQ(late.str(), "x\n");
+    EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
+}
+
 TEST_F(ProgramTest, WritesASampleDatabaseAndPrintsItsPath) {
     EXPECT_EQ(run({"sample", path("s.db")}), 0);
     EXPECT_EQ(output, path("s.db") + "\n");

@@ -20,6 +20,16 @@ TEST_F(ProgramTest, FailsWhenTheDiskIsFullUnderTheStatementLog) {
     EXPECT_EQ(output, "");
 }
 
+TEST_F(ProgramTest, NeverWritesTheStatementsOverTheDatabaseByWayOfALink) {
+    const std::string before = (database(), read("x.db"));
+    std::filesystem::create_symlink("x.db", path("log"));
+    EXPECT_EQ(run_section("export", "statements",
+                          {"--params", "/autostart", "--out", path(""), "--sql-log", path("log")}),
+              2);
+    EXPECT_EQ(errors, "protcsv: --sql-log: „" + path("log") + "“ ist die Datenbank selbst\n");
+    EXPECT_EQ(read("x.db"), before);
+}
+
 /// The SQL function stop_program, as if somebody pressed Ctrl-C at that moment.
 int add_stop_program(sqlite3* database, char** /*message*/, const sqlite3_api_routines* /*api*/) {
     return sqlite3_create_function(

@@ -271,6 +271,24 @@ TEST_F(RunLog, FailsWhenTheQuestionOfADeletionCouldNotBeAsked) {
     EXPECT_EQ(output, "") << "and wrote no file";
 }
 
+TEST_F(RunLog, SaysOfADeletionThatFailedNothingButItsError) {
+    EXPECT_EQ(run_section("delete", "error"), 1);
+    EXPECT_TRUE(errors.starts_with("Problembericht\n")) << errors;
+    EXPECT_TRUE(errors.ends_with("\nBeschreibung: Es ging nicht.\n")) << errors;
+}
+
+TEST_F(RunLog, ShowsWhatNobodyForesawAsAnInternalError) {
+    EXPECT_EQ(export_batch("surprise"), 1);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(errors,
+              "Problembericht\n"
+              "Fehler-Nr: -2146828237 (0x800A0033)\n"
+              "Fehlerquelle: " PROT_STAMP
+              "|srvprotqrbcsv|srvProtQRBCsv\n"
+              "    ProtCsvClass.gCSVFile\n"
+              "Beschreibung: Interner Fehler: Das war nicht vorgesehen.\n");
+}
+
 TEST_F(RunLog, TellsOfFailedLookupsEvenWhenQuiet) {
     const std::string failed =
         "Die Datei kann unvollständig sein: 1 Abfrage einer Beschriftung oder eines früheren Wertes schlug "
@@ -302,6 +320,21 @@ TEST_F(RunLog, MakesTheFolderBeforeTheLogIsReadButNotForADatabaseThatIsMissing) 
     EXPECT_FALSE(std::filesystem::exists(text_path(path("o"))));
     EXPECT_EQ(run_section("export", "nothing", {"--out", path("o")}), 0);
     EXPECT_TRUE(std::filesystem::is_directory(text_path(path("o"))));
+}
+
+TEST_F(RunLog, MakesNoFolderForADeletion) {
+    EXPECT_EQ(run_section("delete", "delete", {"--yes", "--out", path("o")}), 0);
+    EXPECT_FALSE(std::filesystem::exists(text_path(path("o"))));
+    Options options;
+    options.command = Command::delete_log;
+    options.database = database();
+    options.request.section = 6;
+    options.yes = true;
+    options.csv.folder = text_path(path("o"));
+    std::istringstream in;
+    std::ostringstream out, err;
+    EXPECT_EQ(run_log(options, {in, out, err}, scripted_sections()), 0) << err.str();
+    EXPECT_FALSE(std::filesystem::exists(text_path(path("o")))) << "whatever folder its options name";
 }
 
 TEST_F(RunLog, RefusesAFolderThatIsAFileBeforeAnyStatementIsSent) {

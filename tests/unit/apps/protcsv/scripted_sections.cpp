@@ -1,5 +1,6 @@
 
 #include <new>
+#include <stdexcept>
 
 #include "platform/automation/error.h"
 #include "platform/automation/text_forms.h"
@@ -49,6 +50,8 @@ void write_file(Call& call) {
 void raise_error(Call&) { throw AutomationError(-2147221503, "Quelle\r\nModul.Prozedur", "Es ging nicht."); }
 
 void raise_foreign_error(Call&) { throw std::bad_alloc(); }
+
+void raise_surprise(Call&) { throw std::logic_error("Das war nicht vorgesehen."); }
 
 /// Fails when the file is half written.
 void fail_while_writing(Call& call) {
@@ -154,6 +157,7 @@ constexpr Section sections[] = {
     {13, "nothing", "Nichts", create<say_nothing>},
     {14, "lookups", "Abfragen", create<fail_to_look_up>},
     {15, "left-out", "Ausgelassen", create<leave_something_out_and_fail>},
+    {16, "surprise", "Überraschung", create<raise_surprise>},
 };
 
 }  // namespace

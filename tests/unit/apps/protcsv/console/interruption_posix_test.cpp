@@ -86,6 +86,21 @@ TEST(InterruptionPosix, WaitsForTheOuterOfTwoStatements) {
         testing::ExitedWithCode(130), "ausgeführt");
 }
 
+TEST(InterruptionPosix, EndsWithTheStatusOfTheSignalThatItIsBeingStoppedBy) {
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            {
+                const InterruptionsWait wait;
+                std::raise(SIGTERM);
+                std::raise(SIGINT);  // both wait; the system delivers the lower number first
+            }
+            _exit(7);
+        },
+        testing::ExitedWithCode(130), "")
+        << "no other one may break in on the removal";
+}
+
 TEST(InterruptionPosix, IsStoppedByCtrlCAlthoughTheCallerIgnoresIt) {
     EXPECT_EXIT(
         {

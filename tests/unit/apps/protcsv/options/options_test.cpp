@@ -103,6 +103,7 @@ TEST(Options, ReadsTheSampleCommand) {
     EXPECT_FALSE(options.sample.section);
     EXPECT_EQ(parse({"sample", "x", "--section", "exchange-rates"}).sample.section, 15);
     EXPECT_EQ(parse({"sample", "--", "--db"}).sample_file, "--db");
+    EXPECT_EQ(parse({"sample", "DATEI"}).sample_file, "DATEI") << "as the help calls it";
 }
 
 TEST(Options, AnswersAWrongUseWithOneGermanLine) {
@@ -280,6 +281,19 @@ TEST(Options, ShowsNoEnglishCaptionInAnyHelp) {
         for (const char* word :
              {"Usage", "OPTION", "Options", "Positional", "Subcommand", "SUBCOMMAND", "REQUIRED", "TEXT ..."})
             EXPECT_EQ(text.find(word), std::string::npos) << word << " in\n" << text;
+    }
+}
+
+TEST(Options, NamesInTheUsageLineWhatMustBeGivenAndNothingElse) {
+    for (const CommandRow& command : command_table()) {
+        const std::string help = parse({std::string(command.name), "--help"}).text;
+        const std::size_t start = help.find("\nAufruf: ") + 1;
+        const std::string usage = help.substr(start, help.find('\n', start) - start) + ' ';
+        for (const OptionRow& option : option_table()) {
+            if ((option.commands & set_of(command.command)) == 0) continue;
+            const bool named = usage.find(' ' + std::string(option.name) + ' ') != std::string::npos;
+            EXPECT_EQ(named, (option.required & set_of(command.command)) != 0) << usage << option.name;
+        }
     }
 }
 
