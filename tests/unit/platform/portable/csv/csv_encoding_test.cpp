@@ -101,6 +101,7 @@ const Cell utf8_cells[] = {
     {"a lone byte", "a\xFC", "a\xEF\xBF\xBD"},
     {"each byte of a cut character", "\xE2\x82", "\xEF\xBF\xBD\xEF\xBF\xBD"},
     {"valid characters around", "ä\x80ö", "ä\xEF\xBF\xBDö"},
+    {"a character of four bytes beside it", "\xFF𝄞\xFF𝄞", "\xEF\xBF\xBD𝄞\xEF\xBF\xBD𝄞"},
     {"a surrogate", "\xED\xA0\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
     {"with quotes", "\xFF;", "\"\xEF\xBF\xBD;\""},
 };

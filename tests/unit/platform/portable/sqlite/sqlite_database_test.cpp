@@ -266,6 +266,16 @@ TEST_F(SqliteDatabaseTest, DeliversEveryByteOfATextOrBlobAndTheEmptyOnesAsEmpty)
     }
 }
 
+TEST_F(SqliteDatabaseTest, RunsAStatementToItsEndAlsoWhenNobodyReadsItsRows) {
+    write(
+        "CREATE VIEW Late AS SELECT CASE id WHEN 2 THEN abs(-9223372036854775807 - 1) ELSE id END AS n "
+        "FROM T");
+    const auto database = open();
+    EXPECT_EQ(database->query_value("SELECT n FROM Late"), Value(std::int64_t{1})) << "a good first row";
+    EXPECT_EQ(error_of([&] { database->execute("SELECT n FROM Late"); }).description(),
+              "SQLite meldet: integer overflow. Anweisung: SELECT n FROM Late");
+}
+
 TEST_F(SqliteDatabaseTest, NamesThePlaceOfWhatIsNoQuery) {
     const auto database = open();
     const struct {
