@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <sstream>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ namespace prot::test {
 
 /// Sections whose exporters each do one thing that a run may do; see scripted_sections.cpp.
 SectionTable scripted_sections();
+
+/// Refuses every byte.
+class FullBuffer : public std::streambuf {};
 
 /// Runs the whole program in this process, with streams of text and a folder of its own.
 class ProgramTest : public testing::Test {

@@ -42,6 +42,18 @@ TEST_F(ProgramTest, AnswersAMissingDatabaseWithOneLineAndNeverCreatesIt) {
     EXPECT_EQ(files(), 0u);
 }
 
+TEST_F(ProgramTest, FailsWhateverItIsAskedToPrintWhenStandardOutputTakesNothing) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"sections"}, {"--version"}, {"--help"}, {"export", "--help"}}) {
+        std::istringstream in;
+        FullBuffer full;
+        std::ostream out(&full);
+        std::ostringstream err;
+        EXPECT_EQ(run_program(arguments, {in, out, err}, scripted_sections()), 1) << arguments[0];
+        EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
+    }
+}
+
 /// Fails at the first byte that is read or written, with an error of type `Error`.
 template <typename Error>
 class BrokenBuffer : public std::streambuf {

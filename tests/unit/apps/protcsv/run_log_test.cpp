@@ -380,9 +380,6 @@ TEST_F(RunLog, DrawsTheProgressWhereItIsSeenWhateverTheInputIs) {
     EXPECT_EQ(errors, "");
 }
 
-/// Refuses every byte.
-class FullBuffer : public std::streambuf {};
-
 TEST_F(RunLog, FailsWhenThePathOfTheFileDoesNotReachStandardOutput) {
     std::istringstream in;
     FullBuffer full;

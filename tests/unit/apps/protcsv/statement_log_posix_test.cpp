@@ -22,6 +22,7 @@ TEST(StatementLogPosix, SaysWhenALineCouldNotBeWritten) {
         log.close();
         FAIL() << "the line cannot have been written";
     } catch (const AutomationError& error) {
+        EXPECT_EQ(error.number(), static_cast<std::int32_t>(ErrorNumber::file));
         EXPECT_EQ(error.description(), "Die Datei „" + path + "“ ist unvollständig geschrieben.");
     }
 }

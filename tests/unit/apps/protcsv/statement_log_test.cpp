@@ -124,6 +124,7 @@ TEST_F(StatementLogTest, NamesTheFileThatCannotBeCreated) {
         StatementLog log(database, missing);
         FAIL() << "the file cannot have been created";
     } catch (const AutomationError& error) {
+        EXPECT_EQ(error.number(), static_cast<std::int32_t>(ErrorNumber::file));
         EXPECT_EQ(error.description(), "Die Datei „" + missing + "“ lässt sich nicht zum Schreiben öffnen.");
     }
 }
