@@ -107,6 +107,16 @@ TEST_F(AtomicFileFaults, TheCurrentFolderIsMadeSafeLikeAnyOther) {
     EXPECT_EQ(calls.made()[7].descriptor, calls.made()[6].descriptor);
 }
 
+TEST_F(AtomicFileFaults, TheFolderThatHoldsTheFileIsMadeSafeNotTheOneOfTheLinkToIt) {
+    fs::create_directory(folder / "real");
+    fs::create_symlink("real/a.csv", folder / "link");
+    SystemCalls calls;
+    write_whole(folder / "link", "x");
+    ASSERT_EQ(calls.names().back(), "close");
+    EXPECT_EQ(calls.made()[6].path, path_text(folder / "real"));
+    EXPECT_EQ(calls.made()[7].descriptor, calls.made()[6].descriptor);
+}
+
 TEST_F(AtomicFileFaults, AFolderThatCannotBeMadeSafeHoldsTheFileAllTheSame) {
     for (const int nth : {2, 1}) {
         SystemCalls calls;

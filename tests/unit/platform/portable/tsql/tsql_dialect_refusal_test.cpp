@@ -71,6 +71,8 @@ constexpr Row broken[] = {
     {"SELECT a FROM T WHERE EXISTS (1)", "bei „(“", "EXISTS needs a query"},
     {"SELECT COUNT() FROM T", "bei „)“", "COUNT without a value"},
     {"SELECT MAX(*) FROM T", "bei „*“", "only COUNT counts rows"},
+    {"SELECT MIN(*) FROM T", "bei „*“", "likewise"},
+    {"SELECT SUM(*) FROM T", "bei „*“", "likewise"},
     {"SELECT MAX(a, b) FROM T", "bei „,“", "the largest of several values in SQLite only"},
 };
 
