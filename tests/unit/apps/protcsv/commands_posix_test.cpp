@@ -69,6 +69,18 @@ TEST_F(ProgramTest, CallsTheCurrentFolderByAPointWhenASampleMayNotBeWrittenIntoI
     EXPECT_EQ(errors, "protcsv: In den Ordner „.“ darf nicht geschrieben werden.\n");
 }
 
+TEST_F(ProgramTest, TakesALinkToAFileForThatFileWhenASampleIsToReplaceIt) {
+    write("wichtig", "wichtig");
+    write("leer", "");
+    std::filesystem::create_symlink("wichtig", path("a.db"));
+    std::filesystem::create_symlink("leer", path("b.db"));
+    EXPECT_EQ(run({"sample", path("a.db")}), 1);
+    EXPECT_EQ(errors, "protcsv: Die Datei „" + path("a.db") + "“ gibt es schon; --overwrite ersetzt sie.\n");
+    EXPECT_EQ(run({"sample", path("b.db")}), 0) << errors;
+    EXPECT_EQ(read("wichtig"), "wichtig");
+    EXPECT_EQ(read("b.db").substr(0, 15), "SQLite format 3");
+}
+
 /// Every connection is stopped, as by Ctrl-C, when it is about to close its transaction.
 int stop_at_commit(sqlite3* database, char** /*message*/, const sqlite3_api_routines* /*api*/) {
     const auto stop = [](void*) {

@@ -86,6 +86,21 @@ TEST(InterruptionPosix, WaitsForTheOuterOfTwoStatements) {
         testing::ExitedWithCode(130), "ausgeführt");
 }
 
+TEST(InterruptionPosix, KeepsHeldBackWhatTheCallerHoldsBack) {
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            sigset_t held_back;
+            sigemptyset(&held_back);
+            sigaddset(&held_back, SIGTERM);
+            sigprocmask(SIG_BLOCK, &held_back, nullptr);
+            { const InterruptionsWait wait; }
+            std::raise(SIGTERM);
+            _exit(7);
+        },
+        testing::ExitedWithCode(7), "");
+}
+
 TEST(InterruptionPosix, EndsWithTheStatusOfTheSignalThatItIsBeingStoppedBy) {
     EXPECT_EXIT(
         {

@@ -22,6 +22,7 @@ TEST(FileNameForm, OffersTheSuggestionSelectedAsAWhole) {
     FakeForms forms;
     forms.person = [](Form& form) {
         EXPECT_EQ(form.fields[0].text, "Vorschlag.csv");
+        EXPECT_EQ(form.fields[0].label, "&Dateiname") << "with its access key";
         EXPECT_TRUE(form.select_focus);
         form.fields[0].text = "anders.csv";
         form.ok.click();
