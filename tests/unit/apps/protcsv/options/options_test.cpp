@@ -275,6 +275,10 @@ TEST(Options, ShowsHelpWithinEightyColumns) {
     }
 }
 
+TEST(Options, ShowsNoTwoEmptyLinesInARowInAnyHelp) {
+    for (const std::string& text : help_texts()) EXPECT_EQ(text.find("\n\n\n"), std::string::npos) << text;
+}
+
 TEST(Options, ShowsNoEnglishCaptionInAnyHelp) {
     for (const std::string& text : help_texts()) {
         EXPECT_NE(text.find("\n\nAufruf: protcsv "), std::string::npos) << text;
