@@ -5,6 +5,7 @@ import sys
 from dataclasses import dataclass
 from typing import Callable, Optional
 
+from databases import MainQuery
 from process import Job
 from sections import Section
 
@@ -17,7 +18,7 @@ class Task:
     program: str             # the program under test
     section: Section
     database: pathlib.Path
-    query: str               # the main query, as the program sends it
+    main_query: MainQuery    # the rows that the program exports
     columns: list            # its columns
     folder: pathlib.Path     # for output
 
@@ -59,7 +60,7 @@ def program_csv(task):
 
 
 def shell(task, statement, output):
-    return Job(["sqlite3", "-readonly", "-csv", str(task.database), statement], str(output))
+    return Job(["sqlite3", "-readonly", "-csv", str(task.database), task.main_query.preparation, statement], str(output))
 
 
 def scan_statement(task):
@@ -68,7 +69,7 @@ def scan_statement(task):
     LIMIT keeps the order. The condition uses every column, so that none is left out, and is met by the first.
     """
     used = " OR ".join(f"{column} IS NOT NULL" for column in task.columns)
-    return f"SELECT count(*) FROM ({task.query} LIMIT -1) WHERE {used}"
+    return f"SELECT count(*) FROM ({task.main_query.query} LIMIT -1) WHERE {used}"
 
 
 def script(name):
@@ -83,7 +84,7 @@ PROGRAMS = {"file": "protcsv, file", "null": "protcsv, /dev/null"}
 def contenders(section, with_slow_ones):
     """In the order of a round. with_slow_ones: the plain script at any size."""
     return [
-        Contender(FLOORS["file"], "file", lambda task: shell(task, task.query, task.folder / "dump.csv")),
+        Contender(FLOORS["file"], "file", lambda task: shell(task, task.main_query.query, task.folder / "dump.csv")),
         Contender(PROGRAMS["file"], "file", program_to_file, program_csv),
         *(scripts(with_slow_ones) if section.scripts else []),
         *(to_null() if section.answers else []),
@@ -103,6 +104,6 @@ def scripts(with_slow_ones):
 
 def to_null():
     return [
-        Contender(FLOORS["null"], "null", lambda task: shell(task, task.query, "/dev/null")),
+        Contender(FLOORS["null"], "null", lambda task: shell(task, task.main_query.query, "/dev/null")),
         Contender(PROGRAMS["null"], "null", program_to_null),
     ]

@@ -7,6 +7,7 @@ import re
 import sqlite3
 import statistics
 import subprocess
+import sys
 import tempfile
 from collections import defaultdict
 from dataclasses import dataclass
@@ -52,21 +53,43 @@ class StatementKind:
         return statistics.median(self.times)
 
 
+@dataclass
+class MainQuery:
+    """As the shell of SQLite takes it.
+
+    preparation: the statements that fill its temporary tables, on the same connection. count: of the rows it gave.
+    """
+    preparation: str
+    query: str
+    count: int
+
+
+def as_sqlite(sql):
+    """A statement as the program sends it: names like #Table, SELECT ... INTO, parentheses around a side of UNION."""
+    sql = re.sub(r"DROP TABLE IF EXISTS #\w+\s*;?\s*", "", sql)  # a new connection has none
+    sql = re.sub(r"SELECT ([^()]*?) INTO (#\w+)", r"CREATE TEMP TABLE \2 AS SELECT \1", sql)
+    sql = re.sub(r"\(\((SELECT [^()]*)\) UNION", r"(\1 UNION", sql, flags=re.IGNORECASE)
+    return re.sub(r"#\w+", r'"\g<0>"', sql)
+
+
 def statements(program, section, database, folder):
-    """The statements of one export: the main query as sent, and all statements by kind, the dearest kind first."""
+    """The statements of one export: the main query, and all statements by kind, the dearest kind first."""
     log = folder / "statements.jsonl"
     finished = subprocess.run(
         [program, "export", "--db", str(database), "--section", section.number, "--params", section.parameters,
          "--out", str(folder), "--sql-log", str(log), "--quiet"], check=True, stdout=subprocess.PIPE, encoding="utf-8")
     pathlib.Path(finished.stdout.strip()).unlink()
     times = defaultdict(list)
-    main_query = None
+    preparation, main_query = "", None
     with open(log, encoding="utf-8") as lines:
         for line in lines:
             sent = json.loads(line)
-            times[re.sub(r"'[^']*'|\b\d+\b", "?", sent["sql"])].append(sent["ms"])
+            shape = re.sub(r"'[^']*'|\b\d+\b", "?", sent["sql"])
+            times[" ".join(shape.split())].append(sent["ms"])
             if sent["sql"].endswith(" ORDER BY ddDatum"):
-                main_query = sent["sql"]
+                main_query = MainQuery(preparation, as_sqlite(sent["sql"]), sent["rows"])
+            elif sent["op"] == "execute":
+                preparation += as_sqlite(sent["sql"])
     kinds = [StatementKind(shape, each) for shape, each in times.items()]
     return main_query, sorted(kinds, key=lambda kind: -sum(kind.times))
 
@@ -79,12 +102,16 @@ class Rows:
     size: int
 
 
-def fetched_rows(database, query):
+def fetched_rows(database, main_query):
     connection = sqlite3.connect(database.absolute().as_uri() + "?mode=ro", uri=True)
+    connection.executescript(main_query.preparation)
+    query = main_query.query
     columns = [column[0] for column in connection.execute(f"SELECT * FROM ({query}) LIMIT 0").description]
     sizes = " + ".join(
         f"CASE typeof({column}) WHEN 'null' THEN 0 WHEN 'text' THEN length(CAST({column} AS BLOB)) ELSE 8 END"
         for column in columns)
     count, size = connection.execute(f"SELECT count(*), sum({sizes}) FROM ({query})").fetchone()
     connection.close()
+    if count != main_query.count:
+        sys.exit(f"the raw floor has {count} rows, the program {main_query.count}")
     return Rows(columns, count, size)
