@@ -72,9 +72,9 @@ def scan_statement(task):
     return f"SELECT count(*) FROM ({task.main_query.query} LIMIT -1) WHERE {used}"
 
 
-def script(name):
-    return lambda task: Job([sys.executable, str(PEERS / f"{name}.py"), str(task.database),
-                             str(task.folder / f"{name}.csv")], "/dev/null")
+def script(kind):
+    return lambda task: Job([sys.executable, "-B", str(PEERS / f"{kind}_{task.section.peers}.py"), str(task.database),
+                             str(task.folder / f"{kind}.csv")], "/dev/null")
 
 
 FLOORS = {"file": "sqlite3 dump, file", "null": "sqlite3 dump, /dev/null"}
@@ -86,7 +86,7 @@ def contenders(section, with_slow_ones):
     return [
         Contender(FLOORS["file"], "file", lambda task: shell(task, task.main_query.query, task.folder / "dump.csv")),
         Contender(PROGRAMS["file"], "file", program_to_file, program_csv),
-        *(scripts(with_slow_ones) if section.scripts else []),
+        *(scripts(with_slow_ones) if section.peers else []),
         *(to_null() if section.answers else []),
         Contender("scan only", "null" if section.answers else "file",
                   lambda task: shell(task, scan_statement(task), "/dev/null")),

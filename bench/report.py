@@ -107,14 +107,11 @@ def targets(section, sizes):
     of_dump = largest.ratios(program, FLOORS["file"])[1]
     memory = largest.median(program, "memory") / largest.fetched.size
     # measured value, whether it is reached, target
-    rows = [
-        (of_dump, of_dump <= 1.5, "of the dump's time, at most 1.5"),
-        (of_dump, of_dump <= 1.0, "of the dump's time, at most 1.0"),
-        (memory, memory <= 2, "of the cells' size as peak memory, at most 2"),
-    ]
-    if section.scripts:
+    rows = [(of_dump, of_dump <= aim, f"of the dump's time, at most {aim}") for aim in section.aims]
+    if section.peers:
         good = largest.ratios("good script, file", program)[1]
-        rows.insert(2, (good, good >= 10, "times as fast as the good script, at least 10"))
+        rows.append((good, good >= 10, "times as fast as the good script, at least 10"))
+    rows.append((memory, memory <= 2, "of the cells' size as peak memory, at most 2"))
     for smaller in sizes[-2:-1]:
         for what, name in (("cpu", "CPU time"), ("memory", "memory")):
             growth = largest.median(program, what) / smaller.median(program, what) / (largest.rows / smaller.rows)

@@ -8,25 +8,32 @@ from typing import Optional
 # currencies as proposed, then the name of the file. That of the open items asks for one client.
 ANSWERS = {"exchange-rates": b"\n\n/dev/null\n"}
 
-# Those that peers/ exports, too.
-PEERS = {"exchange-rates"}
+# Those that peers/ exports, too: good_rates.py, plain_rates.py, ...
+PEERS = {"exchange-rates": "rates", "customers": "customers"}
+
+# The share of the dump's time that a million rows may take.
+AIMS = {"suppliers": (3.0,), "customers": (3.0,)}
+AIMS_OF_OTHERS = (1.5, 1.0)
 
 
 @dataclass(frozen=True)
 class Section:
-    """parameters: of an export of everything. answers: likewise; None where the form offers no such choice."""
+    """parameters: of an export of everything, or of one client. answers: likewise; None where the form offers no such
+    choice. peers: the last word of the scripts' names, None without scripts. aims: of the dump's time, at most."""
     number: str
     title: str
     parameters: str
     answers: Optional[bytes]
-    scripts: bool
+    peers: Optional[str]
+    aims: tuple
 
 
 def read_sections(path):
     for line in path.read_text(encoding="utf-8").splitlines():
         if not line.startswith("#"):
             number, name, _, _, everything, _ = line.split(maxsplit=5)
-            yield Section(number, name.replace("-", " "), everything, ANSWERS.get(name), name in PEERS)
+            yield Section(number, name.replace("-", " "), everything, ANSWERS.get(name),
+                          PEERS.get(name), AIMS.get(name, AIMS_OF_OTHERS))
 
 
 SECTIONS = list(read_sections(pathlib.Path(__file__).resolve().parent.parent / "scripts/sections.txt"))

@@ -1,10 +1,6 @@
-#!/usr/bin/env python3
-"""Exports the exchange-rate log of a database file as protcsv does, as fast as the standard library allows.
+"""What the fast scripts share: cells, dates and users in their final form, change documents, the file.
 
-Usage: good.py DATABASE FILE
-
-Lookups come from memory, what repeats is put into its final form once, lines are joined and written in pieces, and
-the rows stream: memory does not grow with them. The documents are parsed by ElementTree, in C, many at a time.
+The documents are parsed by ElementTree, in C, many at a time; rows stream, so that memory does not grow with them.
 """
 
 import gc
@@ -15,12 +11,11 @@ import sqlite3
 import sys
 from xml.etree.ElementTree import ParseError, fromstring
 
-HEADER = (
-    "ISO Währungscode;Bezeichnung;Gültig ab;Datum der Änderung;Mitarbeiter;Feld der Änderung;Aktion;alter Wert;"
-    "neuer Wert;Arbeitsstation;Applikation;Datenbankbenutzer\r\n"
-)
 EVENTS = {0: ";angelegt;", 1: ";geändert;", 2: ";gelöscht;", None: ";angelegt;"}
-SUPPRESSED = {"ddDatumAend", "flMitarbeiter", "idDevisenKurs", "flDevisenWaehr", "ddGueltigAb"}
+COMMON_HEADER = (
+    "Datum der Änderung;Mitarbeiter;Feld der Änderung;Aktion;alter Wert;neuer Wert;Arbeitsstation;Applikation;"
+    "Datenbankbenutzer\r\n"
+)
 ROWS_PER_PIECE = 200
 GAP = "<gap/>"
 
@@ -51,8 +46,8 @@ def date_text(value):
 class Memory(dict):
     """Answers of `ask`, each asked once."""
 
-    def __init__(self, ask):
-        super().__init__()
+    def __init__(self, ask, known=()):
+        super().__init__(known)
         self.ask = ask
 
     def __missing__(self, key):
@@ -61,14 +56,13 @@ class Memory(dict):
 
 
 def captions_of(connection, table):
-    """From the name of a field to its caption as a cell; empty for those that get no line."""
-    found = {
-        name.lower(): cell(caption)
+    """From the name of a field in capitals to its caption as a cell."""
+    return {
+        name.upper(): cell(caption)
         for name, caption in connection.execute(
             "SELECT dcColumnName, dmDescription FROM tSysQuvoColumns INNER JOIN tSysQuvoTables"
             " ON flTable = IDSysQuvoTables WHERE dcTableName = ?", (table,))
     }
-    return Memory(lambda field: "" if field in SUPPRESSED or not field else found.get(field.lower(), ""))
 
 
 def record_ends(server):
@@ -84,8 +78,16 @@ def record_ends(server):
     return Memory(ends)
 
 
+def raw_text(element):
+    """The value of an OldValue or NewValue."""
+    if element is None:
+        return ""
+    text = "".join(element.itertext()) if len(element) else element.text
+    return "" if not text or text == "NULL" else text
+
+
 def text_of(element):
-    """The value of an OldValue or NewValue, as a cell."""
+    """raw_text, as a cell; without calling it, which would cost as much again."""
     if element is None:
         return ""
     text = "".join(element.itertext()) if len(element) else element.text
@@ -123,70 +125,29 @@ def columns_of_all(documents):
     return [columns_below(root) for root in parsed[::2]]
 
 
-def piece_maker(connection, server):
-    """From a list of rows to their lines."""
-    currencies = {
-        key: f"{cell(code)};{cell(name)};"
-        for key, code, name in connection.execute("SELECT idDevisenWaehr, dcISOKennz, dcBezeichnung FROM tDevisenWaehr")
-    }
-    rates = {
-        key: date_text(date) for key, date in connection.execute("SELECT idDevisenKurs, ddGueltigAb FROM TDEVISENKURS")
-    }
-    captions = Memory(lambda table: captions_of(connection, table))
-    ends = record_ends(server)
-
-    def lines_of(rows):
-        lines = []
-        for row, columns in zip(rows, columns_of_all([row[5] for row in rows])):
-            table, workstation, user, date, event, _, login, application, rate, currency = row
-            user, end = ends[user, login, workstation, application]
-            start = (f"{currencies.get(currency, 'nicht vorhanden;;')}{rates.get(rate, 'nicht vorhanden')};"
-                     f"{date_text(date)};{user};")
-            action = EVENTS[event]
-            captions_of_table = captions[table]
-            for column in columns:
-                if column.tag != "Col":
-                    continue
-                caption = captions_of_table[column.get("Name")]
-                if caption:
-                    lines.append(f"{start}{caption}{action}{text_of(column.find('OldValue'))};"
-                                 f"{text_of(column.find('NewValue'))}{end}")
-        return "".join(lines)
-
-    return lines_of
+def opened(database):
+    return sqlite3.connect(pathlib.Path(database).absolute().as_uri() + "?mode=ro", uri=True)
 
 
-def selected_rows(connection, lowest, highest):
-    table, = connection.execute(
-        "SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = 15").fetchone()
+def log_table(connection, section):
     return connection.execute(
-        "SELECT dcTable, dcWorkstation, dcUser, ddDatum, dlEvent, dmData, dcSystemUser, dcApplication, dlSuchId1,"
-        f" dlSuchId2 FROM {table} WHERE dcTable = 'TDEVISENKURS' AND dlSuchId2 IN"
-        " (SELECT idDevisenWaehr FROM tDevisenWaehr WHERE dcISOKennz BETWEEN ? AND ?)"
-        " ORDER BY ddDatum", (lowest, highest))
+        "SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = ?", (section,)).fetchone()[0]
 
 
-def export(database, path):
-    connection = sqlite3.connect(pathlib.Path(database).absolute().as_uri() + "?mode=ro", uri=True)
-    codes = [code for code, in connection.execute("SELECT dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz")]
-    lowest, highest = (codes[0], codes[-1]) if codes else ("Fehlt!", "Fehlt!")
-    rows = selected_rows(connection, lowest, highest)
+def write_file(path, head, no_data, rows, lines_of):
+    """head: filter line and header. lines_of: from a list of rows to their lines."""
     piece = rows.fetchmany(ROWS_PER_PIECE)
     with open(path, "wb") as file:
         file.write(b"\xef\xbb\xbf")
-        if not piece:
-            file.write(b"Keine Daten vorhanden!\r\n\r\n\r\n\r\n")
-            return
-        text = cell(f"Von ISO Währungscode: {lowest} bis ISO Währungscode: {highest}") + ";" * 11 + "\r\n" + HEADER
-        file.write(text.encode())
-        lines_of = piece_maker(connection, os.path.basename(database))
+        file.write((head if piece else no_data).encode())
         while piece:
             file.write(lines_of(piece).encode())
             piece = rows.fetchmany(ROWS_PER_PIECE)
 
 
-if __name__ == "__main__":
+def main(export, usage):
+    """Runs `export` with the connection, the server's name and the path of the file."""
     if len(sys.argv) != 3:
-        sys.exit(__doc__)
+        sys.exit(usage)
     gc.disable()  # nothing here makes cycles, and looking for them takes time
-    export(sys.argv[1], sys.argv[2])
+    export(opened(sys.argv[1]), os.path.basename(sys.argv[1]), sys.argv[2])
