@@ -6,12 +6,12 @@ import pathlib
 import platform
 import statistics
 import subprocess
+import sys
 from dataclasses import dataclass
 
 from contenders import FLOORS, PROGRAMS
 
 MEGABYTE = 1_000_000
-RECORD_BEGIN, RECORD_END = "<!-- record begin -->\n", "<!-- record end -->\n"
 
 
 @dataclass
@@ -121,8 +121,11 @@ def targets(section, sizes):
     return "\n".join(lines)
 
 
-def record(readme, text):
-    """Replaces the record in the README by `text`."""
-    before, _, rest = readme.read_text(encoding="utf-8").partition(RECORD_BEGIN)
-    _, _, after = rest.partition(RECORD_END)
-    readme.write_text(f"{before}{RECORD_BEGIN}```text\n{text}\n```\n{RECORD_END}{after}", encoding="utf-8")
+def record(readme, section, text):
+    """Replaces the section's record in the README by `text`."""
+    begin, end = (f"<!-- record of section {section.number} {word} -->\n" for word in ("begins", "ends"))
+    before, _, rest = readme.read_text(encoding="utf-8").partition(begin)
+    _, found_end, after = rest.partition(end)
+    if not found_end:
+        sys.exit(f"{readme} has no place for the record of section {section.number}")
+    readme.write_text(f"{before}{begin}```text\n{text}\n```\n{end}{after}", encoding="utf-8")
