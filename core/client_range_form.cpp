@@ -22,7 +22,7 @@ const Entry* selected_entry(const Field& field) {
 }  // namespace
 
 Field ClientRangeForm::kind_field() {
-    return {.name = std::string(kind_name), .label = "&Auswahl", .changed = [this] { mMandantAuswahl(); }};
+    return {.name = std::string(kind_name), .label = "&Auswahl", .changed = [this] { cboMandant_Click(); }};
 }
 
 Field ClientRangeForm::client_field() {

@@ -44,6 +44,7 @@ protected:
     void offer(bool bLoeschen, std::string_view from, std::string_view to);
     void fill_for_person() override { mMandantAuswahl(); }
 
+    void cboMandant_Click() { mMandantAuswahl(); }
     void mMandantAuswahl();
     void ctlMandant_Change();
     bool txtKLNr_Validate(std::size_t bound);

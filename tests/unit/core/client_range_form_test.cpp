@@ -344,7 +344,7 @@ TEST_F(RangeForm, EndsWhenItCannotSayWhatIsWrong) {
         EXPECT_FALSE(ask(form)) << row.procedure;
         ASSERT_EQ(without_boxes.errors.size(), 1U) << row.procedure;
         EXPECT_EQ(without_boxes.errors[0].source,
-                  std::string("000100000000|srvprotqrbcsv|Testserver\r\nScriptedForm.") + row.procedure);
+                  std::string(PROT_STAMP "|srvprotqrbcsv|Testserver\r\nScriptedForm.") + row.procedure);
     }
 }
 

@@ -143,7 +143,7 @@ TEST_F(OneForm, ThatFailsShowsTheErrorUnderItsProcedureAndIsFalse) {
         EXPECT_EQ(host.forms_shown, row.shown);
         ASSERT_EQ(host.errors.size(), 1U);
         EXPECT_EQ(host.errors[0].source,
-                  std::string("000100000000|srvprotqrbcsv|Testserver\r\nScriptedForm.") + row.procedure);
+                  std::string(PROT_STAMP "|srvprotqrbcsv|Testserver\r\nScriptedForm.") + row.procedure);
     }
 }
 

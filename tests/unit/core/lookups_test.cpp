@@ -248,7 +248,7 @@ TEST(XmlValue, RaisesAnErrorWithItsName) {
         gsXMLGetValue(oXML, 0, ColumnPart::name);
         FAIL();
     } catch (const AutomationError& error) {
-        EXPECT_EQ(error.source(), "000100000000|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gsXMLGetValue");
+        EXPECT_EQ(error.source(), PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtQRBCsvBas.gsXMLGetValue");
     }
 }
 

@@ -273,7 +273,7 @@ TEST_F(OneSection, DeletesWithoutReadingARecordOrOpeningAFile) {
 }
 
 TEST_F(OneSection, PutsItsNamesIntoTheSourceOfAnError) {
-    const std::string stamp = "000100000000|srvprotqrbcsv|";
+    const std::string stamp = PROT_STAMP "|srvprotqrbcsv|";
     const std::string end = "\r\nProtTestClass.gCSVAusgabe";
     oDBU.failures.emplace(ordered, server_error("gesperrt"));
     EXPECT_EQ(source_of_failed_run(), stamp + "Testserver" + end) << "the main query";

@@ -273,7 +273,7 @@ TEST_F(PartnerExport, ABatchThatFailsEndsTheRunWithoutAFile) {
         run();
         FAIL();
     } catch (const AutomationError& error) {
-        EXPECT_EQ(error.source(), "000100000000|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.gCSVAusgabe");
+        EXPECT_EQ(error.source(), PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.gCSVAusgabe");
     }
     EXPECT_TRUE(host.written.files.empty());
 }

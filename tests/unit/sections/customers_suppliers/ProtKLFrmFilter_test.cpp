@@ -316,7 +316,7 @@ TEST_F(PartnerFilter, ShowsItsOwnErrorsAndEndsWithoutASelection) {
     EXPECT_FALSE(ask(customers, "/autostart/mandant:123"));
     ASSERT_EQ(host.errors.size(), 1U);
     EXPECT_EQ(host.errors[0].source,
-              "000100000000|srvprotqrbcsv|Testserver\r\nProtKLFrmFilter.mbCommandlineOk");
+              PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtKLFrmFilter.mbCommandlineOk");
     EXPECT_EQ(host.forms_shown, 0);
 }
 

@@ -419,11 +419,11 @@ TEST_F(PartnerDescription, NamesItsProceduresInAnErrorsSource) {
         return std::string("no error");
     };
     oDBU.failures.emplace(live(records.msKLFromWhere(31, "KUNDEN_V4")), test::server_error("live"));
-    EXPECT_EQ(source_of("KUNDEN_V4"), "000100000000|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.mGetKLInfos");
+    EXPECT_EQ(source_of("KUNDEN_V4"), PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.mGetKLInfos");
     oDBU.failures.emplace(in_log("dlPrimaryKey2", "PERSON_ADRESSE", "dlPrimaryKey1", 31),
                           test::server_error("log"));
-    EXPECT_EQ(source_of("ADRESSE"),
-              "000100000000|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.mInfosFromProtokoll\r\n"
+    EXPECT_EQ(source_of("ADRESSE"), PROT_STAMP
+              "|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.mInfosFromProtokoll\r\n"
               "ProtKLCsvClass.mGetKLInfos");
 }
 

@@ -211,12 +211,12 @@ TEST_F(PartnerSelection, NamesItsProceduresInAnErrorsSource) {
         }
         return std::string("no error");
     };
-    EXPECT_EQ(source_of([&] { by_tables(customers, all); }),
-              "000100000000|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.msMandantId\r\n"
+    EXPECT_EQ(source_of([&] { by_tables(customers, all); }), PROT_STAMP
+              "|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.msMandantId\r\n"
               "ProtKLCsvClass.msWHERE4809");
     EXPECT_EQ(batch, "earlier");
-    EXPECT_EQ(source_of([&] { msWHERE(customers, all, oDBU); }),
-              "000100000000|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.msMandantId\r\n"
+    EXPECT_EQ(source_of([&] { msWHERE(customers, all, oDBU); }), PROT_STAMP
+              "|srvprotqrbcsv|Testserver\r\nProtKLCsvClass.msMandantId\r\n"
               "ProtKLCsvClass.msWHERE");
 }
 

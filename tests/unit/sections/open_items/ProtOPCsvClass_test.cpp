@@ -149,8 +149,8 @@ TEST_F(ItemExport, AnItemWithTooFewColumnsIsAnError) {
         FAIL();
     } catch (const AutomationError& error) {
         EXPECT_EQ(error.description(), "Das Abfrageergebnis hat 2 Spalten statt 3.");
-        EXPECT_EQ(error.source(),
-                  "000100000000|srvprotqrbcsv|srvProtQRBCsv\r\nProtOPCsvClass.mGetOPInfos\r\n"
+        EXPECT_EQ(error.source(), PROT_STAMP
+                  "|srvprotqrbcsv|srvProtQRBCsv\r\nProtOPCsvClass.mGetOPInfos\r\n"
                   "ProtOPCsvClass.mbAusgabeCSV\r\nProtOPCsvClass.gCSVAusgabe");
     }
 }

@@ -298,12 +298,11 @@ TEST_F(ItemFilter, FiscalYearsThatCannotBeReadAreAnErrorInBatchAndInTheForm) {
     for (const char* parameters : {"", "/autostart/mandant:10001"}) {
         oDBU.failures.clear();
         oDBU.answers[years_statement(" = 7")] = {{std::int64_t{31}}};
-        EXPECT_EQ(refused_by(parameters),
-                  "Das Abfrageergebnis hat 1 Spalte statt 6. "
-                  "000100000000|srvprotqrbcsv|srvProtQRBCsv" +
-                      chain);
+        EXPECT_EQ(refused_by(parameters), "Das Abfrageergebnis hat 1 Spalte statt 6. " PROT_STAMP
+                                          "|srvprotqrbcsv|srvProtQRBCsv" +
+                                              chain);
         oDBU.failures.emplace(years_statement(" = 7"), test::server_error("Tabelle fehlt"));
-        EXPECT_EQ(refused_by(parameters), "Tabelle fehlt 000100000000|srvprotqrbcsv|Testserver" + chain);
+        EXPECT_EQ(refused_by(parameters), "Tabelle fehlt " PROT_STAMP "|srvprotqrbcsv|Testserver" + chain);
     }
 }
 
