@@ -60,7 +60,7 @@ endfunction()
 # prot_quick_build(NAME): for what is built more often than its speed matters. Most of a test's building time would go
 # into optimising it and reading gtest's header, which all of these read once together.
 function(prot_quick_build name)
-    target_compile_options(${name} PRIVATE -O0 -g1)
+    target_compile_options(${name} PRIVATE -O0 $<IF:$<PLATFORM_ID:Windows>,-g0,-g1>)
     get_property(first GLOBAL PROPERTY prot_first_quick_build)
     if(first)
         target_precompile_headers(${name} REUSE_FROM ${first})
