@@ -10,7 +10,9 @@ namespace {
 constexpr Caption general = Caption::general(), none = Caption::none();
 
 // Of most tables a reader sees but a few fields, of others all but those that only link records or say who
-// touched them. The second discount days of TKULIEFKOND and the memos have no line, deliberately.
+// touched them. The second discount days of TKULIEFKOND have no line, since the rule for them names the first
+// days once more, deliberately. A memo is a field like any other once it has a caption, which those of the
+// master tables lack.
 // clang-format off
 constexpr CaptionRule caption_rules[] = {
     {{"PERSON_V4", "PS_KURZNAME"},  general},

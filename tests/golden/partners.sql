@@ -290,6 +290,13 @@ INSERT INTO tProtokoll (idProtokoll, dcTable, dcWorkstation, dcUser, ddDatum, dl
  'sa', 'Stammdaten', 610, NULL, 510, NULL, NULL, NULL),
 (66, 'PERSON_V4', 'WS-01', 'Müller', '2025-09-02 08:00:00', 2,
  '<Cols><Col Name="PS_USTIDFK"><OldValue>DE812</OldValue><NewValue></NewValue></Col></Cols>',
- 'sa', 'Stammdaten', 510, NULL, NULL, NULL, NULL, NULL);
+ 'sa', 'Stammdaten', 510, NULL, NULL, NULL, NULL, NULL),
+-- Terms and purposes hang on the live customer: those of the deleted customer 306 are not selected.
+(67, 'TKULIEFKOND', 'WS-01', 'Müller', '2025-06-15 08:00:00', 1,
+ '<Cols><Col Name="DISKONTOSATZ1"><OldValue>4</OldValue><NewValue>5</NewValue></Col></Cols>',
+ 'sa', 'Stammdaten', 25, NULL, NULL, NULL, NULL, NULL),
+(68, 'TKUNDVWZ', 'WS-01', 'Müller', '2025-07-01 08:00:00', 0,
+ '<Cols><Col Name="FLKD"><OldValue></OldValue><NewValue>306</NewValue></Col><Col Name="FLVWZ"><OldValue></OldValue><NewValue>31</NewValue></Col></Cols>',
+ 'sa', 'Stammdaten', 306, 31, 506, NULL, NULL, NULL);
 
 INSERT INTO tProtokollMemo VALUES (1, 1, 'Der Kunde zahlt bar.'), (2, 99, 'eines anderen Satzes');

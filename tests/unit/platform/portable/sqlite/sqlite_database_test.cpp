@@ -287,7 +287,7 @@ TEST_F(SqliteDatabaseTest, NamesThePlaceOfWhatIsNoQuery) {
         {"SELECT 1; DELETE T", "Zeile 1, Spalte 1, bei „SELECT 1“"},
     };
     for (const auto& [sql, place] : cases)
-        EXPECT_EQ(error_of([&] { database->query_array(sql); }).description(),
+        EXPECT_EQ(error_of([&, sql = sql] { database->query_array(sql); }).description(),
                   std::string("Die Anweisung wird nicht verstanden (") + place +
                       "): eine Abfrage ist genau ein SELECT ohne INTO. Anweisung: " + sql);
 }
