@@ -130,7 +130,7 @@ TEST_F(SqliteTemporaryTable, TellsTheStatementAsItWasWrittenWhenItCannotBeMade) 
         {"SELECT id INTO #t FROM Fehlt", "Die Tabelle „Fehlt“ gibt es nicht"},
     };
     for (const auto& [sql, problem] : cases)
-        EXPECT_EQ(error_of([&] { database_->execute(sql); }).description(),
+        EXPECT_EQ(error_of([&, sql = sql] { database_->execute(sql); }).description(),
                   std::string(problem) + ". Anweisung: " + sql);
 }
 
