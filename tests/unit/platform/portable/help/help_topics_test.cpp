@@ -89,13 +89,17 @@ TEST_F(HelpTopicsTest, AreThoseBesideTheProgramOrThoseInstalledWithIt) {
     const auto page = [](const std::filesystem::path& program) {
         return HelpTopics::of_program(program).page("karte.xml", "HID_KURSE").value_or("");
     };
+    const auto put = [&](const std::filesystem::path& folder) {
+        std::filesystem::create_directories(folder);
+        for (const char* name : {"karte.xml", "kurse.html"})
+            write_file(folder / name, content_of(folder_ / "hilfe" / name));
+    };
     write_map("kurse.html");
     std::filesystem::create_directories(programs);
     EXPECT_EQ(page(programs), "") << "none";
-    std::filesystem::create_directories(installed.parent_path());
-    std::filesystem::copy(folder_ / "hilfe", installed);
+    put(installed);
     EXPECT_EQ(page(programs), installed / "kurse.html");
-    std::filesystem::copy(folder_ / "hilfe", programs / "hilfe");
+    put(programs / "hilfe");  // on Windows the same place
     EXPECT_EQ(page(programs), programs / "hilfe" / "kurse.html") << "those beside it come first";
     EXPECT_EQ(page({}), "") << "the system does not tell where the program is";
 }
