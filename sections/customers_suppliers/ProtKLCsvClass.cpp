@@ -1,18 +1,9 @@
 #include "sections/customers_suppliers/ProtKLCsvClass.h"
 
-#include <array>
-
 #include "sections/customers_suppliers/ProtKLFrmFilter.h"
 #include "sections/customers_suppliers/partner_lines.h"
 
 namespace prot::customers_suppliers {
-
-namespace {
-
-constexpr std::array<std::string_view, 2> customer_captions = {"Kunden-Nr", "Bezeichnung"};
-constexpr std::array<std::string_view, 2> supplier_captions = {"Lieferanten-Nr", "Bezeichnung"};
-
-}  // namespace
 
 ProtKLCsvClass::ProtKLCsvClass(Environment& environment) : SectionRun(environment, owner) {}
 
@@ -26,9 +17,8 @@ bool ProtKLCsvClass::get_filter(Database& oDBU, std::int32_t lSection, std::stri
 }
 
 SectionRun::Names ProtKLCsvClass::names() const {
-    const bool is_customers = mlSektion == section_of_customers;
-    return {.word = is_customers ? "Kunden" : "Lieferanten",
-            .captions = is_customers ? customer_captions : supplier_captions,
+    return {.word = ledger().file_word,
+            .captions = ledger().captions,
             .writer_loop = "mAusgabeCSV",
             .no_data = BoxStyle::plain};
 }

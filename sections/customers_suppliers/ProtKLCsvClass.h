@@ -21,7 +21,7 @@ private:
     std::string msWHERE() const override { return where_; }
     std::unique_ptr<SectionLines> lines(Run& run) const override;
 
-    const Ledger& ledger() const { return mlSektion == section_of_customers ? customers : suppliers; }
+    const Ledger& ledger() const { return ledger_of(mlSektion); }
 
     std::int32_t mlSektion = 0;
     Filter filter_;

@@ -6,9 +6,14 @@ std::string named(std::string_view pattern, const Ledger& ledger) {
     const struct {
         std::string_view mark, name;
     } names[] = {
-        {"{master}", ledger.msStammTabelle}, {"{person}", ledger.msPsIdSpalte},
-        {"{id}", ledger.msIdSpalte},         {"{number}", ledger.msNrSpalte},
-        {"{purposes}", ledger.purposes},     {"{purposes_owner}", ledger.purposes_owner},
+        {"{master}", ledger.msStammTabelle},
+        {"{person}", ledger.msPsIdSpalte},
+        {"{id}", ledger.msIdSpalte},
+        {"{number}", ledger.msNrSpalte},
+        {"{spelled_table}", ledger.spelled_table},
+        {"{spelled_number}", ledger.spelled_number},
+        {"{purposes}", ledger.purposes},
+        {"{purposes_owner}", ledger.purposes_owner},
     };
     std::string text(pattern);
     for (const auto& [mark, name] : names) text = replaced(std::move(text), mark, name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -11,29 +12,28 @@ inline constexpr std::string_view owner = "ProtKLCsvClass";
 
 /// Customers and suppliers are kept alike; their tables and columns have names of their own.
 struct Ledger {
-    std::string_view msStammTabelle;  ///< the master table
-    std::string_view msPsIdSpalte;    ///< its column of the person
-    std::string_view msIdSpalte;      ///< of its own key
-    std::string_view msNrSpalte;      ///< of the number
-    std::string_view purposes;        ///< the table that links it to purposes of payment
-    std::string_view purposes_owner;  ///< of that, the column of the customer or supplier
-    std::string_view of_person;       ///< statement: name and number of the person {key}, live
+    std::string_view msStammTabelle;                 ///< the master table
+    std::string_view msPsIdSpalte;                   ///< its column of the person
+    std::string_view msIdSpalte;                     ///< of its own key
+    std::string_view msNrSpalte;                     ///< of the number
+    std::string_view spelled_table, spelled_number;  ///< both, as the statement about a person has them
+    std::string_view purposes;                       ///< the table that links it to purposes of payment
+    std::string_view purposes_owner;                 ///< of that, the column of the customer or supplier
+    std::string_view file_word;                      ///< in the name of the file
+    std::array<std::string_view, 2> captions;        ///< of the cells before the common ones
 };
-
-inline constexpr std::int32_t section_of_suppliers = 8, section_of_customers = 9;
 
 inline constexpr Ledger customers = {
     .msStammTabelle = "KUNDEN_V4",
     .msPsIdSpalte = "Ps_Id_Kunde",
     .msIdSpalte = "KUN_ID",
     .msNrSpalte = "KUN_NR",
+    .spelled_table = "Kunden_v4",
+    .spelled_number = "Kun_Nr",
     .purposes = "TKUNDVWZ",
     .purposes_owner = "FLKD",
-    .of_person =
-        "SELECT Personalie.Pl_Bezeichnung, Kun_Nr FROM  Person_v4"
-        " INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id"
-        " INNER JOIN Kunden_v4 ON Person_v4.Ps_Id = Kunden_v4.Ps_Id_Kunde"
-        " WHERE  (Kunden_v4.Ps_Id_Kunde = {key})",
+    .file_word = "Kunden",
+    .captions = {"Kunden-Nr", "Bezeichnung"},
 };
 
 inline constexpr Ledger suppliers = {
@@ -41,17 +41,23 @@ inline constexpr Ledger suppliers = {
     .msPsIdSpalte = "Ps_Id_Lieferant",
     .msIdSpalte = "LIEF_ID",
     .msNrSpalte = "LIEF_NR",
+    .spelled_table = "Lieferanten_v4",
+    .spelled_number = "Lief_Nr",
     .purposes = "TLIEFVWZ",
     .purposes_owner = "FLLI",
-    .of_person =
-        "SELECT Personalie.Pl_Bezeichnung, Lief_Nr FROM  Person_v4"
-        " INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id"
-        " INNER JOIN Lieferanten_v4 ON Person_v4.Ps_Id = Lieferanten_v4.Ps_Id_Lieferant"
-        " WHERE  (Lieferanten_v4.Ps_Id_Lieferant = {key})",
+    .file_word = "Lieferanten",
+    .captions = {"Lieferanten-Nr", "Bezeichnung"},
 };
 
-/// A pattern with the ledger's names in place of {master}, {person}, {id}, {number}, {purposes} and
-/// {purposes_owner}. Other braces stay, such as {key}.
+inline constexpr std::int32_t section_of_suppliers = 8, section_of_customers = 9;
+
+/// Of any section but that of the customers it is the suppliers'.
+constexpr const Ledger& ledger_of(std::int32_t lSection) {
+    return lSection == section_of_customers ? customers : suppliers;
+}
+
+/// A pattern with the ledger's names in place of {master}, {person}, {id}, {number}, {spelled_table},
+/// {spelled_number}, {purposes} and {purposes_owner}. Other braces stay, such as {key}.
 std::string named(std::string_view pattern, const Ledger& ledger);
 
 /// A pattern with the key in place of {key}.

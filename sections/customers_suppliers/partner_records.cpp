@@ -43,6 +43,13 @@ constexpr std::string_view from_purposes =
     " INNER JOIN PERSON_V4 ON {master}.{person} = PERSON_V4.PS_ID"
     " INNER JOIN PERSONALIE ON PERSON_V4.PS_ID = PERSONALIE.PS_ID";
 
+/// Two blanks behind FROM and behind WHERE, as those who search the statement log know it.
+constexpr std::string_view partner_of_person =
+    "SELECT Personalie.Pl_Bezeichnung, {spelled_number} FROM  Person_v4"
+    " INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id"
+    " INNER JOIN {spelled_table} ON Person_v4.Ps_Id = {spelled_table}.{person}"
+    " WHERE  ({spelled_table}.{person} = {key})";
+
 /// A statement's answer in the log: `column` of the rows of dcTable whose key_column is the key.
 struct LogTie {
     std::string_view dcTable, column, key_column;
@@ -201,7 +208,7 @@ std::int32_t PartnerRecords::person_in_log(Table& table, std::int32_t lKey) {
 const PartnerRecords::Person& PartnerRecords::person(std::int32_t id) {
     if (const Person* const known = persons_.find(id)) return *known;
     Person person;
-    person.partner = partner_in(run_.oDBU.query_array(keyed(ledger_.of_person, id)), 1, 0);
+    person.partner = partner_in(run_.oDBU.query_array(keyed(named(partner_of_person, ledger_), id)), 1, 0);
     if (!person.partner.found) {
         const auto answer = [&](const LogTie& tie) {
             return run_.oDBU.query_value(keyed(statement(tie, ledger_), id));
