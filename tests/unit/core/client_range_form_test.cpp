@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -50,24 +51,8 @@ private:
     bool deleting_;
 };
 
-std::string picker_statement(const char* condition) {
-    return std::string("array: SELECT DISTINCT Person_v4.Ps_Id, Person_v4.Ps_nr, Person_v4.Ps_KurzName") +
-           " FROM Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN "
-           "Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id INNER JOIN Akten ON Person_v4.Ps_Id = "
-           "Akten.Ps_Id WHERE (Akten.Akt_Papierkorb = 0) " +
-           condition + " ORDER BY Person_v4.Ps_nr";
-}
-
-std::string find_statement(const char* kind, const char* number) {
-    return std::string(
-               "array: SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON "
-               "Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = "
-               "Mandant_Zeit.Pl_Id Where Mandant_Zeit.MaZt_Kanzlei ") +
-           kind + " AND Person_v4.Ps_Nr = " + number;
-}
-
-const std::string clients = picker_statement(" AND (Mandant_Zeit.MaZt_Kanzlei = 0)");
-const std::string offices = picker_statement(" AND (Mandant_Zeit.MaZt_Kanzlei = -1)");
+const std::string clients = "array: " + test::picker_statement(test::are_clients);
+const std::string offices = "array: " + test::picker_statement(test::are_offices);
 
 std::string bare(const std::string& statement) { return statement.substr(std::string("array: ").size()); }
 
@@ -83,8 +68,10 @@ protected:
         oDBU.answers[bare(clients)] = {{std::int64_t{31}, std::int64_t{4711}, std::string("Maier")},
                                        {std::int64_t{29}, std::int64_t{4712}, std::string("Schulz")}};
         oDBU.answers[bare(offices)] = {{std::int64_t{50}, std::int64_t{123}, std::string("Nord")}};
-        oDBU.answers[bare(find_statement(" = 0 ", "4711"))] = {{std::int64_t{31}, std::string("Maier")}};
-        oDBU.answers[bare(find_statement(" <> 0 ", "123"))] = {{std::int64_t{50}, std::string("Nord")}};
+        oDBU.answers[bare("array: " + test::find_client_statement(" = 0 ", "4711"))] = {
+            {std::int64_t{31}, std::string("Maier")}};
+        oDBU.answers[bare("array: " + test::find_client_statement(" <> 0 ", "123"))] = {
+            {std::int64_t{50}, std::string("Nord")}};
     }
     bool ask(ScriptedForm& form, std::string parameters = {}) {
         commandline = std::move(parameters);
@@ -275,14 +262,14 @@ TEST_F(RangeForm, ReadsTheBatchText) {
     } rows[] = {
         {"/autostart", {}, ClientKind::client, 0, 7, 7, "the defaults"},
         {"/autostart/mandant:4711",
-         {find_statement(" = 0 ", "4711")},
+         {"array: " + test::find_client_statement(" = 0 ", "4711")},
          ClientKind::client,
          31,
          7,
          7,
          "a client"},
         {"/autostart/mandant:K123/vonkonto:5/biskonto:9",
-         {find_statement(" <> 0 ", "123")},
+         {"array: " + test::find_client_statement(" <> 0 ", "123")},
          ClientKind::office,
          50,
          5,
@@ -292,7 +279,8 @@ TEST_F(RangeForm, ReadsTheBatchText) {
         {"/autostart/mandant:-4711", {}, ClientKind::client, 0, 7, 7, "nor is one below"},
         {"/autostart/mandant:", {}, ClientKind::client, 0, 7, 7, "nor nothing"},
         {"/autostart/mandant:4711/mandant:99",
-         {find_statement(" = 0 ", "4711"), find_statement(" = 0 ", "99")},
+         {"array: " + test::find_client_statement(" = 0 ", "4711"),
+          "array: " + test::find_client_statement(" = 0 ", "99")},
          ClientKind::client,
          31,
          7,

@@ -3,27 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
 
 using test::FakeDatabase;
-
-std::string list_statement(const std::string& columns, const std::string& condition,
-                           const std::string& order) {
-    return "SELECT DISTINCT " + columns +
-           " FROM Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN "
-           "Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id INNER JOIN Akten ON Person_v4.Ps_Id = "
-           "Akten.Ps_Id WHERE (Akten.Akt_Papierkorb = 0) " +
-           condition + " ORDER BY Person_v4." + order;
-}
-
-std::string find_statement(const std::string& kind) {
-    return "SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON "
-           "Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = "
-           "Mandant_Zeit.Pl_Id Where Mandant_Zeit.MaZt_Kanzlei " +
-           kind + " AND Person_v4.Ps_Nr = 4711";
-}
 
 constexpr const char* columns_of_list = "Person_v4.Ps_Id, Person_v4.Ps_nr, Person_v4.Ps_KurzName";
 
@@ -51,20 +36,22 @@ TEST(Clients, OfEachKindHaveALabelAndAConditionOfTheirOwn) {
         client_entries(oDBU, row.kind);
         client_ids(oDBU, row.kind, "Person_v4.Ps_Id");
         find_client(oDBU, row.kind, "4711");
-        EXPECT_EQ(oDBU.statements, (std::vector<std::string>{
-                                       "array: " + list_statement(columns_of_list, row.condition, "Ps_nr"),
-                                       "array: " + list_statement("Person_v4.Ps_Id", row.condition, "Ps_Id"),
-                                       "array: " + find_statement(row.found_by),
-                                   }));
+        EXPECT_EQ(oDBU.statements,
+                  (std::vector<std::string>{
+                      "array: " + test::clients_statement(columns_of_list, row.condition, "Ps_nr"),
+                      "array: " + test::clients_statement("Person_v4.Ps_Id", row.condition, "Ps_Id"),
+                      "array: " + test::find_client_statement(row.found_by, "4711"),
+                  }));
     }
 }
 
 class ClientLookups : public testing::Test {
 protected:
     FakeDatabase oDBU;
-    const std::string list = list_statement(columns_of_list, " AND (Mandant_Zeit.MaZt_Kanzlei = 0)", "Ps_nr");
-    const std::string ids = list_statement("Person_v4.Ps_Id", "", "Ps_Id");
-    const std::string find = find_statement(" = 0 ");
+    const std::string list =
+        test::clients_statement(columns_of_list, " AND (Mandant_Zeit.MaZt_Kanzlei = 0)", "Ps_nr");
+    const std::string ids = test::clients_statement("Person_v4.Ps_Id", "", "Ps_Id");
+    const std::string find = test::find_client_statement(" = 0 ", "4711");
 };
 
 TEST_F(ClientLookups, AnEntryHasIdNumberAndShortName) {

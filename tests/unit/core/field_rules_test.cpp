@@ -4,17 +4,12 @@
 
 #include "tests/unit/support/fakes.h"
 #include "tests/unit/support/log_record.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
 
 using test::LogRecord;
-
-std::string caption_query(const std::string& table, const std::string& column) {
-    return "SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON "
-           "tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName = '" +
-           table + "' AND   tSysQuvoColumns.dcColumnName = '" + column + "'";
-}
 
 constexpr CaptionRule rules[] = {
     {{"ADRESSE", "ADR_ID"}, Caption::none()},
@@ -39,9 +34,9 @@ protected:
 };
 
 TEST_F(Captions, FollowTheFirstRuleThatFits) {
-    oDBU.answers[caption_query("ADRESSE", "PLZ")] = {{std::string("Postleitzahl")}};
-    oDBU.answers[caption_query("ADRESSE", "ORT")] = {{std::string("Ort")}};
-    oDBU.answers[caption_query("BANK", "ADR_ID")] = {{std::string("Nummer")}};
+    oDBU.answers[test::caption_statement("ADRESSE", "PLZ")] = {{std::string("Postleitzahl")}};
+    oDBU.answers[test::caption_statement("ADRESSE", "ORT")] = {{std::string("Ort")}};
+    oDBU.answers[test::caption_statement("BANK", "ADR_ID")] = {{std::string("Nummer")}};
     const struct {
         const char *table, *field;
         std::int64_t event;
@@ -62,8 +57,8 @@ TEST_F(Captions, FollowTheFirstRuleThatFits) {
 }
 
 TEST_F(Captions, CompareLetterByLetterWhereCaseCounts) {
-    oDBU.answers[caption_query("ADRESSE", "adr_id")] = {{std::string("Nummer")}};
-    oDBU.answers[caption_query("adresse", "ADR_ID")] = {{std::string("Zahl")}};
+    oDBU.answers[test::caption_statement("ADRESSE", "adr_id")] = {{std::string("Nummer")}};
+    oDBU.answers[test::caption_statement("adresse", "ADR_ID")] = {{std::string("Zahl")}};
     EXPECT_EQ(caption("ADRESSE", "adr_id", 1, NameMatch::exact), "Nummer");
     EXPECT_EQ(caption("adresse", "ADR_ID", 1, NameMatch::exact), "Zahl");
     EXPECT_EQ(caption("ADRESSE", "ADR_ID", 1, NameMatch::exact), "");
@@ -71,7 +66,7 @@ TEST_F(Captions, CompareLetterByLetterWhereCaseCounts) {
 
 TEST_F(Captions, ThatShouldBeThereAndAreNotAreToldToTheNotices) {
     EXPECT_EQ(caption("ADRESSE", "FAX"), "");
-    oDBU.answers[caption_query("ADRESSE", "TELEX")] = {{std::string()}};
+    oDBU.answers[test::caption_statement("ADRESSE", "TELEX")] = {{std::string()}};
     EXPECT_EQ(caption("ADRESSE", "TELEX"), "");
     EXPECT_EQ(caption("ADRESSE", "ADR_ID"), "");
     EXPECT_EQ(host.fields_without_caption, (std::vector<std::string>{"ADRESSE.FAX", "ADRESSE.TELEX"}))

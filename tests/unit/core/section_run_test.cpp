@@ -5,6 +5,7 @@
 #include "core/ProtQRBCsvBas.h"
 #include "core/event_names.h"
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -147,10 +148,7 @@ protected:
     TellingParent parent{host.calls};
     ScriptedSection section{host.environment, host.calls};
     Value para;
-    const std::string caption_query =
-        "SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON "
-        "tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName = 'T' AND "
-        "  tSysQuvoColumns.dcColumnName = 'FELD'";
+    const std::string caption_query = test::caption_statement("T", "FELD");
     const std::string ordered = std::string(main_query) + " ORDER BY ddDatum";
 
     OneSection() {

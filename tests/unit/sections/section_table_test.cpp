@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -34,10 +35,7 @@ TEST(SectionTable, NamesEachSectionAndRunsItsExporter) {
         Value para;
         const auto exporter = table[i].create(host.environment);
         // Client 7, for those that need one.
-        oDBU.answers
-            ["SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON "
-             "Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = "
-             "Mandant_Zeit.Pl_Id Where Mandant_Zeit.MaZt_Kanzlei  = 0  AND Person_v4.Ps_Nr = 7"] = {
+        oDBU.answers[test::find_client_statement(" = 0 ", "7")] = {
             {std::int64_t{4001}, std::string("Maier")}};
         exporter->psCommandline = "/autostart/mandant:7";
         exporter->gCSVAusgabe(oDBU, expected[i].number, "", {}, {}, 7, para);

@@ -6,6 +6,7 @@
 
 #include "core/event_names.h"
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -20,22 +21,12 @@ using test::Row;
 using test::ShownBox;
 using Lines = std::vector<std::vector<std::string>>;
 
-constexpr const char* client_query =
-    "SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = "
-    "Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id Where "
-    "Mandant_Zeit.MaZt_Kanzlei  = 0  AND Person_v4.Ps_Nr = 123";
+const std::string client_query = test::find_client_statement(" = 0 ", "123");
 constexpr const char* customer_31 =
     "SELECT KUNDEN_V4.KUN_NR, PERSONALIE.Pl_Bezeichnung FROM KUNDEN_V4 INNER JOIN PERSON_V4 ON "
     "KUNDEN_V4.Ps_Id_Kunde = PERSON_V4.PS_ID INNER JOIN PERSONALIE ON PERSON_V4.PS_ID = PERSONALIE.PS_ID "
     "WHERE "
     "KUNDEN_V4.KUN_ID = 31";
-
-std::string caption_query(const std::string& column) {
-    return "SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON "
-           "tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName = "
-           "'KUNDEN_V4' AND   tSysQuvoColumns.dcColumnName = '" +
-           column + "'";
-}
 
 class PartnerExport : public testing::Test {
 protected:
@@ -54,7 +45,7 @@ protected:
         oDBU.answers[client_query] = {{std::int64_t{4001}, std::string("Maier")}};
         oDBU.answers[customer_31] = {{std::int64_t{10000}, std::string("Becker GmbH")}};
         for (const char* column : {"KUN_RABATT", "MB_ID", "KUN_MEMO"})
-            oDBU.answers[caption_query(column)] = {{std::string("Feld ") + column}};
+            oDBU.answers[test::caption_statement("KUNDEN_V4", column)] = {{std::string("Feld ") + column}};
         host.documents["change"] = {
             {"KUN_RABATT", "2,5", "3"}, {"KUN_MEMO", "a", "b"}, {"MB_ID", "0", "NULL"}};
         host.documents["creation"] = {{"KUN_RABATT", "", "3"}};
@@ -116,17 +107,13 @@ TEST_F(PartnerExport, SendsTheBatchBeforeAnyOtherStatementOfTheSelection) {
     run();
     EXPECT_EQ(std::vector(oDBU.statements.begin(), oDBU.statements.begin() + 4),
               (std::vector<std::string>{
-                  std::string("array: ") + client_query, "execute: " + batch,
+                  "array: " + client_query, "execute: " + batch,
                   "value: SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = 9",
                   "array: " + select(condition)}));
 }
 
 TEST_F(PartnerExport, AsksForClientsBeforeTheBatchThatNamesThem) {
-    const std::string clients =
-        "SELECT DISTINCT Person_v4.Ps_Id FROM Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = "
-        "Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id INNER JOIN Akten "
-        "ON Person_v4.Ps_Id = Akten.Ps_Id WHERE (Akten.Akt_Papierkorb = 0)  AND (Mandant_Zeit.MaZt_Kanzlei "
-        "= 0) ORDER BY Person_v4.Ps_Id";
+    const std::string clients = test::clients_statement("Person_v4.Ps_Id", test::are_clients, "Ps_Id");
     oDBU.answers[clients] = {{std::int64_t{4001}}, {std::int64_t{4002}}};
     std::string all_batch;
     const std::string all =
@@ -249,12 +236,8 @@ TEST_F(PartnerExport, WithoutDataShowsAPlainBoxToAPersonAndWritesAFileInBatchMod
     EXPECT_EQ(lines().at(0).at(0), "Keine Daten vorhanden!");
     EXPECT_EQ(host.written.files.at(0).name, "Prot_Kunden_20261115_100715.csv");
     host.written.files.clear();
-    oDBU.answers
-        ["SELECT DISTINCT Person_v4.Ps_Id, Person_v4.Ps_nr, Person_v4.Ps_KurzName FROM Person_v4 INNER "
-         "JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON "
-         "Personalie.Pl_Id = Mandant_Zeit.Pl_Id INNER JOIN Akten ON Person_v4.Ps_Id = Akten.Ps_Id "
-         "WHERE (Akten.Akt_Papierkorb = 0)  AND (Mandant_Zeit.MaZt_Kanzlei = 0) ORDER BY "
-         "Person_v4.Ps_nr"] = {{std::int64_t{4001}, std::int64_t{123}, std::string("Maier")}};
+    oDBU.answers[test::picker_statement(test::are_clients)] = {
+        {std::int64_t{4001}, std::int64_t{123}, std::string("Maier")}};
     host.person = [](Form& form) {
         form.field("ctlMandant").selected = 0;
         form.field("ctlMandant").changed();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -13,23 +14,6 @@ using test::ShownBox;
 
 constexpr std::int32_t customers = 9, suppliers = 8;
 
-std::string find_statement(const char* kind, const char* number) {
-    return std::string(
-               "SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON "
-               "Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = "
-               "Mandant_Zeit.Pl_Id Where Mandant_Zeit.MaZt_Kanzlei ") +
-           kind + " AND Person_v4.Ps_Nr = " + number;
-}
-
-std::string list_statement(const char* kind) {
-    return std::string(
-               "SELECT DISTINCT Person_v4.Ps_Id, Person_v4.Ps_nr, Person_v4.Ps_KurzName FROM Person_v4 INNER "
-               "JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON "
-               "Personalie.Pl_Id = Mandant_Zeit.Pl_Id INNER JOIN Akten ON Person_v4.Ps_Id = Akten.Ps_Id "
-               "WHERE (Akten.Akt_Papierkorb = 0)  AND (Mandant_Zeit.MaZt_Kanzlei = ") +
-           kind + ") ORDER BY Person_v4.Ps_nr";
-}
-
 class PartnerFilter : public testing::Test {
 protected:
     FakeHost host;
@@ -39,11 +23,14 @@ protected:
     bool deleting = false;
 
     PartnerFilter() {
-        oDBU.answers[find_statement(" = 0 ", "123")] = {{std::int64_t{4001}, std::string("Maier")}};
-        oDBU.answers[find_statement(" <> 0 ", "123")] = {{std::int64_t{4005}, std::string("Kanzlei Nord")}};
-        oDBU.answers[list_statement("0")] = {{std::int64_t{4001}, std::int64_t{123}, std::string("Maier")},
-                                             {std::int64_t{4002}, std::int64_t{124}, std::string("Schulz")}};
-        oDBU.answers[list_statement("-1")] = {
+        oDBU.answers[test::find_client_statement(" = 0 ", "123")] = {
+            {std::int64_t{4001}, std::string("Maier")}};
+        oDBU.answers[test::find_client_statement(" <> 0 ", "123")] = {
+            {std::int64_t{4005}, std::string("Kanzlei Nord")}};
+        oDBU.answers[test::picker_statement(test::are_clients)] = {
+            {std::int64_t{4001}, std::int64_t{123}, std::string("Maier")},
+            {std::int64_t{4002}, std::int64_t{124}, std::string("Schulz")}};
+        oDBU.answers[test::picker_statement(test::are_offices)] = {
             {std::int64_t{4005}, std::int64_t{123}, std::string("Kanzlei Nord")}};
     }
     bool ask(std::int32_t section, std::string parameters = {}) {
@@ -253,7 +240,8 @@ TEST_F(PartnerFilter, ABatchTextWithAutostartAndAClientNeedsNoForm) {
     EXPECT_EQ(taken.mlMandantId, 4001);
     EXPECT_EQ(taken.mlMandantModus, ClientKind::client);
     EXPECT_EQ(filter_text, "Mandant: 123 Maier, von Kunden-Nr: 10010 bis Kunden-Nr: 10020");
-    EXPECT_EQ(oDBU.statements, (std::vector<std::string>{"array: " + find_statement(" = 0 ", "123")}));
+    EXPECT_EQ(oDBU.statements,
+              (std::vector<std::string>{"array: " + test::find_client_statement(" = 0 ", "123")}));
 }
 
 TEST_F(PartnerFilter, TheLettersMAndKOfABatchTextTellClientsFromOffices) {
@@ -312,7 +300,7 @@ TEST_F(PartnerFilter, ATextThatNamesAReportFrameworkIsScannedForItsKeys) {
 }
 
 TEST_F(PartnerFilter, ShowsItsOwnErrorsAndEndsWithoutASelection) {
-    oDBU.failures.emplace(find_statement(" = 0 ", "123"), test::server_error("kein Zugriff"));
+    oDBU.failures.emplace(test::find_client_statement(" = 0 ", "123"), test::server_error("kein Zugriff"));
     EXPECT_FALSE(ask(customers, "/autostart/mandant:123"));
     ASSERT_EQ(host.errors.size(), 1U);
     EXPECT_EQ(host.errors[0].source,

@@ -4,6 +4,7 @@
 
 #include "tests/unit/support/fakes.h"
 #include "tests/unit/support/log_record.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -16,11 +17,7 @@ protected:
 
     /// The caption of a field that has a general one, too.
     std::string caption(const std::string& table, const std::string& field) {
-        oDBU.answers
-            ["SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON "
-             "tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName "
-             "= '" +
-             table + "' AND   tSysQuvoColumns.dcColumnName = '" + field + "'"] = {{std::string("allgemein")}};
+        oDBU.answers[test::caption_statement(table, field)] = {{std::string("allgemein")}};
         const test::LogRecord record({.table = table});
         return std::string(customers_suppliers::msDBGetFieldDescription(record.field(field), run));
     }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -13,16 +14,8 @@ using customers_suppliers::Ledger;
 using customers_suppliers::suppliers;
 using test::FakeDatabase;
 
-constexpr const char* clients_statement =
-    "SELECT DISTINCT Person_v4.Ps_Id FROM Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = "
-    "Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id INNER JOIN Akten ON "
-    "Person_v4.Ps_Id = Akten.Ps_Id WHERE (Akten.Akt_Papierkorb = 0)  AND (Mandant_Zeit.MaZt_Kanzlei = 0) "
-    "ORDER BY Person_v4.Ps_Id";
-constexpr const char* offices_statement =
-    "SELECT DISTINCT Person_v4.Ps_Id FROM Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = "
-    "Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id INNER JOIN Akten ON "
-    "Person_v4.Ps_Id = Akten.Ps_Id WHERE (Akten.Akt_Papierkorb = 0)  AND (Mandant_Zeit.MaZt_Kanzlei = -1) "
-    "ORDER BY Person_v4.Ps_Id";
+const std::string clients_statement = test::clients_statement("Person_v4.Ps_Id", test::are_clients, "Ps_Id");
+const std::string offices_statement = test::clients_statement("Person_v4.Ps_Id", test::are_offices, "Ps_Id");
 
 constexpr Filter one_client = {10000, 10001, 4711, ClientKind::client};
 
@@ -150,12 +143,12 @@ TEST_F(PartnerSelection, NamesTheClientsOfItsMode) {
         {{1, 2, 0, ClientKind::all_clients},
          " AND dlSuchId2 IN (4001, 4003, 4007)",
          " AND Ps_Id_Mandant IN (4001, 4003, 4007)",
-         {std::string("array: ") + clients_statement},
+         {"array: " + clients_statement},
          "3"},
         {{1, 2, 0, ClientKind::all_offices},
          " AND dlSuchId2 IN (5001)",
          " AND Ps_Id_Mandant IN (5001)",
-         {std::string("array: ") + offices_statement},
+         {"array: " + offices_statement},
          "4"},
         {{1, 2, 0, ClientKind::all}, "", "", {}, "5: everybody, and nothing is asked"},
         {{1, 2, 0, ClientKind::client}, "", "", {}, "1 without a client"},

@@ -4,6 +4,7 @@
 
 #include "core/event_names.h"
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -30,13 +31,6 @@ const std::vector<std::string> header = {
     "neuer Wert",       "Arbeitsstation",    "Applikation", "Datenbankbenutzer"};
 const std::vector<std::string> filter_line = {
     "Von ISO Währungscode: EUR bis ISO Währungscode: USD", "", "", "", "", "", "", "", "", "", "", ""};
-
-std::string caption_query(const std::string& column) {
-    return "SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON "
-           "tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName = "
-           "'TDEVISENKURS' AND   tSysQuvoColumns.dcColumnName = '" +
-           column + "'";
-}
 
 Row log_row(std::int64_t event, const std::string& document, std::int64_t rate = 71) {
     return {std::int64_t{1000 + rate},
@@ -73,8 +67,10 @@ protected:
             {std::string("USD"), std::string("US-Dollar")}};
         oDBU.answers["SELECT ddGueltigAb FROM TDEVISENKURS WHERE idDevisenKurs = 71"] = {
             {to_date(CivilTime{2026, 1, 1})}};
-        oDBU.answers[caption_query("dzKursEURGeld")] = {{std::string("Kurs EUR Geld")}};
-        oDBU.answers[caption_query("dzKursFremdGeld")] = {{std::string("Kurs Fremdwährung Geld")}};
+        oDBU.answers[test::caption_statement("TDEVISENKURS", "dzKursEURGeld")] = {
+            {std::string("Kurs EUR Geld")}};
+        oDBU.answers[test::caption_statement("TDEVISENKURS", "dzKursFremdGeld")] = {
+            {std::string("Kurs Fremdwährung Geld")}};
         host.documents["two"] = {{"dzKursEURGeld", "1,08", "1,09"},
                                  {"ddDatumAend", "a", "b"},
                                  {"dzKursFremdGeld", "NULL", "0,92"}};
@@ -146,7 +142,8 @@ TEST_F(RateExport, SendsEachLookupOnceInARun) {
                   std::string("array: ") + main_query,
                   "array: SELECT dcISOKennz, dcBezeichnung FROM tDevisenWaehr WHERE idDevisenWaehr = 9",
                   "array: SELECT ddGueltigAb FROM TDEVISENKURS WHERE idDevisenKurs = 71",
-                  "value: " + caption_query("dzKursEURGeld"), "value: " + caption_query("dzKursFremdGeld")}));
+                  "value: " + test::caption_statement("TDEVISENKURS", "dzKursEURGeld"),
+                  "value: " + test::caption_statement("TDEVISENKURS", "dzKursFremdGeld")}));
 }
 
 TEST_F(RateExport, DescribesEachRecordByItsOwnCurrencyAndRate) {
@@ -186,7 +183,7 @@ TEST_F(RateExport, SuppressesEachTechnicalFieldEvenWhereItHasACaption) {
     for (const char* field :
          {"ddDatumAend", "flMitarbeiter", "idDevisenKurs", "flDevisenWaehr", "ddGueltigAb"}) {
         host.written.files.clear();
-        oDBU.answers[caption_query(field)] = {{std::string("Technisch")}};
+        oDBU.answers[test::caption_statement("TDEVISENKURS", field)] = {{std::string("Technisch")}};
         host.documents["field"] = {{field, "1", "2"}};
         log({log_row(1, "field")});
         run();
@@ -196,7 +193,7 @@ TEST_F(RateExport, SuppressesEachTechnicalFieldEvenWhereItHasACaption) {
 
 TEST_F(RateExport, SuppressesTechnicalFieldsOnlyInTheirExactLetterCase) {
     host.documents["case"] = {{"DDDATUMAEND", "a", "b"}};
-    oDBU.answers[caption_query("DDDATUMAEND")] = {{std::string("Änderungsdatum")}};
+    oDBU.answers[test::caption_statement("TDEVISENKURS", "DDDATUMAEND")] = {{std::string("Änderungsdatum")}};
     log({log_row(1, "case")});
     run();
     ASSERT_EQ(file().lines.size(), 3U);
@@ -205,7 +202,7 @@ TEST_F(RateExport, SuppressesTechnicalFieldsOnlyInTheirExactLetterCase) {
 
 TEST_F(RateExport, NeverTranslatesTheRatesOwnKeyBecauseItIsSuppressed) {
     host.documents["key"] = {{"IDDEVISENKURS", "0", "9"}};
-    oDBU.answers[caption_query("IDDEVISENKURS")] = {{std::string("Schlüssel")}};
+    oDBU.answers[test::caption_statement("TDEVISENKURS", "IDDEVISENKURS")] = {{std::string("Schlüssel")}};
     log({log_row(1, "key")});
     run();
     ASSERT_EQ(file().lines.size(), 3U);
@@ -393,7 +390,7 @@ std::string event_without_entry_class() {
         {std::string("tProtokoll")}};
     oDBU.answers["SELECT idDevisenWaehr, dcISOKennz FROM tDevisenWaehr ORDER BY dcISOKennz"] = {
         {std::int64_t{2}, std::string("EUR")}, {std::int64_t{9}, std::string("USD")}};
-    oDBU.answers[caption_query("dzKursEURGeld")] = {{std::string("Kurs EUR Geld")}};
+    oDBU.answers[test::caption_statement("TDEVISENKURS", "dzKursEURGeld")] = {{std::string("Kurs EUR Geld")}};
     host.documents["created"] = {{"dzKursEURGeld", "", "1,05"}};
     oDBU.answers[main_query] = {log_row(0, "created")};
     exchange_rates::CProtDevCsv exporter(host.environment);

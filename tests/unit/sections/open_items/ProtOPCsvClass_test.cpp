@@ -9,6 +9,7 @@
 #include "sections/open_items/item_selection.h"
 #include "tests/unit/support/fakes.h"
 #include "tests/unit/support/log_record.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -18,10 +19,7 @@ using test::FakeHost;
 using test::Row;
 using Lines = std::vector<std::vector<std::string>>;
 
-constexpr const char* client_query =
-    "SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = "
-    "Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id Where "
-    "Mandant_Zeit.MaZt_Kanzlei  = 0  AND Person_v4.Ps_Nr = 10001";
+const std::string client_query = test::find_client_statement(" = 0 ", "10001");
 constexpr const char* main_query =
     "SELECT idProtokoll, dcTable, dcWorkstation, dcUser, ddDatum, dlEvent, dmData, dcSystemUser, "
     "dcApplication, dlPrimaryKey1, dlSuchId1,  dlSuchId2,  dlSuchId3,  dlSuchId4 FROM tProtokoll WHERE  "
@@ -29,13 +27,6 @@ constexpr const char* main_query =
     "BETWEEN 10000 AND 10001)) ) ORDER BY ddDatum";
 constexpr const char* item_query =
     "SELECT OP_SKNR, OP_BELEG2, OP_DATUM_BELEG FROM OFFENER_POSTEN WHERE OP_ID = 5";
-
-std::string caption_query(const std::string& column) {
-    return "SELECT tSysQuvoColumns.dmDescription FROM   tSysQuvoColumns INNER JOIN tSysQuvoTables ON "
-           "tSysQuvoColumns.flTable = tSysQuvoTables.IDSysQuvoTables WHERE tSysQuvoTables.dcTableName = "
-           "'OFFENER_POSTEN' AND   tSysQuvoColumns.dcColumnName = '" +
-           column + "'";
-}
 
 class ItemExport : public testing::Test {
 protected:
@@ -51,7 +42,8 @@ protected:
         oDBU.answers[item_query] = {
             {std::int64_t{10000}, std::string("RE-17"), to_date(CivilTime{2026, 1, 15})}};
         for (const char* column : {"OP_ART", "OP_SPERR_KZ", "op_art", "OP_BETRAG"})
-            oDBU.answers[caption_query(column)] = {{std::string("Feld ") + column}};
+            oDBU.answers[test::caption_statement("OFFENER_POSTEN", column)] = {
+                {std::string("Feld ") + column}};
         host.documents["kind"] = {{"OP_ART", "1", "2"}, {"OP_SPERR_KZ", "0", "2"}};
         host.documents["suppressed"] = {{"op_datum", "a", "b"}, {"BU_ID", "1", "2"}};
         host.documents["large"] = {{"OP_ART", "99999999999", ""}, {"OP_BETRAG", "99999999999", "x"}};
@@ -117,7 +109,7 @@ TEST_F(ItemExport, SuppressesEachTechnicalFieldEvenWhereItHasACaption) {
     for (const char* field :
          {"BU_ID", "BUS_ID", "OP_ID", "WJ_ID", "OP_DATUM", "OP_MITARBEITER", "OP_AUSGLEICH_NR"}) {
         host.written.files.clear();
-        oDBU.answers[caption_query(field)] = {{std::string("Technisch")}};
+        oDBU.answers[test::caption_statement("OFFENER_POSTEN", field)] = {{std::string("Technisch")}};
         host.documents["field"] = {{field, "1", "2"}};
         log("field");
         run();
@@ -260,8 +252,7 @@ TEST(ItemValues, ADunningBlockIsCountedInWordsFrom0To9AndElseStaysAsLogged) {
 TEST_F(ItemExport, ReadsTheClientOfTheBatchTextOnce) {
     oDBU.answers[client_query] = {{std::int64_t{7}, std::string("Maier")}};
     run("/autostart/mandant:10001/vonkonto:1/biskonto:999999999");
-    EXPECT_NE(std::ranges::find(oDBU.statements, std::string("array: ") + client_query),
-              oDBU.statements.end());
+    EXPECT_NE(std::ranges::find(oDBU.statements, "array: " + client_query), oDBU.statements.end());
     EXPECT_TRUE(std::ranges::any_of(oDBU.statements, [](const std::string& statement) {
         return statement.find("FROM OFFENER_POSTEN  WHERE  WJ_ID IN ())) ) ORDER BY ddDatum") !=
                std::string::npos;

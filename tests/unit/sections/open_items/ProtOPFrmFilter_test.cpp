@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/statements.h"
 
 namespace prot {
 namespace {
@@ -11,22 +12,6 @@ using test::FakeDatabase;
 using test::FakeHost;
 using test::Row;
 using test::ShownBox;
-
-std::string find_statement(const char* kind, const char* number) {
-    return std::string(
-               "SELECT Person_v4.Ps_Id, Person_v4.Ps_KurzName From Person_v4 INNER JOIN Personalie ON "
-               "Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN Mandant_Zeit ON Personalie.Pl_Id = "
-               "Mandant_Zeit.Pl_Id Where Mandant_Zeit.MaZt_Kanzlei ") +
-           kind + " AND Person_v4.Ps_Nr = " + number;
-}
-
-std::string list_statement(const char* column, const char* kind, const char* order) {
-    return std::string("SELECT DISTINCT Person_v4.Ps_Id, Person_v4.Ps_nr") + column +
-           " FROM Person_v4 INNER JOIN Personalie ON Person_v4.Ps_Id = Personalie.Ps_Id INNER JOIN "
-           "Mandant_Zeit ON Personalie.Pl_Id = Mandant_Zeit.Pl_Id INNER JOIN Akten ON Person_v4.Ps_Id = "
-           "Akten.Ps_Id WHERE (Akten.Akt_Papierkorb = 0) " +
-           kind + " ORDER BY Person_v4." + order;
-}
 
 std::string years_statement(const char* restriction) {
     return std::string(
@@ -37,11 +22,9 @@ std::string years_statement(const char* restriction) {
            restriction + ")  Order By Person_Wirtschaftsjahr.Ps_id, dlWJTyp, Zeitraum.Zt_Bis DESC";
 }
 
-const std::string clients =
-    list_statement(", Person_v4.Ps_KurzName", " AND (Mandant_Zeit.MaZt_Kanzlei = 0)", "Ps_nr");
-const std::string offices =
-    list_statement(", Person_v4.Ps_KurzName", " AND (Mandant_Zeit.MaZt_Kanzlei = -1)", "Ps_nr");
-const std::string everyone = list_statement("", "", "Ps_Id");
+const std::string clients = test::picker_statement(test::are_clients);
+const std::string offices = test::picker_statement(test::are_offices);
+const std::string everyone = test::clients_statement("Person_v4.Ps_Id, Person_v4.Ps_nr", "", "Ps_Id");
 
 Row year(std::int64_t id, int from, std::int64_t type, Value name = {}) {
     return {id,
@@ -60,8 +43,10 @@ protected:
     bool deleting = false;
 
     ItemFilter() {
-        oDBU.answers[find_statement(" = 0 ", "10001")] = {{std::int64_t{7}, std::string("Maier")}};
-        oDBU.answers[find_statement(" <> 0 ", "123")] = {{std::int64_t{8}, std::string("Kanzlei Nord")}};
+        oDBU.answers[test::find_client_statement(" = 0 ", "10001")] = {
+            {std::int64_t{7}, std::string("Maier")}};
+        oDBU.answers[test::find_client_statement(" <> 0 ", "123")] = {
+            {std::int64_t{8}, std::string("Kanzlei Nord")}};
         oDBU.answers[years_statement(" = 7")] = {year(31, 2026, 1), year(30, 2025, 1),
                                                  year(32, 2027, 2, std::string("Plan A")), year(33, 2028, 2),
                                                  year(34, 2026, 4)};
@@ -447,7 +432,7 @@ TEST_F(ItemFilter, ABatchClientIsAnOfficeBehindKAndAClientBehindMOrAlone) {
         oDBU.statements.clear();
         EXPECT_TRUE(ask(std::string("/autostart/mandant:") + row.value));
         ASSERT_FALSE(oDBU.statements.empty()) << row.value;
-        EXPECT_EQ(oDBU.statements[0], "array: " + find_statement(row.kind, "123")) << row.value;
+        EXPECT_EQ(oDBU.statements[0], "array: " + test::find_client_statement(row.kind, "123")) << row.value;
     }
 }
 
@@ -462,8 +447,9 @@ TEST_F(ItemFilter, AnAccountBeyondAllNumbersIsAnOverflow) {
 
 TEST_F(ItemFilter, ABatchTextSendsNoMoreThanItNeeds) {
     ask("/autostart/mandant:10001");
-    EXPECT_EQ(oDBU.statements, (std::vector<std::string>{"array: " + find_statement(" = 0 ", "10001"),
-                                                         "array: " + years_statement(" = 7")}));
+    EXPECT_EQ(oDBU.statements,
+              (std::vector<std::string>{"array: " + test::find_client_statement(" = 0 ", "10001"),
+                                        "array: " + years_statement(" = 7")}));
 }
 
 TEST_F(ItemFilter, ATextWithoutAutostartShowsTheForm) {
