@@ -1,5 +1,6 @@
 #include "core/ProtQRBCsvBas.h"
 #include "core/ZQErrorHandling.h"
+#include "core/value_search.h"
 #include "platform/automation/error.h"
 #include "platform/automation/letter_case.h"
 #include "platform/automation/text_forms.h"
@@ -9,45 +10,6 @@ namespace prot {
 namespace {
 
 constexpr std::string_view owner = "ProtQRBCsvBas";
-
-/// The log's way to write a column of a change document up to its old value; the LIKE search depends on every
-/// letter.
-std::string old_value_pattern(std::string_view sSpalte, Database& oDBU) {
-    const std::string wildcard = oDBU.like_wildcard();
-    return wildcard + "Name=\"" + std::string(sSpalte) + "\"><OldValue>" + wildcard;
-}
-
-/// The old value of a column in a change document; "_UNDEFINIERT_" when the document does not load.
-std::string old_value(const std::string& document, std::string_view sSpalte, Run& run) {
-    const auto oXML = create_change_document_reader(run.environment);
-    if (!oXML->load(document)) return std::string(undefined);
-    // Read directly: the text NULL stays here.
-    return std::string(oXML->old_value_of(sSpalte));
-}
-
-std::string log_search(std::string_view sTabelle, std::string_view sSchluessel, std::string_view condition,
-                       std::string_view pattern) {
-    return std::string("SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = '")
-        .append(sTabelle)
-        .append("' AND dlPrimaryKey1 = ")
-        .append(sSchluessel)
-        .append(condition)
-        .append(" AND dmData LIKE '")
-        .append(pattern)
-        .append("' ORDER BY ddDatum ASC");
-}
-
-std::string live_search(std::string_view sTabelle, std::string_view sSpalte,
-                        std::string_view sSchluesselSpalte, std::string_view sSchluessel) {
-    return std::string("SELECT [")
-        .append(sSpalte)
-        .append("] FROM [")
-        .append(sTabelle)
-        .append("] WHERE [")
-        .append(sSchluesselSpalte)
-        .append("] = ")
-        .append(sSchluessel);
-}
 
 /// The server's name for a change that was made without an application login.
 const std::string& server_name(Run& run) {
@@ -65,25 +27,24 @@ std::string PROT_gsGetValueByDate(std::string_view sTabelle, std::string_view sS
     if (sSchluessel == undefined) return std::string(undefined);
     const ValueKey key{sTabelle, sSpalte, sSchluesselSpalte, sSchluessel};
     if (std::optional<std::string> known = run.memory.values.find(key, dtDatum)) return *std::move(known);
+    Database& oDBU = run.oDBU;
+    const auto value_in = [&](const std::string& document) {
+        return old_value(document, sSpalte, run.environment).value_or(std::string(undefined));
+    };
     const auto remember = [&](std::string value, bool no_later_change) {
         run.memory.values.remember(key, dtDatum, value, no_later_change);
         return value;
     };
 
-    // The first change at or after the moment names the value that was in force. A moment is a second.
-    Database& oDBU = run.oDBU;
-    const std::string pattern = old_value_pattern(sSpalte, oDBU);
-    const std::string from = " AND ddDatum >= " + oDBU.date_literal(add_seconds(dtDatum, -1));
-    const std::string change = to_text(oDBU.query_value(log_search(sTabelle, sSchluessel, from, pattern)));
-    if (!change.empty()) return remember(old_value(change, sSpalte, run), false);
+    const std::string change = first_change(key, dtDatum, oDBU);
+    if (!change.empty()) return remember(value_in(change), false);
 
     // Not changed since: the live value, or, when the row is gone, the one its deletion recorded.
-    const RowSet live = oDBU.query_array(live_search(sTabelle, sSpalte, sSchluesselSpalte, sSchluessel));
+    const RowSet live = oDBU.query_array(live_search(key));
     live.require_columns(1);
     if (!live.empty()) return remember(to_text(live.at(0, 0).value()), true);
-    const std::string deletion =
-        to_text(oDBU.query_value(log_search(sTabelle, sSchluessel, " AND dlEvent = 2 ", pattern)));
-    return remember(deletion.empty() ? std::string(undefined) : old_value(deletion, sSpalte, run), true);
+    const std::string deletion = deletion_of(key, oDBU);
+    return remember(deletion.empty() ? std::string(undefined) : value_in(deletion), true);
 } catch (...) {
     end_with_notice(run.environment);
     return std::string(undefined);

@@ -13,8 +13,10 @@ std::int32_t number_of(const Cell& cell) {
     if (cell.type() == Cell::Type::integer && cell.integer() >= Limits::min() &&
         cell.integer() <= Limits::max())
         return static_cast<std::int32_t>(cell.integer());
-    return to_long(val(to_text(cell.value())));
+    return whole_number(cell.value());
 }
+
+std::int32_t whole_number(const Value& value) { return to_long(val(to_text(value))); }
 
 std::optional<std::int32_t> number_in_range(std::string_view text) {
     const double number = val(text);
@@ -45,6 +47,15 @@ std::optional<Date> date_of(const Cell& cell) {
     return to_date(std::string_view(text));
 }
 
+std::optional<Date> date_if_any(const Cell& cell) {
+    try {
+        return date_of(cell);
+    } catch (const AutomationError& error) {
+        if (error.number() != static_cast<std::int32_t>(ErrorNumber::type_mismatch)) throw;
+        return std::nullopt;
+    }
+}
+
 std::string_view LogRow::text(LogColumn column, std::string& scratch) const {
     const Cell& cell = (*this)[column];
     if (cell.type() == Cell::Type::text) return cell.text();
@@ -56,15 +67,6 @@ std::string_view LogRow::text(LogColumn column, std::string& scratch) const {
 bool LogRow::without_date() const {
     const Cell& cell = (*this)[LogColumn::ddDatum];
     return cell.is_null() || (cell.type() == Cell::Type::text && cell.text().empty());
-}
-
-bool LogRow::has_moment() const {
-    try {
-        return moment().has_value();
-    } catch (const AutomationError& error) {
-        if (error.number() != static_cast<std::int32_t>(ErrorNumber::type_mismatch)) throw;
-        return false;
-    }
 }
 
 std::optional<Date> LogRow::moment() const { return date_of((*this)[LogColumn::ddDatum]); }

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "platform/automation/date.h"
+#include "platform/automation/value.h"
 #include "platform/row_set.h"
 
 namespace prot {
@@ -34,6 +35,9 @@ inline constexpr std::size_t log_columns = static_cast<std::size_t>(LogColumn::d
 /// CLng(Val(cell)): the number of a cell whatever its type; Null is 0. Outside 32 bits: automation error 6.
 std::int32_t number_of(const Cell& cell);
 
+/// CLng(Val(value)), likewise.
+std::int32_t whole_number(const Value& value);
+
 /// CLng(Val(text)); nothing outside 32 bits, where a logged value simply has no translation.
 std::optional<std::int32_t> number_in_range(std::string_view text);
 
@@ -42,6 +46,9 @@ void append_text(std::string& text, const Cell& cell);
 
 /// The date of a cell; nothing for Null and the empty text. A text that is no date: automation error 13.
 std::optional<Date> date_of(const Cell& cell);
+
+/// The date of a cell; nothing for whatever is no date.
+std::optional<Date> date_if_any(const Cell& cell);
 
 /// One record of the log.
 class LogRow {
@@ -66,7 +73,7 @@ public:
     bool without_date() const;
 
     /// Whether the record has a moment; a text that is no date is none.
-    bool has_moment() const;
+    bool has_moment() const { return date_if_any((*this)[LogColumn::ddDatum]).has_value(); }
 
     /// The moment of the change; nothing for a record without one. A text that is no date: automation
     /// error 13.

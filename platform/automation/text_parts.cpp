@@ -33,4 +33,11 @@ void append_quoted(std::string& text, std::string_view part, char delimiter) {
     text += delimiter;
 }
 
+std::string replaced(std::string text, std::string_view mark, std::string_view replacement) {
+    for (std::size_t at = text.find(mark); at != std::string::npos;
+         at = text.find(mark, at + replacement.size()))
+        text.replace(at, mark.size(), replacement);
+    return text;
+}
+
 }  // namespace prot

@@ -18,4 +18,7 @@ void append_doubled(std::string& text, std::string_view part, char delimiter);
 /// Likewise, with a `delimiter` before and behind it.
 void append_quoted(std::string& text, std::string_view part, char delimiter);
 
+/// `text` with `replacement` wherever `mark` stands.
+std::string replaced(std::string text, std::string_view mark, std::string_view replacement);
+
 }  // namespace prot

@@ -1,5 +1,9 @@
 #include "sections/customers_suppliers/ledger.h"
 
+#include <utility>
+
+#include "platform/automation/text_parts.h"
+
 namespace prot::customers_suppliers {
 
 std::string named(std::string_view pattern, const Ledger& ledger) {
@@ -22,13 +26,6 @@ std::string named(std::string_view pattern, const Ledger& ledger) {
 
 std::string keyed(std::string_view pattern, std::int32_t key) {
     return replaced(std::string(pattern), "{key}", std::to_string(key));
-}
-
-std::string replaced(std::string text, std::string_view mark, std::string_view replacement) {
-    for (std::size_t at = text.find(mark); at != std::string::npos;
-         at = text.find(mark, at + replacement.size()))
-        text.replace(at, mark.size(), replacement);
-    return text;
 }
 
 }  // namespace prot::customers_suppliers

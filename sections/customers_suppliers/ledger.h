@@ -63,7 +63,4 @@ std::string named(std::string_view pattern, const Ledger& ledger);
 /// A pattern with the key in place of {key}.
 std::string keyed(std::string_view pattern, std::int32_t key);
 
-/// `text` with `replacement` wherever `mark` stands.
-std::string replaced(std::string text, std::string_view mark, std::string_view replacement);
-
 }  // namespace prot::customers_suppliers

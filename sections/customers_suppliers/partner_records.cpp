@@ -115,8 +115,6 @@ std::string statement(const LogTie& tie, const Ledger& ledger) {
         .append(" = {key}");
 }
 
-std::int32_t whole_number(const Value& value) { return to_long(val(to_text(value))); }
-
 }  // namespace
 
 PartnerRecords::PartnerRecords(Run& run, const Ledger& ledger) : run_(run), ledger_(ledger) {

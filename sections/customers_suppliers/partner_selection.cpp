@@ -4,6 +4,7 @@
 
 #include "core/ZQErrorHandling.h"
 #include "core/number_range.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot::customers_suppliers {
 
