@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/filter_form.h"
+#include "sections/report_frameworks/frameworks.h"
+
+namespace prot::report_frameworks {
+
+/// The filter form of the report frameworks: their kind and type, one of them or all, the kind of change, and
+/// for account assignments a chart of accounts.
+class ProtAuswFrmFilter : public FilterForm {
+public:
+    /// mlAenderungsart: the kind of change that the last call chose.
+    ProtAuswFrmFilter(Environment& environment, ChangeKind mlAenderungsart);
+
+    Form described_form() override;
+
+    /// What the fields hold, whether they were accepted or not.
+    Filter filter() const;
+
+    /// The live ids of the frameworks of an accepted filter, a subselect in parentheses.
+    const std::string& sRahmenIds() const { return sRahmenIds_; }
+
+private:
+    void fill() override;
+    std::vector<std::string> batch_items(const std::string& sCommandline) override;
+    void begin_batch() override { rejected_ = false; }
+    void read_item(const BatchItem& item) override;
+    bool end_batch() override { return !rejected_; }
+    std::string take_over(bool by_batch) override;
+
+    void mCBOBasisFuellen();
+    void mRahmenFuellen();
+    void mLoesAuswRahmen();
+    void mShowKontorahmen();
+    std::string mInfoAufbereiten();
+
+    void optStandard_Click();
+    void optKanzlei_Click();
+    void cboRahmenArt_Change();
+    void cboAenderungen_Change();
+    void cmdOK_Click();
+
+    void read_kind(const std::string& value);
+    void read_type(const std::string& value);
+    void read_framework(const std::string& value);
+    void read_change_kind(const std::string& value);
+    void read_chart(const std::string& value);
+
+    Field& field(std::string_view name) { return form_.field(name); }
+    std::int64_t key_of(std::string_view list) const;
+
+    struct BatchKey {
+        std::string_view key;
+        void (ProtAuswFrmFilter::*read)(const std::string& value);
+    };
+    static const BatchKey batch_keys[];
+
+    const ChangeKind proposed_change_;
+    bool rejected_ = false;  // the batch text names a kind of framework that does not exist
+    std::string sRahmenIds_;
+};
+
+}  // namespace prot::report_frameworks
