@@ -47,11 +47,19 @@ TsqlStatement TsqlTranslator::statement() {
     return result;
 }
 
+/// The rows are chosen before the first of them is deleted, as on the server. SQLite deletes while it searches,
+/// so that a condition about the table's other rows would miss those that are gone by then.
 void TsqlTranslator::removal() {
     reader_.accept(Keyword::from);
     writer_.add("DELETE FROM");
+    const std::size_t mark = writer_.mark();
     table_name();
+    if (!reader_.at(Keyword::where)) return;
+    const std::string table = writer_.text_from(mark);
+    writer_.add("WHERE rowid IN ( SELECT rowid FROM");
+    writer_.add(table);
     filter();
+    writer_.add(")");
 }
 
 void TsqlTranslator::drop() {

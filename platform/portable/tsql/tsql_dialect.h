@@ -44,6 +44,7 @@ struct TsqlStatement {
 /// - any parentheses around a subquery stand for its whole row set, as on the server; SQLite would read
 ///   IN ((SELECT …)) as a single value. A list such as IN ((SELECT …), 3) keeps its single values;
 /// - #t is looked for among the connection's temporary tables only;
+/// - the rows of a DELETE are chosen before the first is deleted;
 /// - every name is quoted, so that no name is a keyword or a constant of SQLite's.
 ///
 /// Refused because SQLite would run it with another meaning: arithmetic (+ joins texts and adds days on the

@@ -22,8 +22,11 @@ public:
     /// Whether numbers and texts become parameters from now on. Returns what held before.
     bool bind_literals(bool bind);
 
-    /// A place between two tokens, for wrap.
+    /// A place between two tokens, for wrap and text_from.
     std::size_t mark() const { return text_.size(); }
+
+    /// The tokens since then, at least one and none of them a parameter.
+    std::string text_from(std::size_t mark) const { return text_.substr(mark, text_.size() - mark - 1); }
 
     /// Makes the query that begins at `mark` and ends here a derived table, so that it can be an operand of
     /// UNION.

@@ -24,6 +24,17 @@ protected:
     }
 };
 
+TEST_P(DatabaseContractStatements, ChooseTheRowsOfADeletionBeforeTheFirstIsDeleted) {
+    make_table("R", {{"id", ColumnKind::integer}, {"parent", ColumnKind::integer}},
+               {{std::int64_t{1}, std::int64_t{0}},
+                {std::int64_t{2}, std::int64_t{1}},
+                {std::int64_t{3}, std::int64_t{2}},
+                {std::int64_t{4}, std::int64_t{9}}});
+    database().execute(
+        "DELETE R WHERE parent = 0 OR (parent > 0 AND parent IN (SELECT id FROM R WHERE id < 9))");
+    EXPECT_THAT(rows("SELECT id FROM R"), ElementsAre("4"));
+}
+
 TEST_P(DatabaseContractStatements, MeanWhatTheyMeanInTransactSql) {
     make_table("U", {{"tid", ColumnKind::integer}, {"label", ColumnKind::text}},
                {{std::int64_t{2}, "zwei"}, {std::int64_t{2}, "noch einmal"}, {std::int64_t{9}, "fremd"}});

@@ -114,9 +114,15 @@ TEST(TsqlDialect, JoinsQueriesFromLeftToRightWhereBothDialectsDo) {
 }
 
 TEST(TsqlDialect, AddsFromToDelete) {
-    EXPECT_EQ(translated("DELETE T WHERE a = 1"), R"(DELETE FROM "T" WHERE "a" = ?)");
     EXPECT_EQ(translated("delete from T"), R"(DELETE FROM "T")");
     EXPECT_EQ(translate_one("DELETE T").kind, TsqlStatement::Kind::command);
+}
+
+TEST(TsqlDialect, ChoosesTheRowsOfADeletionFirst) {
+    EXPECT_EQ(translated("DELETE T WHERE a = 1"),
+              R"(DELETE FROM "T" WHERE rowid IN ( SELECT rowid FROM "T" WHERE "a" = ? ))");
+    EXPECT_EQ(translated("DELETE FROM #t WHERE a IS NULL"),
+              R"(DELETE FROM temp."#t" WHERE rowid IN ( SELECT rowid FROM temp."#t" WHERE "a" IS NULL ))");
 }
 
 TEST(TsqlDialect, SaysWhatKindAStatementIs) {
