@@ -81,6 +81,12 @@ std::unique_ptr<HelpDisplay> ServerHost::create_help_display() {
     });
 }
 
+std::unique_ptr<ValueTranslator> ServerHost::create_value_translator(std::string_view program_id) {
+    auto translator = suite_value_translator(program_id, database_->host_object());
+    if (!translator) trace("ohne Übersetzung der Werte: " + std::string(program_id));
+    return translator;
+}
+
 std::optional<std::string> ServerHost::ask_file_name(const std::string& suggestion) {
     return save_dialog_.ask(suggestion, environment_text(output_folder_variable));
 }

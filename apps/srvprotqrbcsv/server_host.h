@@ -41,6 +41,7 @@ private:
     std::unique_ptr<ChangeDocumentReader> create_change_document_reader() override;
     std::unique_ptr<ErrorDisplay> create_error_display() override;
     std::unique_ptr<HelpDisplay> create_help_display() override;
+    std::unique_ptr<ValueTranslator> create_value_translator(std::string_view program_id) override;
 
     std::optional<std::string> ask_file_name(const std::string& suggestion) override;
     void unfinished_file(const std::string& path) override;

@@ -54,11 +54,14 @@ Variant LateBoundObject::call(std::string_view member, std::initializer_list<VAR
     if (!found)
         throw AutomationError(error_member_unknown, std::string(),
                               "Das Objekt " + name_ + " hat keine Methode " + std::string(member) + ".");
+    return call(found->id, member, arguments);
+}
+
+Variant LateBoundObject::call(DISPID id, std::string_view member, std::initializer_list<VARIANT> arguments) {
     assert(arguments.size() <= most_arguments);
     std::array<VARIANT, most_arguments> reversed;
     std::reverse_copy(arguments.begin(), arguments.end(), reversed.begin());
     DISPPARAMS parameters{reversed.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
-    const DISPID id = found->id;  // a call may come back here and move the members
 
     Variant answer;
     Failure failure;
@@ -140,6 +143,12 @@ VARIANT argument(BSTR text) noexcept {
 VARIANT argument(DATE date) noexcept {
     VARIANT variant = variant_of(VT_DATE);
     variant.date = date;
+    return variant;
+}
+
+VARIANT argument(IDispatch* object) noexcept {
+    VARIANT variant = variant_of(VT_DISPATCH);
+    variant.pdispVal = object;
     return variant;
 }
 

@@ -31,6 +31,9 @@ public:
     /// failure (wrong types, wrong number of arguments) names object and member.
     Variant call(std::string_view member, std::initializer_list<VARIANT> arguments);
 
+    /// Likewise by the member's id; its name is for errors.
+    Variant call(DISPID id, std::string_view member, std::initializer_list<VARIANT> arguments);
+
 private:
     struct Member {
         std::string name;
@@ -59,6 +62,7 @@ private:
 VARIANT argument(long number) noexcept;
 VARIANT argument(BSTR text) noexcept;
 VARIANT argument(DATE date) noexcept;  // VT_DATE
+VARIANT argument(IDispatch* object) noexcept;
 VARIANT reference(long& number) noexcept;
 VARIANT reference(BSTR& text) noexcept;
 VARIANT reference(VARIANT& variant) noexcept;

@@ -25,7 +25,8 @@ constexpr std::string_view required_members[] = {"QueryValue", "QueryArray", "Ex
 /// A host's object that has the interface.
 class DatabaseByInterface : public HostDatabase {
 public:
-    explicit DatabaseByInterface(ComPtr<IProtDatabase> object) : object_(std::move(object)) {}
+    DatabaseByInterface(const ComPtr<IDispatch>& object, ComPtr<IProtDatabase> known)
+        : HostDatabase(object), object_(std::move(known)) {}
 
     Value query_value(std::string_view sql) override {
         const Bstr text(sql);
@@ -75,7 +76,8 @@ private:
 /// A host's object that has the members, if only by name.
 class DatabaseByName : public HostDatabase {
 public:
-    explicit DatabaseByName(ComPtr<IDispatch> object) : object_(std::move(object), "oDBU") {}
+    explicit DatabaseByName(const ComPtr<IDispatch>& object)
+        : HostDatabase(object), object_(object, "oDBU") {}
 
     std::string missing_members() {
         std::string missing;
@@ -133,7 +135,7 @@ std::unique_ptr<HostDatabase> host_database(IDispatch* object) {
                               "Es wurde kein Datenbankobjekt übergeben (oDBU ist Nothing).");
     const auto shared = ComPtr<IDispatch>::share(object);
     if (auto known = shared.query<IProtDatabase>())
-        return std::make_unique<DatabaseByInterface>(std::move(known));
+        return std::make_unique<DatabaseByInterface>(shared, std::move(known));
     auto database = std::make_unique<DatabaseByName>(shared);
     if (const std::string missing = database->missing_members(); !missing.empty())
         throw AutomationError(error_member_unknown, std::string(),

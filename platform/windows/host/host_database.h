@@ -6,17 +6,27 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/database.h"
+#include "platform/windows/com/com_ptr.h"
 
 namespace prot {
 
 /// A host's database object.
 class HostDatabase : public Database {
 public:
+    explicit HostDatabase(ComPtr<IDispatch> object) : host_object_(std::move(object)) {}
+
+    /// The object itself.
+    const ComPtr<IDispatch>& host_object() const { return host_object_; }
+
     /// Ten texts about the connection; nothing when the host has no such service (the member is missing, or
     /// answers E_NOTIMPL).
     virtual std::optional<std::array<std::string, 10>> connection_info(int code) = 0;
+
+private:
+    ComPtr<IDispatch> host_object_;
 };
 
 /// The database object that a host handed over: by interface IProtDatabase when it has that (`iid`; members

@@ -5,6 +5,7 @@
 
 #include "platform/windows/com/bstr.h"
 #include "platform/windows/com/late_bound_object.h"
+#include "platform/windows/com/own_member.h"
 #include "platform/windows/host/suite_components.h"
 #include "platform/windows/text/wide_text.h"
 
@@ -21,53 +22,12 @@ struct ShowHelp {
     bool answers = false;         ///< the result is the call's answer, not its third argument
 };
 
-/// The vtable's description, which tells own members from inherited ones.
-ComPtr<ITypeInfo> own_interface(const ComPtr<ITypeInfo>& dispatch) {
-    HREFTYPE reference = 0;
-    ComPtr<ITypeInfo> own;
-    if (FAILED(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference)) ||
-        FAILED(dispatch->GetRefTypeInfo(reference, own.receive())))
-        return dispatch;
-    return own;
-}
-
-bool is_own(const FUNCDESC& function) {
-    return (function.wFuncFlags & FUNCFLAG_FRESTRICTED) == 0 && function.invkind == INVOKE_FUNC;
-}
-
-std::optional<ShowHelp> described(ITypeInfo& type, const FUNCDESC& function) {
-    if (function.cParams != 3) return std::nullopt;
-    Bstr name;
-    UINT count = 0;
-    if (FAILED(type.GetNames(function.memid, name.receive(), 1, &count)) || count != 1) return std::nullopt;
-    const ELEMDESC& third = function.lprgelemdescParam[2];
-    ShowHelp help;
-    help.name = name.text();
-    help.answers = (third.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0;
-    if (third.tdesc.vt == VT_PTR) help.result = third.tdesc.lptdesc->vt;
-    return help;
-}
-
-/// The first own member, when it takes three arguments.
-std::optional<ShowHelp> first_member(const ComPtr<ITypeInfo>& dispatch) {
-    const ComPtr<ITypeInfo> type = own_interface(dispatch);
-    std::optional<ShowHelp> help;
-    FUNCDESC* function = nullptr;
-    for (UINT i = 0; SUCCEEDED(type->GetFuncDesc(i, &function)); ++i) {
-        const bool own = is_own(*function);
-        if (own) help = described(*type.borrow(), *function);
-        type->ReleaseFuncDesc(function);
-        if (own) break;
-    }
-    return help;
-}
-
+/// By the object's own first member, when that takes three arguments.
 ShowHelp show_help_of(const ComPtr<IDispatch>& component) {
-    ComPtr<ITypeInfo> type;
-    std::optional<ShowHelp> help;
-    if (SUCCEEDED(component->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.receive())) && type)
-        help = first_member(type);
-    return help.value_or(ShowHelp());
+    const std::optional<DescribedMember> first = first_own_member(component);
+    if (!first || first->parameters.size() != 3) return {};
+    const DescribedMember::Parameter& third = first->parameters.back();
+    return {first->name, third.type, third.is_result};
 }
 
 bool is_false(const VARIANT& variant) { return variant.vt == VT_BOOL && variant.boolVal == VARIANT_FALSE; }

@@ -2,11 +2,17 @@
 
 #include <objbase.h>
 
+#include <optional>
+#include <utility>
+
 #include "platform/automation/error.h"
+#include "platform/automation/text_forms.h"
+#include "platform/windows/com/automation_values.h"
 #include "platform/windows/com/bstr.h"
 #include "platform/windows/com/com_error.h"
 #include "platform/windows/com/com_ptr.h"
 #include "platform/windows/com/late_bound_object.h"
+#include "platform/windows/com/own_member.h"
 #include "platform/windows/host/show_help_member.h"
 #include "platform/windows/text/wide_text.h"
 
@@ -69,6 +75,44 @@ private:
     ComPtr<IDispatch> component_ = create_component(help_class);
 };
 
+/// How a translation object is called: by the id of its own first member, or by name.
+std::optional<DescribedMember> translate_member(const ComPtr<IDispatch>& object) {
+    constexpr std::size_t given = 4;
+    std::optional<DescribedMember> first = first_own_member(object);
+    if (!first) return std::nullopt;
+    auto& parameters = first->parameters;
+    const bool result_behind = parameters.size() == given + 1 && parameters.back().is_result;
+    const VARTYPE answer = result_behind ? parameters.back().type : first->answer;
+    if ((result_behind || parameters.size() == given) && answer == VT_BSTR) return first;
+    return std::nullopt;
+}
+
+class SuiteValueTranslator : public ValueTranslator {
+public:
+    SuiteValueTranslator(const ComPtr<IDispatch>& object, std::string_view program_id,
+                         ComPtr<IDispatch> database)
+        : object_(object, std::string(program_id)),
+          member_(translate_member(object)),
+          database_(std::move(database)) {}
+
+    std::string translate(std::int32_t value, std::string_view column, Date moment) override {
+        const Bstr name(column);
+        const std::initializer_list<VARIANT> arguments = {argument(long{value}), argument(name.borrow()),
+                                                          argument(moment.serial),
+                                                          argument(database_.borrow())};
+        const Variant answer = member_ ? object_.call(member_->id, member_->name, arguments)
+                                       : object_.call(known_name, arguments);
+        return to_text(to_value(answer.borrow(), member_ ? member_->name : known_name));
+    }
+
+private:
+    static constexpr std::string_view known_name = "gsTranslate";
+
+    LateBoundObject object_;
+    std::optional<DescribedMember> member_;
+    ComPtr<IDispatch> database_;
+};
+
 }  // namespace
 
 bool is_registered(std::string_view program_id) {
@@ -78,5 +122,12 @@ bool is_registered(std::string_view program_id) {
 
 std::unique_ptr<ErrorDisplay> suite_error_display() { return std::make_unique<SuiteErrorDisplay>(); }
 std::unique_ptr<HelpDisplay> suite_help_display() { return std::make_unique<SuiteHelpDisplay>(); }
+
+std::unique_ptr<ValueTranslator> suite_value_translator(std::string_view program_id,
+                                                        ComPtr<IDispatch> database) {
+    ComPtr<IDispatch> object;
+    if (FAILED(create(program_id, object))) return nullptr;
+    return std::make_unique<SuiteValueTranslator>(object, program_id, std::move(database));
+}
 
 }  // namespace prot
