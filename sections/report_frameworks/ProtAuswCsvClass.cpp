@@ -14,7 +14,7 @@ bool ProtAuswCsvClass::get_filter(Database& oDBU, std::int32_t /*lSection*/, std
     filter_ = form.filter();
     // A chart may have been chosen before the list of charts was hidden.
     if (!concerns_charts(filter_.mlAenderungsart)) filter_.mlKontenrahmen = 0;
-    sRahmenIds_ = form.sRahmenIds();
+    framework_ids_ = form.sRahmenIds();
     filter_text = form.sFilter();
     return accepted;
 }
@@ -24,7 +24,7 @@ SectionRun::Names ProtAuswCsvClass::names() const {
 }
 
 std::string ProtAuswCsvClass::msWHERE() const {
-    return report_frameworks::msWHERE(filter_, sRahmenIds_, pbLoeschen);
+    return report_frameworks::msWHERE(filter_, framework_ids_, pbLoeschen);
 }
 
 std::unique_ptr<SectionLines> ProtAuswCsvClass::lines(Run& run) const {

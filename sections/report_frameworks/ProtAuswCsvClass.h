@@ -20,7 +20,7 @@ private:
     std::unique_ptr<SectionLines> lines(Run& run) const override;
 
     Filter filter_;  // its kind of change is proposed again by the next call
-    std::string sRahmenIds_;
+    std::string framework_ids_;
 };
 
 /// For the table of sections.

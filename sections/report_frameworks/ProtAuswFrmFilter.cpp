@@ -205,7 +205,7 @@ void ProtAuswFrmFilter::read_chart(const std::string& value) {
 }
 
 std::string ProtAuswFrmFilter::take_over(bool /*by_batch*/) {
-    sRahmenIds_ = framework_ids(filter());
+    framework_ids_ = framework_ids(filter());
     return mInfoAufbereiten();
 }
 

@@ -23,7 +23,7 @@ public:
     Filter filter() const;
 
     /// The live ids of the frameworks of an accepted filter, a subselect in parentheses.
-    const std::string& sRahmenIds() const { return sRahmenIds_; }
+    const std::string& sRahmenIds() const { return framework_ids_; }
 
 private:
     void fill() override;
@@ -62,7 +62,7 @@ private:
 
     const ChangeKind proposed_change_;
     bool rejected_ = false;  // the batch text names a kind of framework that does not exist
-    std::string sRahmenIds_;
+    std::string framework_ids_;
 };
 
 }  // namespace prot::report_frameworks
