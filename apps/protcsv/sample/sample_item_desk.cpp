@@ -102,11 +102,7 @@ LogRow ItemDesk::set_number(const Occasion& occasion, std::int32_t Item::*number
 LogRow ItemDesk::set_number_logged_as(const Occasion& occasion, std::int32_t Item::*number,
                                       std::int32_t value, std::string_view column,
                                       std::string_view former_value) {
-    LogRow row = set_number(occasion, number, value);
-    ChangeDocument document;
-    document.add(column, former_value, std::to_string(value));
-    row.document = document.finish();
-    return row;
+    return logged_as(set_number(occasion, number, value), column, former_value, std::to_string(value));
 }
 
 std::vector<Item> ItemDesk::items() const { return by_key(items_); }

@@ -30,7 +30,7 @@ constexpr Field<Item> item_fields[] = {
     {"OP_SPERR_KZ",      [](const Item& item) { return std::to_string(item.dunning_block); }},
     {"OP_MAHNSTUFE",     [](const Item& item) { return optional_number(item.dunning_level); }},
     {"OP_TEXT",          [](const Item& item) { return std::string(item.text); }},
-    {"OP_NOTIZ",         [](const Item& item) { return std::string(item.note.empty() ? "" : "_MEMO_"); }},
+    {"OP_NOTIZ",         [](const Item& item) { return std::string(item.note); }, true},
     {"OP_IMPORT_KZ",     [](const Item& item) { return std::string(item.import_mark); }},
     {"OP_AUSGLEICH_NR",  [](const Item& item) { return optional_number(item.settlement); }},
     {"OP_DATUM",         [](const Item& item) { return german_text(item.changed); }},
@@ -39,11 +39,9 @@ constexpr Field<Item> item_fields[] = {
 // clang-format on
 
 constexpr LoggedTable<Item> logged_items = {
-    "OFFENER_POSTEN", item_fields,
-    [](const Item& item) {
+    "OFFENER_POSTEN", item_fields, [](const Item& item) {
         return LogKeys{.primary_key1 = item.id, .search_ids = {item.id, item.account, item.year_id}};
-    },
-    &Item::note};
+    }};
 
 constexpr std::int32_t bookings_before = 700'000;
 constexpr std::int32_t items_per_batch = 25;

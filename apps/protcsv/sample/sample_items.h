@@ -23,7 +23,7 @@ struct Item {
     std::int32_t dunning_block = 0;  ///< OP_SPERR_KZ
     std::int32_t dunning_level = 0;
     std::string_view text;
-    std::string_view note;  ///< long text: the log's document says _MEMO_, the memo table holds it
+    std::string_view note;  ///< long text
     std::string_view import_mark;
     std::int32_t settlement = 0;  ///< OP_AUSGLEICH_NR; 0: not settled, NULL
     Moment changed;

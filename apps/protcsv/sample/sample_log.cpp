@@ -64,6 +64,14 @@ LogRow with_broken_document(LogRow row) {
     return row;
 }
 
+LogRow logged_as(LogRow row, std::string_view column, std::string_view old_value,
+                 std::string_view new_value) {
+    ChangeDocument document;
+    document.add(column, old_value, new_value);
+    row.document = document.finish();
+    return row;
+}
+
 LogWriter::LogWriter(SampleFile& file)
     : file_(file),
       insert_(

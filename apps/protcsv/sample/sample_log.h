@@ -58,6 +58,10 @@ LogRow without_document(LogRow row);
 LogRow with_empty_document(LogRow row);
 LogRow with_broken_document(LogRow row);
 
+/// The row with one column in its document that its record does not have so: of another program, or an older
+/// one.
+LogRow logged_as(LogRow row, std::string_view column, std::string_view old_value, std::string_view new_value);
+
 /// Writes log rows. They come in the order of their moments; now and then two neighbours change places, as
 /// when one client commits later than another, so that the ids do not always follow the moments.
 class LogWriter {

@@ -12,14 +12,6 @@ constexpr std::int64_t most_partners = 40'000;
 // No more than this has a change.
 constexpr std::int64_t most_rows_of_a_change = 14;
 
-/// From then on nothing begins that has several rows: the log must not end amid them. Its moments lie evenly,
-/// but for the nights and the last week-end.
-Moment closing_of(std::int64_t rows) {
-    const std::int64_t rest = std::min(most_rows_of_a_change, rows);
-    const auto span = std::chrono::seconds(log_end - log_begin);
-    return log_end - std::chrono::days(3) - (rows == 0 ? span : span * rest / rows);
-}
-
 constexpr std::int32_t discount_steps = 25;
 constexpr std::int32_t postal_address = 2;
 
@@ -36,7 +28,7 @@ std::int32_t any_entry(std::vector<Record>& list, Random& random) {
 }  // namespace
 
 PartnerDesk::PartnerDesk(Side side, Random random, std::int64_t rows, ClientBook& clients)
-    : random_(random), closing_(closing_of(rows)), lists_(side), maker_(side, clients) {
+    : DeskOfLongChanges(rows), random_(random), lists_(side), maker_(side, clients) {
     for (std::size_t role = 0; role < role_count; ++role)
         cast_[role] = maker_.cast(static_cast<Role>(role), lists_, random_);
     const std::int64_t count = std::clamp(rows / 25, fewest_early_partners, most_partners / 2);
@@ -187,9 +179,8 @@ LogRow PartnerDesk::dissolve(Dossier& dossier, const Occasion& occasion) {
 }
 
 LogRow PartnerDesk::rename(Dossier& dossier, const Occasion& occasion, const std::string& name) {
-    rows_.push_back(
-        log_change(dossier.personal_data, occasion, [&](PersonalData& data) { data.name = name; }));
-    rows_.push_back(log_change(dossier.person, occasion, [&](Person& person) {
+    queue(log_change(dossier.personal_data, occasion, [&](PersonalData& data) { data.name = name; }));
+    queue(log_change(dossier.person, occasion, [&](Person& person) {
         person.short_name = name;
         person.name = name;
     }));
@@ -258,10 +249,8 @@ std::int32_t PartnerDesk::regulator_of(const Partner& partner) const {
     return regulator.client_id == partner.client_id ? regulator.person_id : 0;
 }
 
-LogRow PartnerDesk::next_row() {
-    LogRow row = std::move(rows_.front());
-    rows_.pop_front();
-    return row;
+bool PartnerDesk::is_closing(const Occasion& occasion) const {
+    return is_too_late(occasion, most_rows_of_a_change);
 }
 
 void PartnerDesk::create_account(const Dossier& dossier, Banking& banking, const Occasion& occasion) {

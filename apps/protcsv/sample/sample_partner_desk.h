@@ -2,18 +2,18 @@
 
 #include <array>
 #include <cstdint>
-#include <deque>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "apps/protcsv/sample/sample_dossiers.h"
+#include "apps/protcsv/sample/sample_story.h"
 
 namespace prot::sample {
 
 /// The desk where customers or suppliers are kept: their present state, and the ways in which they change.
 /// Every change keeps the present state and the log in step and returns its log row, or the first of them.
-class PartnerDesk {
+class PartnerDesk : public DeskOfLongChanges {
 public:
     /// rows: of the log to come; the more rows, the more partners there are from the start. clients: outlive
     /// the desk.
@@ -47,10 +47,6 @@ public:
     LogRow add_purpose(Dossier& dossier, const Occasion& occasion, std::int32_t purpose_id);
     LogRow remove_purpose(Dossier& dossier, const Occasion& occasion);
 
-    // The rows of a change that its function has not returned.
-    bool goes_on() const { return !rows_.empty(); }
-    LogRow next_row();
-
     Random& random() { return random_; }
     Dossier& cast(Role role) { return cast_[role]; }
     PartnerLists& lists() { return lists_; }
@@ -60,28 +56,18 @@ public:
     const PartnerLists& lists() const { return lists_; }
 
 private:
-    template <class Record>
-    void create_record(Record& record, const Occasion& occasion) {
-        rows_.push_back(log_creation(record, occasion));
-    }
-    template <class Record>
-    void delete_record(const Record& record, const Occasion& occasion) {
-        rows_.push_back(log_row(occasion, &record, nullptr));
-    }
     void add_early(std::size_t number);
     void create_account(const Dossier& dossier, Banking& banking, const Occasion& occasion);
     void delete_account(const Dossier& dossier, const Banking& banking, const Occasion& occasion);
     std::int32_t regulator_of(const Partner& partner) const;
-    bool is_closing(const Occasion& occasion) const { return occasion.moment >= closing_; }
+    bool is_closing(const Occasion& occasion) const;
     Dossier& any_other() { return any_of(others_, random_); }
 
     Random random_;
-    Moment closing_;
     PartnerLists lists_;
     DossierMaker maker_;
     std::array<Dossier, role_count> cast_;
     std::vector<Dossier> others_;
-    std::deque<LogRow> rows_;
 };
 
 }  // namespace prot::sample

@@ -35,14 +35,6 @@ Bank& bank(PartnerLists& lists) {
     return lists.banks[index];
 }
 
-template <class Value>
-void give(Value& value, std::string_view text) {
-    if constexpr (requires { value = text; })
-        value = text;
-    else
-        value = number_of(text);
-}
-
 /// A record of the dossier gets the text, or the number that it means, in that field.
 template <auto record, auto field>
 LogRow set_in(PartnerDesk&, Dossier& dossier, const Occasion& occasion, std::string_view text) {
@@ -113,14 +105,6 @@ LogRow assign_shared_terms(PartnerDesk&, Dossier& dossier, const Occasion& occas
     return log_change(dossier.partner, occasion, [](Partner& changed) { changed.terms = shared_terms; });
 }
 
-/// The row, with one column in its document that the record itself does not have so.
-LogRow logged_as(LogRow row, std::string_view column, std::string_view former, std::int32_t present) {
-    ChangeDocument document;
-    document.add(column, former, std::to_string(present));
-    row.document = document.finish();
-    return row;
-}
-
 template <std::size_t index>
 constexpr DossierChange assign_terms = refer<partner, &Partner::terms, terms<index>>;
 template <std::size_t index>
@@ -134,14 +118,14 @@ constexpr DossierChange assign_bank = refer<last_account, &BankAccount::bank_id,
 LogRow terms_in_lower_case(PartnerDesk& desk, Dossier& dossier, const Occasion& occasion, std::string_view) {
     const std::string former = std::to_string(dossier.partner.terms);
     LogRow row = assign_terms<0>(desk, dossier, occasion, "");
-    return logged_as(std::move(row), "klkd_id", former, dossier.partner.terms);
+    return logged_as(std::move(row), "klkd_id", former, std::to_string(dossier.partner.terms));
 }
 
 /// An older program wrote a word where a key is kept today.
 LogRow text_group_in_words(PartnerDesk& desk, Dossier& dossier, const Occasion& occasion,
                            std::string_view former) {
     LogRow row = assign_texts<0>(desk, dossier, occasion, "");
-    return logged_as(std::move(row), "MTH_ID", former, *dossier.partner.texts);
+    return logged_as(std::move(row), "MTH_ID", former, std::to_string(*dossier.partner.texts));
 }
 
 constexpr DossierChange create = act<&PartnerDesk::create>;

@@ -123,13 +123,6 @@ std::optional<std::int32_t> or_null(std::int32_t number) {
     return number == 0 ? std::nullopt : std::optional(number);
 }
 
-std::string insert_into(std::string_view table, std::size_t columns) {
-    std::string sql = "INSERT INTO ";
-    sql.append(table).append(" VALUES (?");
-    while (--columns > 0) sql += ", ?";
-    return sql + ")";
-}
-
 /// Writes dossiers, each with all that belongs to it.
 class DossierWriter {
 public:

@@ -51,7 +51,7 @@ constexpr PartnerColumn columns[] = {
      [](const Partner& partner) { return german_text(partner.changed); }},
     {{"KUN_MITARBEITER", "LIEF_MITARBEITER"}, "INTEGER", {"Geändert von", "Geändert von"}, employee_text},
     {{"KUN_MEMO", "LIEF_MEMO"}, "TEXT COLLATE NOCASE", {"Notizen zum Kunden", "Notizen zum Lieferanten"},
-     [](const Partner& partner) { return std::string(partner.memo.empty() ? "" : "_MEMO_"); }},
+     [](const Partner& partner) { return std::string(partner.memo); }, true},
 };
 // clang-format on
 
@@ -59,7 +59,8 @@ template <Side side>
 constexpr auto partner_fields = [] {
     std::array<Field<Partner>, std::size(columns)> fields{};
     for (std::size_t index = 0; index < fields.size(); ++index)
-        fields[index] = {columns[index].name[static_cast<std::size_t>(side)], columns[index].text};
+        fields[index] = {columns[index].name[static_cast<std::size_t>(side)], columns[index].text,
+                         columns[index].is_memo};
     return fields;
 }();
 
@@ -80,8 +81,8 @@ LogKeys keys_of_link(const PurposeLink& link) {
 }
 
 constexpr LoggedTable<Partner> logged_partners[] = {
-    {partner_table[0], partner_fields<Side::customers>, keys_of_partner, &Partner::memo},
-    {partner_table[1], partner_fields<Side::suppliers>, keys_of_partner, &Partner::memo},
+    {partner_table[0], partner_fields<Side::customers>, keys_of_partner},
+    {partner_table[1], partner_fields<Side::suppliers>, keys_of_partner},
 };
 
 constexpr LoggedTable<PurposeLink> logged_purposes[] = {

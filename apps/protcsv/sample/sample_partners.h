@@ -37,7 +37,7 @@ struct Partner {
     std::string reference;                  ///< the client's number there
     std::string_view note;
     std::string_view import_mark;
-    std::string_view memo;  ///< long text: the log's document says _MEMO_, the memo table holds it
+    std::string_view memo;  ///< long text
     Moment changed;
     std::int32_t employee = 0;
 };
@@ -57,6 +57,7 @@ struct PartnerColumn {
     std::string_view type;  ///< in the table
     BothSides caption;      ///< empty: none
     std::string (*text)(const Partner& partner);
+    bool is_memo = false;
 };
 
 /// Of the partners' tables, in their order.

@@ -25,7 +25,7 @@ constexpr Field<Rate> rate_fields[] = {
     {"dzAbweichung", deviation_text},
     {"dcKursquelle", [](const Rate& rate) { return std::string(rate.source); }},
     {"dcBemerkung", [](const Rate& rate) { return std::string(rate.remark); }},
-    {"dmBegruendung", [](const Rate& rate) { return std::string(rate.reason.empty() ? "" : "_MEMO_"); }},
+    {"dmBegruendung", [](const Rate& rate) { return std::string(rate.reason); }, true},
     {"dcImportKennz", [](const Rate& rate) { return std::string(rate.import_mark); }},
     {"ddDatumAend", [](const Rate& rate) { return german_text(rate.changed); }},
     {"flMitarbeiter", [](const Rate& rate) { return std::to_string(rate.employee); }},
@@ -37,11 +37,9 @@ constexpr LoggedTable<Currency> logged_currencies = {
     }};
 
 constexpr LoggedTable<Rate> logged_rates = {
-    "TDEVISENKURS", rate_fields,
-    [](const Rate& rate) {
+    "TDEVISENKURS", rate_fields, [](const Rate& rate) {
         return LogKeys{.primary_key1 = rate.id, .search_ids = {rate.id, rate.currency_id}};
-    },
-    &Rate::reason};
+    }};
 
 constexpr std::int64_t unit_of_both_prices = 10'000'000'000;
 

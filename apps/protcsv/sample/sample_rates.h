@@ -31,7 +31,7 @@ struct Rate {
     std::int32_t deviation;  ///< from the day before, in 1/100 percent; 0: NULL
     std::string_view source;
     std::string_view remark;
-    std::string_view reason;  ///< long text: the log's document says _MEMO_, the memo table holds it
+    std::string_view reason;  ///< long text
     std::string_view import_mark;
     Moment changed;
     std::int32_t employee;

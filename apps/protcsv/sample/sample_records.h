@@ -22,37 +22,40 @@ template <class Record>
 struct Field {
     std::string_view column;
     std::string (*text)(const Record& record);
+    bool is_memo = false;  ///< its value is too long for documents: they say _MEMO_, the memo table holds it
 };
 
-/// How the changes of a table are logged.
-template <class Record>
+/// How the changes of a table are logged. A FieldOf has the members of a Field.
+template <class Record, class FieldOf = Field<Record>>
 struct LoggedTable {
     std::string_view name;  ///< dcTable
-    std::span<const Field<Record>> fields;
+    std::span<const FieldOf> fields;
     LogKeys (*keys)(const Record& record);
-    std::string_view Record::*memo = nullptr;  ///< what its field calls _MEMO_; null: none
 };
 
 /// Created: every value as NewValue. Deleted: every last value as OldValue. Changed: only what differs, no
-/// value written as NULL.
-template <class Record>
-std::string change_document(std::span<const Field<Record>> fields, const Record* before,
-                            const Record* after) {
+/// value written as NULL. The last memo that has a new value goes into the row, too.
+template <class Record, class FieldOf>
+void write_document(LogRow& row, std::span<const FieldOf> fields, const Record* before, const Record* after) {
     const bool change = before != nullptr && after != nullptr;
     ChangeDocument document;
-    for (const Field<Record>& field : fields) {
+    for (const FieldOf& field : fields) {
         std::string old_value = before == nullptr ? std::string() : field.text(*before);
         std::string new_value = after == nullptr ? std::string() : field.text(*after);
         if (old_value == new_value) continue;
+        if (field.is_memo) {
+            if (!old_value.empty()) old_value = "_MEMO_";
+            if (!new_value.empty()) row.memo = std::exchange(new_value, "_MEMO_");
+        }
         if (change && old_value.empty()) old_value = "NULL";
         if (change && new_value.empty()) new_value = "NULL";
         document.add(field.column, old_value, new_value);
     }
-    return document.finish();
+    row.document = document.finish();
 }
 
-template <class Record>
-LogRow log_row(const LoggedTable<Record>& table, const Occasion& occasion, const Record* before,
+template <class Record, class FieldOf>
+LogRow log_row(const LoggedTable<Record, FieldOf>& table, const Occasion& occasion, const Record* before,
                const Record* after) {
     const Record& record = before == nullptr ? *after : *before;
     LogRow row;
@@ -60,9 +63,7 @@ LogRow log_row(const LoggedTable<Record>& table, const Occasion& occasion, const
     row.event = before == nullptr ? Event::created : after == nullptr ? Event::deleted : Event::changed;
     row.occasion = occasion;
     row.keys = table.keys(record);
-    row.document = change_document(table.fields, before, after);
-    if (table.memo != nullptr && after != nullptr && after->*table.memo != record.*table.memo)
-        row.memo = after->*table.memo;
+    write_document(row, table.fields, before, after);
     return row;
 }
 

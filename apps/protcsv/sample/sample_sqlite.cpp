@@ -39,12 +39,25 @@ void SampleFile::fail() const {
 
 void SampleFile::Closer::operator()(sqlite3* connection) const noexcept { sqlite3_close_v2(connection); }
 
+std::string insert_into(std::string_view table, std::size_t columns) {
+    std::string sql = "INSERT INTO ";
+    sql.append(table).append(" VALUES (?");
+    while (--columns > 0) sql += ", ?";
+    return sql + ")";
+}
+
 Insert::Insert(SampleFile& file, std::string_view sql) : file_(file) {
     sqlite3_stmt* statement = nullptr;
     const int code = sqlite3_prepare_v3(file.connection_.get(), sql.data(), static_cast<int>(sql.size()),
                                         SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
     statement_.reset(statement);
     if (code != SQLITE_OK) file.fail();
+}
+
+void Insert::row_of_texts(std::span<const std::optional<std::string>> values) {
+    int index = 0;
+    for (const std::optional<std::string>& value : values) bind(++index, value);
+    step();
 }
 
 void Insert::bind(int index, std::nullopt_t) { sqlite3_bind_null(statement_.get(), index); }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -38,6 +40,9 @@ private:
     std::unique_ptr<sqlite3, Closer> connection_;
 };
 
+/// INSERT of a whole row into a table with that many columns.
+std::string insert_into(std::string_view table, std::size_t columns);
+
 /// A prepared INSERT. Must not outlive its file.
 class Insert {
 public:
@@ -51,6 +56,9 @@ public:
         (bind(++index, values), ...);
         step();
     }
+
+    /// The same for values that are all texts; what the columns' types take for a number becomes one.
+    void row_of_texts(std::span<const std::optional<std::string>> values);
 
 private:
     void bind(int index, std::nullopt_t);

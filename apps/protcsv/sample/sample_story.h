@@ -1,11 +1,15 @@
 #pragma once
 
+#include <concepts>
+#include <cstdint>
+#include <deque>
 #include <span>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 
 #include "apps/protcsv/sample/sample_people.h"
+#include "apps/protcsv/sample/sample_records.h"
 #include "apps/protcsv/sample/sample_sections.h"
 
 /// What happens in a section of a sample database: a story that every log tells however the dice fall, and
@@ -15,6 +19,15 @@ namespace prot::sample {
 
 /// A story's text where it means a whole number.
 std::int32_t number_of(std::string_view text);
+
+/// The value becomes the text, or the number that it means.
+template <class Value>
+void give(Value& value, std::string_view text) {
+    if constexpr (requires { value = text; })
+        value = text;
+    else
+        value = number_of(text);
+}
 
 /// A change as a story tells it; what the text means is the change's own.
 template <class Desk>
@@ -70,11 +83,33 @@ struct Plot {
     bool in_turn = false;  ///< everybody has a part in the story; else whoever is likely to be at work
 };
 
-/// A desk whose changes may have several log rows: what a change returns is the first, next_row the others.
-template <class Desk>
-concept logs_more = requires(Desk desk) {
-    desk.goes_on();
-    desk.next_row();
+/// The base of a desk whose changes may have several log rows: what a change returns is the first, next_row
+/// the others.
+class DeskOfLongChanges {
+public:
+    bool goes_on() const { return !rows_left_.empty(); }
+    LogRow next_row();
+
+protected:
+    /// rows: of the log to come.
+    explicit DeskOfLongChanges(std::int64_t rows) : rows_(rows) {}
+
+    /// Whether a change of that many rows must not begin any more: the log must not end amid them.
+    bool is_too_late(const Occasion& occasion, std::int64_t rows_of_change) const;
+
+    void queue(LogRow row) { rows_left_.push_back(std::move(row)); }
+    template <class Record>
+    void create_record(Record& record, const Occasion& occasion) {
+        queue(log_creation(record, occasion));
+    }
+    template <class Record>
+    void delete_record(const Record& record, const Occasion& occasion) {
+        queue(log_row(occasion, &record, nullptr));
+    }
+
+private:
+    std::int64_t rows_;
+    std::deque<LogRow> rows_left_;  ///< of the latest change
 };
 
 /// A section that is told so.
@@ -82,7 +117,7 @@ template <class Desk>
 class StorySection : public Section {
 public:
     LogRow log_change(Moment moment) final {
-        if constexpr (logs_more<Desk>) {
+        if constexpr (std::derived_from<Desk, DeskOfLongChanges>) {
             if (desk_.goes_on()) return desk_.next_row();
         }
         if (told_ == plot_.story.size() || moment < plot_.story[told_].due || is_night(moment))
@@ -94,7 +129,7 @@ public:
     }
 
     bool goes_on() const final {
-        if constexpr (logs_more<Desk>) return desk_.goes_on();
+        if constexpr (std::derived_from<Desk, DeskOfLongChanges>) return desk_.goes_on();
         return false;
     }
 
