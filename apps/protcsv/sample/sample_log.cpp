@@ -64,6 +64,16 @@ LogRow with_broken_document(LogRow row) {
     return row;
 }
 
+LogRow without_memo(LogRow row) {
+    row.memo.clear();
+    return row;
+}
+
+LogRow without_date(LogRow row) {
+    row.has_date = false;
+    return row;
+}
+
 LogRow logged_as(LogRow row, std::string_view column, std::string_view old_value,
                  std::string_view new_value) {
     ChangeDocument document;
@@ -102,7 +112,7 @@ void LogWriter::write(const LogRow& row) {
     const LogKeys& keys = row.keys;
     const auto& search = keys.search_ids;
     const auto& related = keys.related_ids;
-    const std::string date = iso_text(moment);
+    const std::optional<std::string> date = row.has_date ? std::optional(iso_text(moment)) : std::nullopt;
     insert_.row(row.table, author.workstation, author.user, date, static_cast<int>(row.event), row.document,
                 author.system_user, author.application, keys.primary_key1, keys.primary_key2,  //
                 search[0], search[1], search[2], search[3], related[0], related[1], related[2]);

@@ -49,7 +49,8 @@ struct LogRow {
     Occasion occasion;
     LogKeys keys;
     std::optional<std::string> document;  ///< nothing: NULL
-    std::string memo;  ///< full text of a value that the document calls _MEMO_; empty: none
+    std::string memo;      ///< full text of a value that the document calls _MEMO_; empty: none
+    bool has_date = true;  ///< false: ddDatum is NULL
 };
 
 /// The row as it is after a fault: its document NULL; empty; or cut off in the middle, as after a transfer
@@ -57,6 +58,10 @@ struct LogRow {
 LogRow without_document(LogRow row);
 LogRow with_empty_document(LogRow row);
 LogRow with_broken_document(LogRow row);
+
+/// The row without what belongs to it: its memo; its ddDatum.
+LogRow without_memo(LogRow row);
+LogRow without_date(LogRow row);
 
 /// The row with one column in its document that its record does not have so: of another program, or an older
 /// one.

@@ -5,14 +5,7 @@ namespace {
 
 using std::chrono::year;
 
-using DossierChange = LogRow (*)(PartnerDesk& desk, Dossier& dossier, const Occasion& occasion,
-                                 std::string_view text);
-
-/// A change of one of the cast as a step of the story.
-template <Role role, DossierChange change>
-LogRow on(PartnerDesk& desk, const Occasion& occasion, std::string_view text) {
-    return change(desk, desk.cast(role), occasion, text);
-}
+using DossierChange = ChangeOf<PartnerDesk, Dossier>;
 
 Partner& partner(Dossier& dossier) { return dossier.partner; }
 Person& person(Dossier& dossier) { return dossier.person; }
@@ -35,27 +28,11 @@ Bank& bank(PartnerLists& lists) {
     return lists.banks[index];
 }
 
-/// A record of the dossier gets the text, or the number that it means, in that field.
-template <auto record, auto field>
-LogRow set_in(PartnerDesk&, Dossier& dossier, const Occasion& occasion, std::string_view text) {
-    return log_change(record(dossier), occasion, [text](auto& changed) { give(changed.*field, text); });
-}
-
 /// A record of the dossier refers to a record of the lists in that field.
 template <auto record, auto field, auto listed>
 LogRow refer(PartnerDesk& desk, Dossier& dossier, const Occasion& occasion, std::string_view) {
     const std::int32_t id = listed(desk.lists()).id;
     return log_change(record(dossier), occasion, [id](auto& changed) { changed.*field = id; });
-}
-
-template <auto member>
-LogRow act(PartnerDesk& desk, Dossier& dossier, const Occasion& occasion, std::string_view) {
-    return (desk.*member)(dossier, occasion);
-}
-
-template <DossierChange change, auto fault>
-LogRow damage_of(PartnerDesk& desk, Dossier& dossier, const Occasion& occasion, std::string_view text) {
-    return fault(change(desk, dossier, occasion, text));
 }
 
 // What happens in the lists.

@@ -80,7 +80,14 @@ void stamp(Record& record, const Occasion& occasion) {
 template <class Record>
 LogRow log_creation(Record& record, const Occasion& occasion) {
     stamp(record, occasion);
-    return log_row(occasion, nullptr, &record);
+    constexpr const Record* before = nullptr;
+    return log_row(occasion, before, &record);
+}
+
+template <class Record>
+LogRow log_deletion(const Record& record, const Occasion& occasion) {
+    constexpr const Record* after = nullptr;
+    return log_row(occasion, &record, after);
 }
 
 /// A record changed by `change`.
@@ -107,7 +114,7 @@ LogRow log_deletion(std::vector<Record>& records, Random& random, const Occasion
     Record& place = any_of(records, random);
     const Record removed = std::exchange(place, records.back());
     records.pop_back();
-    return log_row(occasion, &removed, nullptr);
+    return log_deletion(removed, occasion);
 }
 
 /// In the order of their keys.

@@ -75,6 +75,33 @@ LogRow set(Desk& desk, const Occasion& occasion, std::string_view text) {
     return desk.change_any(occasion, [text](auto& record) { record.*field = text; });
 }
 
+/// A change of something that has several records and a role in the story.
+template <class Desk, class Whole>
+using ChangeOf = LogRow (*)(Desk& desk, Whole& whole, const Occasion& occasion, std::string_view text);
+
+/// It happens to one of the cast, as a step of the story.
+template <auto role, auto change, class Desk>
+LogRow on(Desk& desk, const Occasion& occasion, std::string_view text) {
+    return change(desk, desk.cast(role), occasion, text);
+}
+
+/// One of the records gets the text, or the number that it means, in that field.
+template <auto record, auto field, class Desk, class Whole>
+LogRow set_in(Desk&, Whole& whole, const Occasion& occasion, std::string_view text) {
+    return log_change(record(whole), occasion, [text](auto& changed) { give(changed.*field, text); });
+}
+
+/// A member of the desk does it.
+template <auto member, class Desk, class Whole>
+LogRow act(Desk& desk, Whole& whole, const Occasion& occasion, std::string_view) {
+    return (desk.*member)(whole, occasion);
+}
+
+template <auto change, auto fault, class Desk, class Whole>
+LogRow damage_of(Desk& desk, Whole& whole, const Occasion& occasion, std::string_view text) {
+    return fault(change(desk, whole, occasion, text));
+}
+
 template <class Desk>
 struct Plot {
     std::span<const Step<Desk>> story;  ///< in the order of the days
@@ -104,7 +131,7 @@ protected:
     }
     template <class Record>
     void delete_record(const Record& record, const Occasion& occasion) {
-        queue(log_row(occasion, &record, nullptr));
+        queue(log_deletion(record, occasion));
     }
 
 private:
