@@ -44,6 +44,7 @@ std::unique_ptr<Section> create_open_items(Random random, std::int64_t rows, Cli
 
 std::unique_ptr<Section> create_customers(Random random, std::int64_t rows, ClientBook& clients);
 std::unique_ptr<Section> create_suppliers(Random random, std::int64_t rows, ClientBook& clients);
+std::unique_ptr<Section> create_report_frameworks(Random random, std::int64_t rows, ClientBook& clients);
 
 /// All sections. A new one leaves the others their content, as every section has its own chance and its own
 /// moments.

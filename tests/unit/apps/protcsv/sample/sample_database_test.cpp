@@ -63,12 +63,14 @@ TEST_F(SampleDatabase, SpellsTablesAndColumnsAsTheLogDoes) {
                 IsSupersetOf({"flTable", "dcColumnName", "dmDescription"}));
 }
 
-// Persons are the exception: those of customers and suppliers are logged in capitals.
+// Persons of customers and suppliers, and all that belongs to report frameworks, are logged in capitals.
 TEST_F(SampleDatabase, HasEachLoggedTableSpelledAsTheLogSpellsIt) {
     const std::string path = write("a.db", {});
     EXPECT_THAT(column(path,
                        "SELECT name FROM sqlite_schema WHERE type = 'table'"
-                       " UNION SELECT upper(name) FROM sqlite_schema WHERE name LIKE 'Person%'"),
+                       " UNION SELECT upper(name) FROM sqlite_schema WHERE name LIKE 'Person%'"
+                       " OR name LIKE 'Auswertung%'"
+                       " OR name IN ('Zeilenart', 'Formel_Position', 'Spaltenformate')"),
                 IsSupersetOf(column(path, "SELECT DISTINCT dcTable COLLATE BINARY FROM tProtokoll")));
 }
 
