@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/unit/platform/portable/sqlite/framework_condition.h"
 #include "tests/unit/platform/portable/sqlite/sqlite_fixture.h"
 
 namespace prot {
@@ -40,7 +41,7 @@ protected:
 
 // Frameworks 5 and 6 are of type 1 and kind 0, framework 7 is another's; framework 4 and line kind 51 are
 // deleted.
-class FrameworkStatements : public LogStatements {
+class FrameworkStatements : public LogStatements, protected FrameworkCondition {
 protected:
     FrameworkStatements() {
         write(
@@ -71,47 +72,6 @@ protected:
         log(15, "AUSWERTUNGSRAHMEN", 1, "dlPrimaryKey1, dlSuchId1, dlSuchId2, dlSuchId3", "5, 5, 1, 0");
         log(16, "AUSWERTUNGSRAHMEN", 1, "dlPrimaryKey1, dlSuchId1, dlSuchId2, dlSuchId3", "6, 6, 1, 0");
     }
-
-    static std::string logged(const std::string& table) {
-        return "SELECT dlPrimaryKey1 FROM tProtokoll WHERE dcTable = '" + table + "' AND ";
-    }
-
-    const std::string chosen =
-        "(SELECT Auswertungsrahmen.ARa_Id FROM Auswertungsrahmen WHERE Auswertungsrahmen.ARa_Art = 1 AND "
-        "Auswertungsrahmen.ARa_Typ = 0)";
-    const std::string chosen_in_log =
-        "dlSuchId1 IN ( " + logged("AUSWERTUNGSRAHMEN") + "dlSuchId2 = 1 AND dlSuchId3 = 0";
-
-    const std::string positions =
-        "(dcTable = 'AUSWERTUNGSPOSITION' AND dlSuchId1 IN (SELECT ZA_ID FROM ZEILENART WHERE ARA_ID IN " +
-        chosen + ")) OR (dcTable = 'AUSWERTUNGSPOSITION' AND dlSuchId1 IN (" + logged("ZEILENART") +
-        chosen_in_log + ")))";
-    const std::string accounts =
-        " OR (dcTable = 'FORMEL_POSITION'  AND dlSuchId2 IN (SELECT AUSWERTUNGSPOSITION.AP_ID FROM "
-        "AUSWERTUNGSRAHMEN, "
-        "AUSWERTUNGSPOSITION, ZEILENART, FORMEL_POSITION WHERE AUSWERTUNGSPOSITION.AP_ID = "
-        "FORMEL_POSITION.AP_ID AND "
-        "AUSWERTUNGSPOSITION.ZA_ID = ZEILENART.ZA_ID AND ZEILENART.ARA_ID IN " +
-        chosen + ")) OR (dcTable = 'FORMEL_POSITION'  AND dlSuchId2 IN (" + logged("AUSWERTUNGSPOSITION") +
-        "dlSuchId1 IN (SELECT ZA_ID FROM AUSWERTUNGSRAHMEN, ZEILENART WHERE ZEILENART.ARA_ID = "
-        "AUSWERTUNGSRAHMEN.ARA_ID AND ZEILENART.ARA_ID IN " +
-        chosen + "))) OR (dcTable = 'FORMEL_POSITION'  AND dlSuchId2 IN (" + logged("AUSWERTUNGSPOSITION") +
-        "dlSuchId1 IN (" + logged("ZEILENART") + chosen_in_log + "))))";
-    const std::string columns =
-        " OR (dcTable = 'SPALTENFORMATE' AND dlSuchId2 IN (SELECT ZEILENART.ZA_ID FROM ZEILENART WHERE "
-        "ZEILENART.ARA_ID IN " +
-        chosen + ")) OR (dcTable = 'AUSWERTUNGSSPALTE' AND dlSuchId1 IN (" + logged("AUSWERTUNGSART") +
-        chosen_in_log + ")))";
-    const std::string line_kinds = " OR (dcTable = 'ZEILENART' AND dlSuchId1 IN (" + chosen +
-                                   ")) OR (dcTable = 'ZEILENART' AND " + chosen_in_log + "))";
-    const std::string cells =
-        " OR (dcTable = 'AUSWERTUNGSZELLE' AND dlSuchId1 IN (SELECT AUSWERTUNGSPOSITION.AP_ID FROM "
-        "AUSWERTUNGSRAHMEN, "
-        "AUSWERTUNGSPOSITION, ZEILENART WHERE AUSWERTUNGSPOSITION.ZA_ID = ZEILENART.ZA_ID AND "
-        "ZEILENART.ARA_ID IN " +
-        chosen + "))";
-    const std::string frameworks =
-        " OR (dcTable = 'AUSWERTUNGSRAHMEN'  AND dlPrimaryKey1 IN (" + chosen + "))";
 };
 
 TEST_F(FrameworkStatements, SelectALineKindOfEveryChosenFramework) {
@@ -125,14 +85,14 @@ TEST_F(FrameworkStatements, FollowDeletedParentsThroughTheLog) {
 }
 
 TEST_F(FrameworkStatements, SelectEverythingOfTheChosenFrameworksInOneCondition) {
-    EXPECT_THAT(selected(" (" + positions + accounts + columns + line_kinds + cells + frameworks + ")"),
+    EXPECT_THAT(selected(everything),
                 ElementsAre("1", "2", "4", "5", "7", "9", "10", "11", "12", "13", "15", "16"));
 }
 
 TEST_F(FrameworkStatements, DeleteMemosAndRowsOfTheSameCondition) {
     write("INSERT INTO tProtokollMemo SELECT idProtokoll, 'x' FROM tProtokoll");
-    const std::string condition = " WHERE ddDatum <= '2026-01-11 00:00:00' AND  dlEvent IN(1, 2) AND  (" +
-                                  positions + accounts + columns + line_kinds + cells + frameworks + ")";
+    const std::string condition =
+        " WHERE ddDatum <= '2026-01-11 00:00:00' AND  dlEvent IN(1, 2) AND " + everything;
     const auto database = open(SqliteAccess::read_write);
     EXPECT_EQ(database->query_value("SELECT COUNT(*) FROM tProtokoll" + condition), Value(std::int64_t{7}));
     database->execute("DELETE tProtokollMemo WHERE flProtokoll in (SELECT idProtokoll FROM tProtokoll" +
