@@ -43,6 +43,10 @@ struct TsqlStatement {
 /// - TOP n becomes LIMIT n at the end of its SELECT;
 /// - any parentheses around a subquery stand for its whole row set, as on the server; SQLite would read
 ///   IN ((SELECT …)) as a single value. A list such as IN ((SELECT …), 3) keeps its single values;
+/// - a table that only repeats the rows of a subquery in IN ( … ) gives one row: FROM A, B becomes
+///   FROM A, (SELECT 1 FROM B LIMIT 1) when no column is B's. The server sees by itself that the list does
+///   not change; SQLite would go through every row of A for each of B's. For the conditions of this rule see
+///   tsql_cross_product.h;
 /// - #t is looked for among the connection's temporary tables only;
 /// - the rows of a DELETE are chosen before the first is deleted;
 /// - every name is quoted, so that no name is a keyword or a constant of SQLite's.

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <charconv>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -124,7 +125,10 @@ TsqlTranslator::Meaning TsqlTranslator::predicate() {
 // An empty list, which SQLite would take, is refused because value() finds none.
 void TsqlTranslator::in_list() {
     writer_.add("IN");
-    if (reader_.at_parenthesised_query()) return subquery();
+    if (reader_.at_parenthesised_query()) {
+        std::ranges::copy(reader_.repeating_tables(), std::back_inserter(repeating_tables_));
+        return subquery();
+    }
     reader_.expect("(", "eine Klammer");
     writer_.add("(");
     value();

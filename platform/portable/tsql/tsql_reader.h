@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/portable/tsql/tsql_cross_product.h"
 #include "platform/portable/tsql/tsql_tokens.h"
 
 namespace prot {
@@ -34,6 +35,9 @@ public:
     /// Whether the next token opens parentheses around nothing but a query: (SELECT …), ((SELECT …)),
     /// ((SELECT …) UNION …), but not ((SELECT …), 3) or ((SELECT …) = 3).
     bool at_parenthesised_query() const { return is_parenthesised_query(at_); }
+
+    /// Of the parenthesised query that is next; see tsql_cross_product.h.
+    std::vector<const Token*> repeating_tables() const { return prot::repeating_tables(tokens_, at_); }
 
     [[noreturn]] void refuse(const Token& token, std::string_view reason) const;
     [[noreturn]] void refuse_expecting(std::string_view what) const;

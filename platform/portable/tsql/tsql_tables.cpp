@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "platform/portable/tsql/tsql_translator.h"
 
 namespace prot {
@@ -71,10 +73,13 @@ void TsqlTranslator::table_name() {
     if (reader_.at(".", 1)) reader_.refuse(reader_.look(1), "Tabellen werden ohne Schema genannt");
     if (reader_.at("(", 1))
         reader_.refuse(reader_.look(1), "Tabellenfunktionen und Tabellenhinweise werden nicht unterstützt");
+    const bool one_row = std::ranges::find(repeating_tables_, &reader_.look()) != repeating_tables_.end();
+    if (one_row) writer_.add("( SELECT 1 FROM");
     if (name_of(reader_.look()).starts_with('#'))
         writer_.add_temporary_table(temporary_name());
     else
         writer_.add_name(name_of(reader_.take()));
+    if (one_row) writer_.add("LIMIT 1 )");
 }
 
 std::string TsqlTranslator::temporary_name() {

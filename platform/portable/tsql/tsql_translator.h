@@ -84,8 +84,9 @@ private:
 
     TsqlReader reader_;
     TsqlWriter writer_;
-    std::string temporary_table_;  // of SELECT … INTO in this statement
-    int depth_ = 0;                // parentheses and queries inside one another
+    std::string temporary_table_;                 // of SELECT … INTO in this statement
+    std::vector<const Token*> repeating_tables_;  // in the subqueries of IN read so far
+    int depth_ = 0;                               // parentheses and queries inside one another
 };
 
 /// Counts how deep constructs stand inside one another, so that no text exhausts the stack. SQLite's own
