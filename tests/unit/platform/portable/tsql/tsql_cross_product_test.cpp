@@ -74,8 +74,9 @@ TEST(TsqlCrossProduct, TakesOneRowOfATableThatOnlyRepeatsOthers) {
 }
 
 TEST(TsqlCrossProduct, DoesSoInADeletion) {
-    EXPECT_EQ(translated("DELETE T WHERE x IN (SELECT A.x FROM A, B)"),
-              R"(DELETE FROM "T" WHERE "x" IN ( SELECT "A"."x" FROM "A" , ( SELECT 1 FROM "B" LIMIT 1 ) ))");
+    EXPECT_EQ(
+        translated("DELETE T WHERE x IN (SELECT A.x FROM A, B)"),
+        R"(DELETE FROM "T" WHERE rowid IN ( SELECT rowid FROM "T" WHERE "x" IN ( SELECT "A"."x" FROM "A" , ( SELECT 1 FROM "B" LIMIT 1 ) ) ))");
 }
 
 TEST(TsqlCrossProduct, LeavesATableWhoseColumnsMayBeUsed) {
