@@ -3,11 +3,12 @@
 //   export.exe "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15
 //   C:\Protokolle
 //
-// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 15 exchange
-// rates), folder of the file; for sections with clients further keys, such as /mandant:123. An early-bound
-// host: the database object implements IProtDatabase of the type library, so the server calls it without
-// asking for names. midl or widl make the headers srvprotqrbcsv.h and prot_database.h, and the identifiers in
-// srvprotqrbcsv_i.c and prot_database_i.c, from the .idl files of the same names.
+// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 10 report
+// frameworks, 15 exchange rates), folder of the file; for sections with clients further keys, such as
+// /mandant:123. An early-bound host: the database object implements IProtDatabase of the type library, so the
+// server calls it without asking for names. midl or widl make the headers srvprotqrbcsv.h and
+// prot_database.h, and the identifiers in srvprotqrbcsv_i.c and prot_database_i.c, from the .idl files of the
+// same names.
 #include <ole2.h>
 
 #include <cstdio>

@@ -3,7 +3,7 @@
 //   csc /platform:x64 Export.cs
 //   Export.exe "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15 C:\Protokolle
 //
-// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 15 exchange rates), folder of the
+// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 10 report frameworks, 15 exchange rates), folder of the
 // file; for sections with clients further keys, such as /mandant:123. Build for the library's word size.
 using System;
 using System.Collections.Generic;

@@ -2,7 +2,7 @@
 //
 //   cscript //nologo export.js "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" 15 C:\Protokolle
 //
-// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 15 exchange rates), folder of the
+// Arguments: connection string, number of the section (6 open items, 8 suppliers, 9 customers, 10 report frameworks, 15 exchange rates), folder of the
 // file (the environment variable PROTCSV_AUSGABE goes before it); for sections with clients further keys, such as
 // /mandant:123. The language has no arrays of two dimensions of its own, but it can pass on the one
 // that GetRows makes.

@@ -2,7 +2,7 @@
 #
 #   .\export.ps1 -Verbindung "Provider=MSOLEDBSQL;Data Source=SRV;Initial Catalog=Fibu;Integrated Security=SSPI" -Bereich 15 -Ordner C:\Protokolle
 #
-# Sections: 6 open items, 8 suppliers, 9 customers, 15 exchange rates; those with clients take further keys, such as -Auswahl /mandant:123.
+# Sections: 6 open items, 8 suppliers, 9 customers, 10 report frameworks, 15 exchange rates; those with clients take further keys, such as -Auswahl /mandant:123.
 # PowerShell objects are no COM objects; a few lines of C# make the two host objects. Use the Windows
 # PowerShell (5.1) of the library's word size (the 32-bit one lies in SysWOW64).
 #requires -Version 5.1 -PSEdition Desktop

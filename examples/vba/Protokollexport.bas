@@ -16,7 +16,7 @@ Public Sub ExportDevisenkurse()
                   "C:\Protokolle"
 End Sub
 
-' section: 6 open items, 8 suppliers, 9 customers, 15 exchange rates; those with clients take further keys, such as /mandant:123.
+' section: 6 open items, 8 suppliers, 9 customers, 10 report frameworks, 15 exchange rates; those with clients take further keys, such as /mandant:123.
 Public Sub ExportBereich(ByVal connection As String, ByVal section As Long, ByVal folder As String, _
                          Optional ByVal keys As String)
     Dim database As New ProtDatabase

@@ -52,7 +52,7 @@ TEST_P(EverySection, HasGoldenCases) {
 TEST_P(EverySection, StandsInTheListOfTheScripts) {
     const std::string parameters = "(/[^ ]+ +){2}";
     EXPECT_TRUE(has_line(read(root / "scripts/sections.txt"),
-                         number + " +" + name + " +[A-Za-z]+ +" + parameters + title))
+                         number + " +" + name + " +[A-Za-z_]+ +" + parameters + title))
         << "scripts/sections.txt";
 }
 

@@ -18,6 +18,7 @@ constexpr SectionRow expected[] = {
     {6, "open-items", "Offene Posten", "Prot_OffenePosten_20261115_100715.csv"},
     {8, "suppliers", "Lieferanten", "Prot_Lieferanten_20261115_100715.csv"},
     {9, "customers", "Kunden", "Prot_Kunden_20261115_100715.csv"},
+    {10, "report-frameworks", "Auswertungsrahmen", "Prot_Auswertungs_Rahmen_20261115_100715.csv"},
     {15, "exchange-rates", "Devisenkurse", "Prot_Devisenkurse_20261115_100715.csv"},
 };
 

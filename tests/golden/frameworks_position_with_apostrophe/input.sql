@@ -1,0 +1,1 @@
+UPDATE Auswertungsposition SET Ap_Bezeichnung = 'Geldmarkt''s' WHERE Ap_Id = 102;
