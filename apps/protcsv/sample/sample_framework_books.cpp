@@ -4,35 +4,6 @@ namespace prot::sample {
 namespace {
 
 using std::chrono::days;
-using std::chrono::year;
-
-constexpr std::size_t names_per_type = 6;
-
-struct TypeRow {
-    std::int32_t type;
-    std::string_view title;
-    std::string_view positions[names_per_type];
-};
-
-// No name has an apostrophe: the search for the formula of a standard framework writes names into statements
-// as they are.
-// clang-format off
-constexpr TypeRow types[] = {
-    { 0, "Bilanz",                    {"Sachanlagen", "Vorräte", "Forderungen aus Lieferungen und Leistungen", "Gezeichnetes Kapital", "Rückstellungen", "Umsatzerlöse"}},
-    {10, "BAB",                       {"Fertigungsmaterial", "Fertigungslöhne", "Gemeinkosten Verwaltung", "Gemeinkosten Vertrieb", "Energiekosten", "Kalkulatorische Zinsen"}},
-    {20, "BWA",                       {"Umsatzerlöse", "Materialeinsatz", "Personalkosten", "Raumkosten", "Kfz-Kosten", "Werbe- und Reisekosten"}},
-    {30, "Anlagenspiegel",            {"Anschaffungskosten zu Beginn", "Zugänge", "Abgänge", "Umbuchungen", "Abschreibungen des Jahres", "Buchwert am Ende"}},
-    {40, "Kapitalkontenentwicklung",  {"Kapital zu Beginn", "Einlagen", "Entnahmen", "Gewinnanteil", "Zinsen auf Kapitalkonten", "Kapital am Ende"}},
-    {45, "Ergebnisverwendung",        {"Jahresüberschuss", "Gewinnvortrag", "Verlustvortrag", "Einstellung in Rücklagen", "Ausschüttung", "Vortrag auf neue Rechnung"}},
-    {50, "Kapitalflussrechnung",      {"Jahresergebnis", "Abschreibungen auf Anlagen", "Zunahme der Rückstellungen", "Abnahme der Vorräte", "Auszahlungen für Investitionen", "Aufnahme von Krediten"}},
-    {55, "Liquidität",                {"Bankguthaben", "Kassenbestand", "Offene Forderungen", "Offene Verbindlichkeiten", "Freie Kreditlinie", "Steuern der nächsten 30 Tage"}},
-    {60, "Liquiditätsvorschau",       {"Erwartete Einzahlungen", "Erwartete Auszahlungen", "Löhne und Gehälter", "Steuern und Abgaben", "Tilgung", "Bestand am Monatsende"}},
-    {70, "Rating",                    {"Eigenkapitalquote", "Umsatzrendite", "Schuldendienstfähigkeit", "Anlagendeckung", "Liquidität zweiten Grades", "Lagerumschlag"}},
-};
-
-constexpr std::string_view branches[] = {
-    "Apotheken", "Ärzte", "Bauträger", "Einzelhandel", "Gastgewerbe", "Großhandel", "Handwerk", "Landwirtschaft", "Pflegedienste", "Vereine",
-};
 
 constexpr std::string_view line_kinds[] = {"Einzelposten", "Zwischensumme", "Summe", "Überschrift"};
 constexpr std::string_view densities[] = {"Kurzfassung", "Normalfassung", "Einzelnachweis"};
@@ -40,7 +11,6 @@ constexpr std::string_view report_kinds[] = {"Monatsauswertung", "Jahresvergleic
 constexpr std::string_view columns[] = {"Lfd. Monat", "Vorjahr", "Abweichung in %"};
 constexpr std::string_view fonts[] = {"normal", "fett", "kursiv"};
 constexpr std::string_view operators[] = {" + ", " - "};
-// clang-format on
 
 /// How many parts a framework has.
 struct Extent {
@@ -50,107 +20,22 @@ constexpr Extent usual = {3, 2, 3, 4, 2};
 constexpr Extent smallest = {1, 1, 1, 1, 1};
 constexpr std::int64_t fewest_positions = 2;
 
-const TypeRow& type_row(std::int32_t type) {
-    const TypeRow* row = types;
-    while (row->type != type) ++row;
-    return *row;
-}
-
-/// The names of a list one after another, and then all again with a number.
-template <std::size_t count>
-std::string numbered(const std::string_view (&names)[count], std::size_t number) {
-    std::string name(names[number % count]);
-    if (number >= count) name.append(" (").append(std::to_string(number / count + 1)).append(")");
-    return name;
-}
-
 }  // namespace
 
-struct FrameworkPlan {
-    std::string_view name;
-    std::int32_t type, kind, mark;
-    Day valid_from = {}, valid_to = {};  ///< the null day: no limit
-    enum { full, small, small_and_new, version_of_the_one_before } nature = full;
-};
-
-namespace {
-
-// clang-format off
-constexpr FrameworkPlan cast_plans[framework_role_count] = {
-    {"Bilanz/GuV nach HGB",                         0, standard, 1, year{2016} / 1 / 1, year{2024} / 12 / 31},
-    {"Bilanz/GuV nach HGB",                         0, standard, 2, year{2025} / 1 / 1, {}, FrameworkPlan::version_of_the_one_before},
-    {"BWA Grundauswertung",                        20, standard, 1},
-    {"BWA Gastronomie",                            20, standard, 3, year{2019} / 1 / 1, {}, FrameworkPlan::small},
-    {"Liquidität Projekte",                        55, standard, 2, year{2024} / 1 / 1, {}, FrameworkPlan::small_and_new},
-    {"BWA \"Kanzlei Weiß\"; Mandanten",            20, office,   1, year{2021} / 7 / 1},
-    {"BWA Handwerk bis 2023",                      20, office,   1, {}, year{2023} / 12 / 31, FrameworkPlan::small},
-};
-
-// What stands at the end changes most.
-constexpr FrameworkPlan known_plans[] = {
-    {"Bilanz/GuV Kanzlei Weiß",                     0, office,   2, year{2025} / 1 / 1},
-    {"BAB Kanzlei Weiß",                           10, office,   1},
-    {"Anlagenspiegel Kanzlei Weiß",                30, office,   1, {}, year{2026} / 6 / 30},
-    {"Kapitalkonten der Sozietäten",               40, office,   1},
-    {"Ergebnisverwendung mit Tantieme",            45, office,   1, year{2020} / 1 / 1, year{2026} / 12 / 31},
-    {"Kapitalflussrechnung kurz",                  50, office,   1},
-    {"Tagesstatus mit Kreditlinien",               55, office,   1},
-    {"Vorschau 3 Monate",                          60, office,   1, year{2023} / 4 / 1},
-    {"Rating für Bankgespräche",                   70, office,   1},
-    {"Bilanz Kleinstkapitalgesellschaft",           0, standard, 3},
-    {"Betriebsabrechnung Industrie",               10, standard, 1, year{2018} / 1 / 1, year{2025} / 12 / 31},
-    {"BWA Handwerk",                               20, standard, 2},
-    {"Anlagenspiegel brutto",                      30, standard, 1},
-    {"Kapitalkontenentwicklung Personengesellschaft", 40, standard, 1},
-    {"Ergebnisverwendung GmbH",                    45, standard, 1, {}, year{2026} / 12 / 31},
-    {"Kapitalflussrechnung indirekt",              50, standard, 1},
-    {"Tagesstatus",                                55, standard, 1},
-    {"Vorschau 12 Monate",                         60, standard, 1, year{2022} / 1 / 1},
-    {"Rating Mittelstand",                         70, standard, 1},
-};
-// clang-format on
-
-constexpr std::int32_t first_later_mark = 100, first_small_mark = 1000;
-
-struct Validity {
-    Day from, to;
-};
-constexpr Validity validities[] = {
-    {}, {year{2020} / 1 / 1, {}}, {{}, year{2027} / 12 / 31}, {year{2015} / 1 / 1, year{2025} / 12 / 31}};
-
-}  // namespace
-
-FrameworkBook FrameworkMaker::cast(Role role, Random& random) { return make(cast_plans[role], random); }
-
-std::size_t FrameworkMaker::known_count() { return std::size(known_plans); }
+FrameworkBook FrameworkMaker::cast(Role role, Random& random) { return make(cast_plan(role), random); }
 
 FrameworkBook FrameworkMaker::other(std::size_t number, Random& random) {
-    if (number < known_count()) return make(known_plans[number], random);
-    const std::size_t pair = (number - known_count()) / 2;
-    const bool is_copy = (number - known_count()) % 2 == 1;
-    const TypeRow& type = types[pair % std::size(types)];
-    const std::size_t round = pair / std::size(types);
-    std::string name(type.title);
-    name.append(" ").append(numbered(branches, round)).append(is_copy ? ", Kanzlei" : "");
-    const Validity& validity = validities[pair % std::size(validities)];
-    return make({.name = name,
-                 .type = type.type,
-                 .kind = is_copy ? office : standard,
-                 .mark = first_later_mark + static_cast<std::int32_t>(round),
-                 .valid_from = validity.from,
-                 .valid_to = validity.to},
-                random);
+    const std::span<const FrameworkPlan> known = known_plans();
+    if (number < known.size()) return make(known[number], random);
+    FrameworkBook book = make(later_plan(number - known.size()), random);
+    book.framework.name = later_name(number - known.size());
+    return book;
 }
 
 FrameworkBook FrameworkMaker::small(Random& random) {
-    const std::int32_t number = small_ones_++;
-    const std::string name = "Projekt " + numbered(branches, static_cast<std::size_t>(number));
-    return make({.name = name,
-                 .type = types[static_cast<std::size_t>(number) % std::size(types)].type,
-                 .kind = standard,
-                 .mark = first_small_mark + number,
-                 .nature = FrameworkPlan::small_and_new},
-                random);
+    FrameworkBook book = make(small_plan(small_ones_), random);
+    book.framework.name = small_name(small_ones_++);
+    return book;
 }
 
 FrameworkBook FrameworkMaker::make(const FrameworkPlan& plan, Random& random) {
@@ -236,7 +121,7 @@ PositionPart FrameworkMaker::position(FrameworkBook& book, const LinePart& line,
     position.line_kind_id = line.line_kind.id;
     position.entry = book.entries++;
     position.number = 10 * (position.entry + 1);
-    position.name = position_name(book.framework, position);
+    position.name = position_name(book.framework.type, position.entry);
     const auto entry = static_cast<std::size_t>(position.entry);
     part.cells.push_back(cell(position, book.densities[entry % book.densities.size()], random));
     part.assignments.push_back(assignment(position, entry, random));
@@ -257,10 +142,6 @@ Assignment FrameworkMaker::assignment(const Position& position, std::size_t char
     assignment.chart_id = charts()[chart % charts().size()].id;
     assignment.formula = any_formula(random);
     return assignment;
-}
-
-std::string FrameworkMaker::position_name(const Framework& framework, const Position& position) {
-    return numbered(type_row(framework.type).positions, static_cast<std::size_t>(position.entry));
 }
 
 /// Sums of balances. One draw a statement: the order of draws within an expression differs between compilers.

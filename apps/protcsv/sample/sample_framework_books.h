@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/protcsv/sample/sample_framework_plans.h"
 #include "apps/protcsv/sample/sample_frameworks.h"
 
 /// Report frameworks of a sample database with all that belongs to them.
@@ -66,22 +67,6 @@ inline std::int64_t rows_of(const FrameworkBook& book) {
     return rows;
 }
 
-/// Those whom the story is about, and what they are. Office frameworks are copies of the standard framework
-/// with their type and mark.
-enum Role : std::size_t {
-    balance_before,   ///< standard; the first version of the next one, under the same name
-    balance,          ///< standard
-    earnings,         ///< standard
-    earnings_gone,    ///< standard; deleted in the story, with everything
-    cash_new,         ///< standard; created in the story
-    office_earnings,  ///< office
-    office_gone,      ///< office; deleted in the story, with everything
-    framework_role_count,
-};
-
-/// What is peculiar to one framework.
-struct FrameworkPlan;
-
 /// Makes books, and parts of them that are new.
 class FrameworkMaker {
 public:
@@ -91,9 +76,7 @@ public:
     /// They are asked for in the order of the roles, before any other.
     FrameworkBook cast(Role role, Random& random);
 
-    /// How many others every sample database has.
-    static std::size_t known_count();
-    /// One of them, or one more: a standard framework, and next its copy for the office.
+    /// One of the others that every sample database has, or, beyond them, one more.
     FrameworkBook other(std::size_t number, Random& random);
 
     /// A standard framework with a part of each kind, two positions among them.
@@ -109,7 +92,6 @@ public:
     Cell cell(const Position& position, const Density& density, Random& random);
     Assignment assignment(const Position& position, std::size_t chart, Random& random);
 
-    static std::string position_name(const Framework& framework, const Position& position);
     static std::string any_formula(Random& random);
     static std::string_view any_font(Random& random);
 
@@ -121,7 +103,7 @@ private:
 
     std::int64_t positions_;
     std::array<std::int32_t, 9> records_{};  ///< made so far, by the first digit of their keys
-    std::int32_t small_ones_ = 0;
+    std::size_t small_ones_ = 0;
 };
 
 /// The charts of accounts, the same in every sample database.

@@ -22,7 +22,7 @@ constexpr std::string_view patterns[] = {"#.##0,00", "#.##0", "0,0 %", "#.##0;-#
 constexpr std::string_view imports[] = {"Abgleich", "Lieferung", ""};
 
 std::int64_t framework_count(std::int64_t rows) {
-    const auto known = static_cast<std::int64_t>(FrameworkMaker::known_count() + framework_role_count);
+    const auto known = static_cast<std::int64_t>(known_plans().size() + framework_role_count);
     return std::clamp(rows / rows_per_framework, known, most_frameworks);
 }
 
@@ -64,7 +64,7 @@ LogRow FrameworkDesk::touch_any(const Occasion& occasion) {
 LogRow FrameworkDesk::rename_position(const Occasion& occasion) {
     FrameworkBook& book = any_book();
     return log_change(any_position(book).position, occasion, [&](Position& position) {
-        const std::string name = FrameworkMaker::position_name(book.framework, position);
+        const std::string name = position_name(book.framework.type, position.entry);
         const std::string before = position.name;
         while (position.name == before) position.name = name + std::string(random_.pick(endings));
         position.import_mark = occasion.author.employee == 0 ? "Abgleich" : "";
