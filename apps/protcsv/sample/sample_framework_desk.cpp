@@ -169,7 +169,8 @@ LogRow FrameworkDesk::change_framework(const Occasion& occasion) {
 LogRow FrameworkDesk::drop_any(const Occasion& occasion) {
     const auto later_ones = std::ssize(others_) - static_cast<std::ptrdiff_t>(early_ones_);
     if (later_ones == 0) return touch_any(occasion);
-    const auto place = static_cast<std::ptrdiff_t>(early_ones_) + random_.below(later_ones);
+    const auto place =
+        static_cast<std::ptrdiff_t>(static_cast<std::int64_t>(early_ones_) + random_.below(later_ones));
     FrameworkBook& book = others_[static_cast<std::size_t>(place)];
     if (is_too_late(occasion, rows_of(book))) return touch_any(occasion);
     positions_ -= positions_of(book);

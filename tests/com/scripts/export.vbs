@@ -34,6 +34,7 @@ On Error GoTo 0
 SayWhether failed = recorded.RecordedError, "the error is the recorded one: " & failed
 If failed = "" Then
     SayWhether parent.Text() = recorded.RecordedProgress, "progress is the recorded one: " & parent.Text()
+    SayWhether parent.ReachedEnd(CLng(recorded.Request(REQUEST_SECTION))), "progress counted to its end: " & parent.Count
 End If
 SayWhether parent.InOrder, "every index followed the one before"
 If WScript.Arguments(1) = "srvProtQRBCsv.CProtDevCsv" Then

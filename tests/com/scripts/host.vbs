@@ -200,11 +200,12 @@ Class RecordedDatabase
     End Sub
 End Class
 
-' Counts its calls, and keeps whether each index followed the one before.
+' Counts its calls, and keeps whether each index followed the one before, below one end.
 Class Progress
     Public Refreshes
     Public Steps
     Public InOrder
+    Public Count
 
     Private Sub Class_Initialize()
         Refreshes = 0
@@ -218,9 +219,18 @@ Class Progress
     End Sub
 
     Public Sub gSetFortschritt(lIndex, lAnzahl)
-        InOrder = InOrder And lIndex = Steps And lIndex < lAnzahl
+        InOrder = InOrder And lIndex = Steps And lIndex <= lAnzahl And (Steps = 0 Or lAnzahl = Count)
+        Count = lAnzahl
         Steps = Steps + 1
     End Sub
+
+    ' The end is the number of records; for report frameworks the index of the last one, at least 1.
+    Public Function ReachedEnd(section)
+        ReachedEnd = Steps = 0 Or Count = Steps
+        If section = 10 Then
+            ReachedEnd = Steps = 0 Or Count = Steps - 1 Or (Steps = 1 And Count = 1)
+        End If
+    End Function
 
     Public Function Text()
         Text = Refreshes & " refreshes, " & Steps & " steps"
