@@ -37,4 +37,25 @@ inline std::string caption_statement(const std::string& table, const std::string
            table + "' AND   tSysQuvoColumns.dcColumnName = '" + column + "'";
 }
 
+/// The first change of a value since a moment, found by a column of the log. from: the moment's literal, a
+/// second earlier.
+inline std::string first_change_statement(const std::string& table, const std::string& log_column, int key,
+                                          const std::string& from, const std::string& column) {
+    return "SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = '" + table + "' AND " + log_column + " = " +
+           std::to_string(key) + " AND ddDatum >= " + from + " AND dmData LIKE '%Name=\"" + column +
+           "\"><OldValue>%' ORDER BY ddDatum ASC";
+}
+
+/// The deletion that tells a value.
+inline std::string deletion_statement(const std::string& table, int key, const std::string& column) {
+    return "SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = '" + table +
+           "' AND dlPrimaryKey1 = " + std::to_string(key) + " AND dlEvent = 2  AND dmData LIKE '%Name=\"" +
+           column + "\"><OldValue>%' ORDER BY ddDatum ASC";
+}
+
+inline std::string live_value_statement(const std::string& table, const std::string& column,
+                                        const std::string& key_column, int key) {
+    return "SELECT [" + column + "] FROM [" + table + "] WHERE [" + key_column + "] = " + std::to_string(key);
+}
+
 }  // namespace prot::test
