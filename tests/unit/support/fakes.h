@@ -160,6 +160,20 @@ private:
     std::vector<std::string>& topics_;
 };
 
+/// What a translation object makes of a value, its column and the moment of the change.
+using Translate = std::function<std::string(std::int32_t, std::string_view, Date)>;
+
+class FakeValueTranslator : public ValueTranslator {
+public:
+    explicit FakeValueTranslator(Translate translate) : translate_(std::move(translate)) {}
+    std::string translate(std::int32_t value, std::string_view column, Date moment) override {
+        return translate_(value, column, moment);
+    }
+
+private:
+    const Translate translate_;
+};
+
 struct ShownBox {
     std::string text;
     BoxStyle style;
@@ -182,6 +196,8 @@ public:
     std::optional<AutomationError> reader_failure, error_display_failure, help_failure;
     std::vector<ShownError> errors;
     std::vector<std::string> help_topics;
+    std::map<std::string, Translate, std::less<>> translators;  // by programmatic identifier
+    std::vector<std::string> translators_asked_for;
     std::vector<ShownBox> boxes;
     BoxAnswer answer = BoxAnswer::no;
     std::vector<Pointer> pointers;
@@ -212,6 +228,12 @@ public:
     std::unique_ptr<HelpDisplay> create_help_display() override {
         if (help_failure) throw *help_failure;
         return std::make_unique<FakeHelpDisplay>(help_topics);
+    }
+    std::unique_ptr<ValueTranslator> create_value_translator(std::string_view program_id) override {
+        translators_asked_for.emplace_back(program_id);
+        const auto found = translators.find(program_id);
+        if (found == translators.end()) return nullptr;
+        return std::make_unique<FakeValueTranslator>(found->second);
     }
     BoxAnswer show(std::string_view text, BoxStyle style, std::string_view title) override {
         boxes.push_back({std::string(text), style, std::string(title)});
