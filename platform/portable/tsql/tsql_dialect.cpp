@@ -47,8 +47,8 @@ TsqlStatement TsqlTranslator::statement() {
     return result;
 }
 
-/// The rows are chosen before the first of them is deleted, as on the server. SQLite deletes while it searches,
-/// so that a condition about the table's other rows would miss those that are gone by then.
+/// The rows are chosen before the first of them is deleted, as on the server. SQLite deletes while it
+/// searches, so that a condition about the table's other rows would miss those that are gone by then.
 void TsqlTranslator::removal() {
     reader_.accept(Keyword::from);
     writer_.add("DELETE FROM");
