@@ -304,6 +304,20 @@ TEST_F(Memos, OfAPositionThatIsGoneAndWhoseTypeOrMarkIsEmptyAskForNoFormula) {
     }
 }
 
+TEST_F(Memos, OfAPositionThatIsGoneAndWhoseParentHasNoIdAskForNothingFurther) {
+    const struct {
+        const char* table;
+        int key;
+        const char* column;
+    } steps[] = {{"AUSWERTUNGSPOSITION", 13, "Za_Id"}, {"ZEILENART", line_kind, "ARa_Id"}};
+    for (const auto& step : steps) {
+        log_position();
+        log(change_of(step.table, step.key, step.column), step.column, "");
+        EXPECT_EQ(old_memo_of_a_new_run(), "");
+        EXPECT_EQ(take_statements().back(), change_of(step.table, step.key, step.column));
+    }
+}
+
 TEST_F(Memos, AskForTheMarkOfAChartOnceARun) {
     answer_live_position();
     old_memo();
