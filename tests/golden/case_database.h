@@ -1,8 +1,11 @@
 #pragma once
 
+#include <sqlite3.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -32,6 +35,15 @@ inline CaseDatabase case_database(const std::filesystem::path& cases, const std:
     return {read(cases / "schema.sql") + (shared.empty() ? "" : read(cases / shared)) +
                 (own ? read(cases / name / "input.sql") : ""),
             {}};
+}
+
+/// A new database of these statements.
+inline void make_database(const std::filesystem::path& path, const std::string& sql) {
+    sqlite3* raw = nullptr;
+    const int opened = sqlite3_open(path.c_str(), &raw);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(raw, sqlite3_close);
+    if (opened != SQLITE_OK || sqlite3_exec(raw, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw std::runtime_error(sqlite3_errmsg(raw));
 }
 
 }  // namespace prot::test

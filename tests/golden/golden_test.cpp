@@ -60,14 +60,6 @@ int run_shell(const std::string& command) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-void make_database(const fs::path& path, const std::string& sql) {
-    sqlite3* database = nullptr;
-    ASSERT_EQ(sqlite3_open(path.c_str(), &database), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
-        << sqlite3_errmsg(database);
-    sqlite3_close(database);
-}
-
 /// How many rows a table has; "none" when there is no such table.
 std::string rows_in(const fs::path& path, const std::string& table) {
     sqlite3* database = nullptr;
@@ -127,7 +119,7 @@ TEST_P(Golden, Case) {
     const fs::path database = work / "log.db";
     const prot::test::CaseDatabase made_from = prot::test::case_database(cases_folder, GetParam());
     if (made_from.sample_section.empty())
-        make_database(database, made_from.sql);
+        prot::test::make_database(database, made_from.sql);
     else
         ASSERT_EQ(run_shell("cd " + quoted(work) + " && " + program_command() + " sample log.db --section " +
                             made_from.sample_section + " >/dev/null"),

@@ -1,10 +1,7 @@
-#include <sqlite3.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
-#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -37,12 +34,7 @@ void make_database(const fs::path& path, const std::string& name) {
     const test::CaseDatabase made_from = test::case_database(cases_folder, name);
     if (!made_from.sample_section.empty())
         return write_sample_database(path.string(), {.section = std::stoi(made_from.sample_section)});
-    sqlite3* raw = nullptr;
-    const int opened = sqlite3_open(path.c_str(), &raw);
-    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> database(raw, sqlite3_close);
-    if (opened != SQLITE_OK ||
-        sqlite3_exec(raw, made_from.sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw std::runtime_error(sqlite3_errmsg(raw));
+    test::make_database(path, made_from.sql);
 }
 
 /// The arguments of command.txt, where double quotes hold blanks together.
