@@ -37,6 +37,7 @@ struct Field {
     std::optional<std::size_t> selected{};  ///< index into entries
     std::string text{};                     ///< text: what the person sees and edits; picker: what is typed
     std::size_t longest = 255;              ///< text, picker: most characters that the person can type
+    bool refilled = false;                  ///< list: choices in other fields give it other entries
     bool enabled = true;
     bool visible = true;
 

@@ -31,7 +31,7 @@ Form ProtOPFrmFilter::described_form() {
     form.fields = {
         kind_field(),
         client_field(),
-        {.name = "cboWirtschaftsjahr", .label = "&Wirtschaftsjahr"},
+        {.name = "cboWirtschaftsjahr", .label = "&Wirtschaftsjahr", .refilled = true},
         number_field(0, "&von Konto"),
         number_field(1, "&bis Konto"),
     };

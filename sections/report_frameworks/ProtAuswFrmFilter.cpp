@@ -60,7 +60,7 @@ Form ProtAuswFrmFilter::described_form() {
         {.name = std::string(type_list),
          .label = "&Auswertung",
          .changed = [this] { cboRahmenArt_Change(); }},
-        {.name = std::string(framework_list), .label = "Auswertungs&rahmen"},
+        {.name = std::string(framework_list), .label = "Auswertungs&rahmen", .refilled = true},
         {.name = std::string(change_list),
          .label = "Änder&ungen",
          .changed = [this] { cboAenderungen_Change(); }},

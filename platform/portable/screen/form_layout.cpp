@@ -18,8 +18,8 @@ constexpr int widest_text = 40;     // columns of a text field; a longer text sc
 constexpr int narrowest_text = 10;
 constexpr int most_list_rows = 10;
 constexpr int comfortable_list_rows = 4;
-constexpr int most_rows_behind_picker = 4;
-constexpr int fewest_picker_rows = 3;
+constexpr int most_rows_beside_picker = 4;
+constexpr int fewest_long_rows = 3;
 constexpr int picker_width = 64;
 constexpr int count_width = 15;  // "20000 von 20000"
 
@@ -60,12 +60,13 @@ std::optional<std::size_t> group_of(const Form& form, std::size_t field) {
     return std::nullopt;
 }
 
-/// Whether the list may stand beside the one before it.
+/// Whether the list may stand beside the one before it. Where a list that is refilled stands must not depend
+/// on what it holds.
 bool pairs(const Form& form, const Row& row, std::size_t field, int width) {
-    if (row.size() != 1 || form.fields[row[0]].kind != FieldKind::list ||
-        form.fields[field].kind != FieldKind::list)
-        return false;
-    return list_width(form.fields[row[0]]) + between_lists + list_width(form.fields[field]) <= width;
+    const Field &before = form.fields[row[0]], &list = form.fields[field];
+    if (row.size() != 1 || before.kind != FieldKind::list || list.kind != FieldKind::list) return false;
+    if (before.refilled || list.refilled) return false;
+    return list_width(before) + between_lists + list_width(list) <= width;
 }
 
 std::vector<Block> blocks_of(const Form& form, int width) {
@@ -85,7 +86,8 @@ std::vector<Block> blocks_of(const Form& form, int width) {
 
 struct Allowance {
     int gap;  // empty lines between the parts
-    int list_rows, picker_rows;
+    int list_rows;
+    int long_rows;  // of pickers; without one, of lists that are refilled
 };
 
 /// One attempt to place everything, with no more lines than allowed.
@@ -181,11 +183,12 @@ private:
     }
 
     int list_height(std::size_t index) const {
-        const bool behind_picker =
-            std::any_of(form_.fields.begin(), form_.fields.begin() + static_cast<std::ptrdiff_t>(index),
-                        [](const Field& field) { return field.visible && field.kind == FieldKind::picker; });
-        if (behind_picker) return std::min(most_rows_behind_picker, allowed_.list_rows);
-        return std::clamp(static_cast<int>(form_.fields[index].entries.size()), 1, allowed_.list_rows);
+        const Field& list = form_.fields[index];
+        if (!list.refilled) return std::clamp(static_cast<int>(list.entries.size()), 1, allowed_.list_rows);
+        const bool beside_picker = std::ranges::any_of(form_.fields, [](const Field& field) {
+            return field.visible && field.kind == FieldKind::picker;
+        });
+        return beside_picker ? std::min(most_rows_beside_picker, allowed_.list_rows) : allowed_.long_rows;
     }
 
     /// Its width is that of no entry: a look at each of them would take longer than a key may.
@@ -196,7 +199,7 @@ private:
         const int typed = std::clamp(room, narrowest_text, std::max(narrowest_text, text_width(field)));
         place.line = {{beside, row_}, typed, 1};
         place.count = {{beside + typed + between, row_}, count_width, 1};
-        place.value = {{column, row_ + 1}, width, allowed_.picker_rows};
+        place.value = {{column, row_ + 1}, width, allowed_.long_rows};
     }
 
     void place_options(const Field& field, FieldPlace& place, int beside) {
@@ -248,12 +251,12 @@ std::optional<FormLayout> lay_out(const Form& form, Size largest) {
     for (const int gap : {1, 0}) {
         const int fewest = gap > 0 ? comfortable_list_rows : 1;
         for (int list_rows = most_list_rows; list_rows >= fewest; --list_rows) {
-            Allowance allowed{gap, list_rows, std::max(list_rows, fewest_picker_rows)};
+            Allowance allowed{gap, list_rows, std::max(list_rows, fewest_long_rows)};
             FormLayout layout = placed(allowed);
             if (layout.size.columns > largest.columns) return std::nullopt;
             if (layout.size.rows > largest.rows) continue;
-            // Lines that are too few for one more in every list are spent on the pickers.
-            while (++allowed.picker_rows <= most_list_rows) {
+            // Lines that are too few for one more in every list are spent on the long ones.
+            while (++allowed.long_rows <= most_list_rows) {
                 FormLayout longer = placed(allowed);
                 if (longer.size.rows > largest.rows) break;
                 layout = std::move(longer);

@@ -8,8 +8,8 @@
 
 /// Where the parts of a form stand in its window: fields below each other in the order of the focus, lists in
 /// pairs side by side where the screen is wide enough, the buttons below them all. Lists and pickers get as
-/// many lines as the screen has to spare. What is typed into a picker moves nothing: neither it nor the lists
-/// behind it, which may be filled anew by it, become longer or shorter with what they hold.
+/// many lines as the screen has to spare. Neither pickers nor lists that are refilled become longer or
+/// shorter with what they hold, so that typing and choosing move nothing.
 namespace prot {
 
 struct Place {

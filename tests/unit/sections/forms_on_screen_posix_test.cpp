@@ -34,17 +34,26 @@ protected:
 };
 
 TEST_P(EveryFormOnScreen, ShowsItAllOnTheSmallestScreenWithAtLeastThreeMatchesOfAPicker) {
-    const std::vector<FieldPlace> places = pickers(smallest_screen);
-    for (const FieldPlace& place : places) {
+    for (const FieldPlace& place : pickers(smallest_screen)) {
         EXPECT_GE(place.value.height, 3);
         EXPECT_GE(place.line.width, 30);
     }
-    for (Field& field : form.fields)  // those that depend on who is picked
-        if (field.kind == FieldKind::list && field.entries.size() == 1)
-            field.entries.assign(12, {1, "01.01.2020 - 31.12.2020"});
-    const std::vector<FieldPlace> again = pickers(smallest_screen);
-    for (std::size_t i = 0; i < places.size(); ++i)
-        EXPECT_EQ(again[i].value.height, places[i].value.height) << "more entries move nothing";
+}
+
+TEST_P(EveryFormOnScreen, MovesNothingWhenAListIsRefilled) {
+    const Size window = largest_window(smallest_screen);
+    const auto before = lay_out(form, window);
+    for (Field& field : form.fields)
+        if (field.refilled) field.entries.assign(12, {1, "01.01.2020 - 31.12.2020"});
+    const auto after = lay_out(form, window);
+    ASSERT_TRUE(before && after);
+    EXPECT_EQ(after->size, before->size);
+    for (std::size_t i = 0; i < form.fields.size(); ++i) {
+        const Place now = after->fields[i].value, then = before->fields[i].value;
+        EXPECT_EQ(now.at.column, then.at.column) << form.fields[i].name;
+        EXPECT_EQ(now.at.row, then.at.row) << form.fields[i].name;
+        EXPECT_EQ(now.height, then.height) << form.fields[i].name;
+    }
 }
 
 TEST_P(EveryFormOnScreen, ShowsMoreMatchesOfAPickerOnLargerScreensUpToTen) {

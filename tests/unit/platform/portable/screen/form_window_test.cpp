@@ -128,6 +128,23 @@ TEST_F(FormWindowTest, ManyListsShareTheLinesOfTheScreen) {
     for (const Piece& piece : shown.pieces) EXPECT_LT(piece.at.row, shown.size.rows) << piece.text;
 }
 
+TEST_F(FormWindowTest, AListThatIsRefilledKeepsItsPlaceWhateverItHolds) {
+    add(FieldKind::list, "&Art", 30);
+    add(FieldKind::list, "&Rahmen", 1).refilled = true;
+    add(FieldKind::list, "&Umfang", 1);
+    const Lines before = shown();
+    for (int i = 0; i < 30; ++i) form.fields[1].add(i, "ein anderer Eintrag");
+    const Lines after = shown();
+    ASSERT_EQ(before.size(), after.size());
+    for (const char* label : {" Art", " Rahmen", " Umfang"})
+        EXPECT_EQ(std::ranges::find(before, label) - before.begin(),
+                  std::ranges::find(after, label) - after.begin())
+            << label;
+    const auto list = std::ranges::find(after, " Rahmen");
+    ASSERT_LT(list, after.end() - 3);
+    EXPECT_TRUE(list[3].starts_with("   ein anderer Eintrag")) << "it uses the lines that it keeps";
+}
+
 TEST_F(FormWindowTest, AScreenThatIsTooSmallSaysSo) {
     add(FieldKind::list, "Liste", 30);
     EXPECT_EQ(shown({80, 6}), Lines{"Das Fenster ist zu klein."});

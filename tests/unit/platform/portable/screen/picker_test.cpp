@@ -274,7 +274,7 @@ TEST_F(PickerTest, TheHelpLineNamesItsKeysAndFitsTheSmallestScreen) {
 }
 
 TEST_F(PickerTest, TypingMovesNothingInTheForm) {
-    form.fields.push_back({.name = "cbo", .label = "&Jahr"});
+    form.fields.push_back({.name = "cbo", .label = "&Jahr", .refilled = true});
     fill(50);
     clients().changed = [this] {
         form.fields[2].entries.assign(clients().selected ? 6 : 1, Entry{0, "Jahr"});
