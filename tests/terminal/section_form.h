@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/golden/case_database.h"
 #include "tests/terminal/pane.h"
 
 namespace prot::test {
@@ -26,6 +27,12 @@ protected:
         start_export("", "log.db");
     }
 
+    /// What a golden case works on takes the place of the sample.
+    void use_database_of(const std::string& golden_case) {
+        std::filesystem::remove(pane.path("beispiel.db"));
+        make_database(pane.path("beispiel.db"), case_database(golden_cases, golden_case).sql);
+    }
+
     /// Accepts the file name that is proposed, which `screen` shows.
     void write_file(const std::string& screen) const {
         pane.expect_screen(screen);
@@ -42,8 +49,7 @@ protected:
     }
 
     void expect_golden_file(const std::string& name) const {
-        const std::filesystem::path golden = std::filesystem::path(PROT_SOURCE_DIR) / "tests" / "golden";
-        const std::string expected = read_file(golden / name / "expected.csv");
+        const std::string expected = read_file(golden_cases / name / "expected.csv");
         ASSERT_NE(expected, "");
         EXPECT_EQ(pane.read(written_file), expected);
     }
@@ -54,6 +60,7 @@ protected:
         EXPECT_FALSE(std::filesystem::exists(pane.path(written_file)));
     }
 
+    const std::filesystem::path golden_cases = std::filesystem::path(PROT_SOURCE_DIR) / "tests" / "golden";
     const std::string section;
     const std::string written_file;
     Pane pane{80, 24};
