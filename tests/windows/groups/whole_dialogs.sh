@@ -32,6 +32,9 @@ box_is() { # TITLE TEXT
     opens "$1" && diff <(printf '%s\n' "$1" "$2") \
         <(awk -F '\t' 'NR == 1 || $1 == "STATIC" && $3 != "" { print $3 }' "$seen")
 }
+question_is_about() { # RECORDS
+    opens "Löschen Stammdatenprotokoll" && grep -qF "wurden $1 Protokollsätze gefunden." "$seen" || { cat "$seen"; return 1; }
+}
 proposes() { opens Speichern && cut -f 1,3 "$seen" | grep -qxP "(EDIT|COMBOBOX)\t$1" || { cat "$seen"; return 1; }; }
 
 is_selected() { look "$title" 0 && value $rows $entries_field | tr , '\n' | grep -xF "> $1" || { cat "$seen"; return 1; }; }
