@@ -14,9 +14,8 @@
 
 /// Records a run for clients that have no database. Usage: record_run FOLDER CASE [ARGUMENT...]
 /// Runs the golden case CASE, with other arguments when some are given ($DB and $OUT as in command.txt), and
-/// with its answers, and
-/// writes recording.txt to FOLDER, and expected.csv when the run wrote a file. That file must be the golden
-/// one, byte for byte, unless the case has none.
+/// with its answers, and writes recording.txt to FOLDER, and when the run wrote a file, expected.csv and its
+/// name in name.txt. That file must be the golden one, byte for byte, unless the case has none.
 namespace {
 
 namespace fs = std::filesystem;
@@ -76,6 +75,7 @@ int run(const fs::path& folder, const fs::path& golden, std::vector<std::string>
     file.erase(file.find_last_not_of('\n') + 1);
     if (fs::exists(golden / "expected.csv") && read(file) != read(golden / "expected.csv"))
         throw std::runtime_error(file + " differs from the golden file of " + golden.string());
+    std::ofstream("name.txt") << fs::path(file).filename().string() << '\n';
     fs::rename(file, "expected.csv");
     return 0;
 }
