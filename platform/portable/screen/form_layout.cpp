@@ -93,8 +93,14 @@ struct Allowance {
 /// One attempt to place everything, with no more lines than allowed.
 class Placing {
 public:
-    Placing(const Form& form, const std::vector<Block>& blocks, int width, const Allowance& allowed)
-        : form_(form), blocks_(blocks), width_(width), allowed_(allowed), gap_(allowed.gap) {
+    Placing(const Form& form, const std::vector<Block>& blocks, int width, int least_width,
+            const Allowance& allowed)
+        : form_(form),
+          blocks_(blocks),
+          width_(width),
+          allowed_(allowed),
+          gap_(allowed.gap),
+          content_width_(least_width) {
         layout_.fields.resize(form.fields.size());
         layout_.frames.resize(form.groups.size());
     }
@@ -234,7 +240,7 @@ private:
     int gap_;
     FormLayout layout_;
     int row_ = 0;
-    int content_width_ = 0;
+    int content_width_;
     int label_width_ = 0;  // of the block's labels that stand beside their fields
 };
 
@@ -242,11 +248,12 @@ private:
 
 std::string button_text(const Button& button) { return "< " + without_access_key(button.text) + " >"; }
 
-std::optional<FormLayout> lay_out(const Form& form, Size largest) {
+std::optional<FormLayout> lay_out(const Form& form, Size largest, int least_columns) {
     const int width = largest.columns - 2 * margin - 2 * frame_width;
+    const int least_width = std::min(least_columns, largest.columns) - 2 * margin;
     const std::vector<Block> blocks = blocks_of(form, width);
     const auto placed = [&](const Allowance& allowed) {
-        return Placing(form, blocks, width, allowed).layout();
+        return Placing(form, blocks, width, least_width, allowed).layout();
     };
     for (const int gap : {1, 0}) {
         const int fewest = gap > 0 ? comfortable_list_rows : 1;

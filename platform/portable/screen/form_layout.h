@@ -42,7 +42,8 @@ inline constexpr int option_mark_width = 4;
 /// The text of a button with what marks it as one.
 std::string button_text(const Button& button);
 
-/// Nothing when the form does not fit into a window of that size.
-std::optional<FormLayout> lay_out(const Form& form, Size largest);
+/// Nothing when the form does not fit into a window of that size. least_columns: of the window, as far as
+/// there is room for them.
+std::optional<FormLayout> lay_out(const Form& form, Size largest, int least_columns = 0);
 
 }  // namespace prot

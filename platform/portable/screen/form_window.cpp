@@ -59,8 +59,9 @@ Picture too_small(const Form& form) {
 }  // namespace
 
 Picture FormWindow::picture(Size screen) {
-    const std::optional<FormLayout> layout = lay_out(form_, largest_window(screen));
+    const std::optional<FormLayout> layout = lay_out(form_, largest_window(screen), columns_);
     if (!layout) return too_small(form_);
+    columns_ = layout->size.columns;
     Picture picture;
     picture.title = form_.caption;
     picture.size = layout->size;

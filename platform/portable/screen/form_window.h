@@ -15,7 +15,8 @@ public:
     /// Both outlive the window.
     FormWindow(const Form& form, FormSession& session) : form_(form), session_(session) {}
 
-    /// A screen too small for the form shows that instead.
+    /// A screen too small for the form shows that instead. From one picture to the next the window never
+    /// becomes narrower than the screen makes it.
     Picture picture(Size screen) override;
 
 private:
@@ -41,6 +42,7 @@ private:
     const Form& form_;
     FormSession& session_;
     std::vector<std::size_t> first_;  // of each list: the row in its first line
+    int columns_ = 0;                 // of the picture before
 };
 
 }  // namespace prot

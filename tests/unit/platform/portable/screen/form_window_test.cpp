@@ -145,6 +145,17 @@ TEST_F(FormWindowTest, AListThatIsRefilledKeepsItsPlaceWhateverItHolds) {
     EXPECT_TRUE(list[3].starts_with("   ein anderer Eintrag")) << "it uses the lines that it keeps";
 }
 
+TEST_F(FormWindowTest, AFieldThatGoesAwayLeavesTheWindowAsWideAsItWas) {
+    add(FieldKind::list, "Art", 3);
+    add(FieldKind::list, "Eine lange Beschriftung", 3);
+    FormSession session(form);
+    FormWindow window(form, session);
+    const Size whole = window.picture({80, 24}).size;
+    form.fields[1].visible = false;
+    EXPECT_EQ(window.picture({80, 24}).size, whole);
+    EXPECT_LT(window.picture({40, 24}).size.columns, 40) << "on a smaller screen";
+}
+
 TEST_F(FormWindowTest, AScreenThatIsTooSmallSaysSo) {
     add(FieldKind::list, "Liste", 30);
     EXPECT_EQ(shown({80, 6}), Lines{"Das Fenster ist zu klein."});
