@@ -58,15 +58,14 @@ function(prot_library name)
 endfunction()
 
 # prot_quick_build(NAME): for what is built more often than its speed matters. Most of a test's building time would go
-# into optimising it and reading gtest's header, which all of these read once together.
+# into optimising it and reading GoogleTest's headers, which all of these read once together, from prot_test_main: a
+# small target, since each waits for the whole of it.
 function(prot_quick_build name)
     target_compile_options(${name} PRIVATE -O0 $<IF:$<PLATFORM_ID:Windows>,-g0,-g1>)
-    get_property(first GLOBAL PROPERTY prot_first_quick_build)
-    if(first)
-        target_precompile_headers(${name} REUSE_FROM ${first})
+    if(name STREQUAL prot_test_main)
+        target_precompile_headers(${name} PRIVATE <gmock/gmock.h>)
     else()
-        target_precompile_headers(${name} PRIVATE <gtest/gtest.h>)
-        set_property(GLOBAL PROPERTY prot_first_quick_build ${name})
+        target_precompile_headers(${name} REUSE_FROM prot_test_main)
     endif()
 endfunction()
 
