@@ -125,8 +125,9 @@ protected:
     }
 
     std::string text_of(const std::filesystem::path& path) const {
-        std::ifstream stream(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+        std::string text(std::filesystem::file_size(path), '\0');
+        std::ifstream(path, std::ios::binary).read(text.data(), static_cast<std::streamsize>(text.size()));
+        return text;
     }
 };
 
