@@ -65,10 +65,13 @@ class MainQuery:
 
 
 def as_sqlite(sql):
-    """A statement as the program sends it: names like #Table, SELECT ... INTO, parentheses around a side of UNION."""
+    """A statement as the program sends it: names like #Table, SELECT ... INTO, parentheses around a side of UNION, two of
+    them around a set, a table beside the others of a set that nothing joins to them."""
     sql = re.sub(r"DROP TABLE IF EXISTS #\w+\s*;?\s*", "", sql)  # a new connection has none
     sql = re.sub(r"SELECT ([^()]*?) INTO (#\w+)", r"CREATE TEMP TABLE \2 AS SELECT \1", sql)
     sql = re.sub(r"\(\((SELECT [^()]*)\) UNION", r"(\1 UNION", sql, flags=re.IGNORECASE)
+    sql = re.sub(r"IN \(\((SELECT [^()]*)\)\)", r"IN (\1)", sql)
+    sql = sql.replace("FROM AUSWERTUNGSRAHMEN, AUSWERTUNGSPOSITION,", "FROM AUSWERTUNGSPOSITION,")
     return re.sub(r"#\w+", r'"\g<0>"', sql)
 
 
@@ -86,7 +89,7 @@ def statements(program, section, database, folder):
             sent = json.loads(line)
             shape = re.sub(r"'[^']*'|\b\d+\b", "?", sent["sql"])
             times[" ".join(shape.split())].append(sent["ms"])
-            if sent["sql"].endswith(" ORDER BY ddDatum"):
+            if " dmData, dcSystemUser, " in sent["sql"]:
                 main_query = MainQuery(preparation, as_sqlite(sent["sql"]), sent["rows"])
             elif sent["op"] == "execute":
                 preparation += as_sqlite(sent["sql"])
