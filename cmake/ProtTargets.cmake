@@ -89,8 +89,13 @@ endfunction()
 
 # prot_discover(PROGRAM LABEL [property...]): each test of PROGRAM is a process of its own and has LABEL, and the
 # properties. Of the quick ones, `slow` is the label of those that match one of PROT_SLOW_TESTS, patterns as GoogleTest
-# reads them.
+# reads them. Under the sanitizers, where starting a process takes longer than most quick tests, a program is one test.
 function(prot_discover program label)
+    if(label STREQUAL quick AND CMAKE_CXX_FLAGS MATCHES "-fsanitize")
+        add_test(NAME ${program} COMMAND ${program})
+        set_tests_properties(${program} PROPERTIES LABELS ${label} ${ARGN})
+        return()
+    endif()
     if(NOT label STREQUAL quick)
         gtest_discover_tests(${program} DISCOVERY_TIMEOUT 60 PROPERTIES LABELS ${label} ${ARGN})
         return()
@@ -103,8 +108,8 @@ function(prot_discover program label)
 endfunction()
 
 # prot_test(NAME FOLDER [FOLDERS folder...] [LIBRARIES] library...): a test program of all *_test.cpp in FOLDER, and in
-# the named folders below it. Each test is a process of its own; on Windows, where starting one takes longer than most
-# tests, each program is. The label of those in unit/ is `quick`, of all others the first folder's name.
+# the named folders below it. Each test is a process of its own (see prot_discover); on Windows each program is. The label
+# of those in unit/ is `quick`, of all others the first folder's name.
 function(prot_test name folder)
     cmake_parse_arguments(ARG "" "" "FOLDERS;LIBRARIES" ${ARGN})
     set(patterns ${folder}/*.cpp)

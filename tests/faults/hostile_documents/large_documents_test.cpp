@@ -2,7 +2,6 @@
 #include <sys/wait.h>
 
 #include <algorithm>
-#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -87,20 +86,22 @@ const LargeDocument large_documents[] = {
 
 struct Measured {
     int status = -1;
-    double seconds = 0;
+    double seconds = 0;    ///< of processor time, whatever else the machine does
     std::size_t peak = 0;  ///< bytes of resident memory
 };
 
 /// Runs `body` in a child process, whose exit status is what it returns, and measures it.
 Measured in_child(const std::function<int()>& body) {
-    const auto start = std::chrono::steady_clock::now();
     const pid_t child = fork();
     if (child == 0) _exit(body());
     int status = 0;
     rusage usage{};
     Measured measured;
     if (wait4(child, &status, 0, &usage) == child && WIFEXITED(status)) measured.status = WEXITSTATUS(status);
-    measured.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / million;
+    };
+    measured.seconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
     measured.peak = static_cast<std::size_t>(usage.ru_maxrss) * 1024;
     return measured;
 }
@@ -153,7 +154,7 @@ TEST_P(LargeDocuments, AreExportedInBoundedMemoryAndTime) {
     if (!sanitized) {
         EXPECT_LE(multiple, large.most_memory) << run.peak / mebibyte << " MiB";
     }
-    EXPECT_LE(run.seconds, 60);
+    EXPECT_LE(run.seconds, sanitized ? 90 : 30);
 
     const std::string written = text_of(std::filesystem::directory_iterator(out)->path());
     const std::string first = file_head() + line_of(1, "Kurs EUR (Geld)", "0,93", "0,94") + "\r\n";
