@@ -12,7 +12,6 @@
 namespace prot::faults {
 namespace {
 
-constexpr std::size_t million = 1000000;
 constexpr std::size_t mebibyte = 1 << 20;
 constexpr std::size_t kept_pages = 8'000 * 1024;  // of the database, however large a document is
 
@@ -21,6 +20,9 @@ constexpr bool sanitized = true;  // every allocation is larger then, and freed 
 #else
 constexpr bool sanitized = false;
 #endif
+
+/// A million; a fifth of it under the sanitizers, which look for other faults than size and take their time.
+constexpr std::size_t many = sanitized ? 200'000 : 1'000'000;
 
 std::string repeated(std::size_t times, const std::string& text) {
     std::string result;
@@ -50,15 +52,15 @@ void PrintTo(const LargeDocument& large, std::ostream* out) { *out << large.why;
 // clang-format off
 const LargeDocument large_documents[] = {
     {"Value", "one value of 100 MB is copied from the database to the file",
-     [] { return one_value(std::string(100 * million, 'x')); }, 1, true, 8},
+     [] { return one_value(std::string(100 * many, 'x')); }, 1, true, 8},
     {"QuotedValue", "100 MB of double quotes are 200 MB in the file",
-     [] { return one_value(std::string(100 * million, '"')); }, 1, true, 8},
+     [] { return one_value(std::string(100 * many, '"')); }, 1, true, 8},
     {"References", "a reference of nine bytes is one character",
-     [] { return one_value(repeated(5 * million, "&#x1F600;")); }, 1, true, 8},
+     [] { return one_value(repeated(5 * many, "&#x1F600;")); }, 1, true, 8},
     {"Columns", "a million columns are a million lines",
-     [] { return "<Cols>" + repeated(million, column) + "</Cols>"; }, million, true, 8},
+     [] { return "<Cols>" + repeated(many, column) + "</Cols>"; }, many, true, 8},
     {"EmptyColumns", "the smallest columns there are take the largest multiple",
-     [] { return "<Cols>" + repeated(million, "<Col/>") + "</Cols>"; }, 0, true, 20},
+     [] { return "<Cols>" + repeated(many, "<Col/>") + "</Cols>"; }, 0, true, 20},
     {"ColumnNames", "each name is looked up, and counted as one without caption",
      [] {
          std::string document = "<Cols>";
@@ -66,21 +68,21 @@ const LargeDocument large_documents[] = {
          return document + "</Cols>";
      }, 0, true, 25},
     {"Depth", "a depth of a million does not use up the stack",
-     [] { return one_value(repeated(million, "<a>") + repeated(million, "</a>")); }, 1, true, 14},
+     [] { return one_value(repeated(many, "<a>") + repeated(many, "</a>")); }, 1, true, 14},
     {"DepthWithoutEnd", "nor does one that never ends",
-     [] { return repeated(million, "<a>"); }, 0, false, 9},
+     [] { return repeated(many, "<a>"); }, 0, false, 9},
     {"Attributes", "a million attributes of one element are compared with each other",
      [] {
          std::string document = "<Cols><Col";
-         for (std::size_t i = 0; i < million; ++i) document += " a" + std::to_string(i) + "=\"\"";
+         for (std::size_t i = 0; i < many; ++i) document += " a" + std::to_string(i) + "=\"\"";
          return document + "/></Cols>";
      }, 0, true, 9},
     {"SameAttributes", "a million attributes of one name are one too many",
-     [] { return "<Cols><Col" + repeated(million, " a=\"\"") + "/></Cols>"; }, 0, false, 8},
+     [] { return "<Cols><Col" + repeated(many, " a=\"\"") + "/></Cols>"; }, 0, false, 8},
     {"Comments", "comments part a value into a million pieces",
-     [] { return one_value(repeated(million, "x<!---->")); }, 1, true, 13},
+     [] { return one_value(repeated(many, "x<!---->")); }, 1, true, 13},
     {"Unclosed", "100 MB of a comment that does not end",
-     [] { return "<Cols><!--" + std::string(100 * million, 'x'); }, 0, false, 8},
+     [] { return "<Cols><!--" + std::string(100 * many, 'x'); }, 0, false, 8},
 };
 // clang-format on
 
@@ -99,7 +101,7 @@ Measured in_child(const std::function<int()>& body) {
     Measured measured;
     if (wait4(child, &status, 0, &usage) == child && WIFEXITED(status)) measured.status = WEXITSTATUS(status);
     const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / million;
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
     };
     measured.seconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
     measured.peak = static_cast<std::size_t>(usage.ru_maxrss) * 1024;
@@ -154,7 +156,7 @@ TEST_P(LargeDocuments, AreExportedInBoundedMemoryAndTime) {
     if (!sanitized) {
         EXPECT_LE(multiple, large.most_memory) << run.peak / mebibyte << " MiB";
     }
-    EXPECT_LE(run.seconds, sanitized ? 90 : 30);
+    EXPECT_LE(run.seconds, 30);
 
     const std::string written = text_of(std::filesystem::directory_iterator(out)->path());
     const std::string first = file_head() + line_of(1, "Kurs EUR (Geld)", "0,93", "0,94") + "\r\n";
