@@ -124,12 +124,10 @@ void ProtAuswFrmFilter::mShowKontorahmen() try {
     fail("mShowKontorahmen");
 }
 
-void ProtAuswFrmFilter::optStandard_Click() {
-    mRahmenFuellen();
-    mShowKontorahmen();
-}
+void ProtAuswFrmFilter::optStandard_Click() { kind_chosen(); }
+void ProtAuswFrmFilter::optKanzlei_Click() { kind_chosen(); }
 
-void ProtAuswFrmFilter::optKanzlei_Click() {
+void ProtAuswFrmFilter::kind_chosen() {
     mRahmenFuellen();
     mShowKontorahmen();
 }

@@ -41,6 +41,7 @@ private:
 
     void optStandard_Click();
     void optKanzlei_Click();
+    void kind_chosen();
     void cboRahmenArt_Change();
     void cboAenderungen_Change();
     void cmdOK_Click();
