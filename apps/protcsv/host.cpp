@@ -3,7 +3,7 @@
 #include "apps/protcsv/console/interruption.h"
 #include "platform/portable/files/paths.h"
 #include "platform/portable/sqlite/sqlite_database.h"
-#include "platform/portable/xml/pugi_document_reader.h"
+#include "platform/portable/xml/document_reader.h"
 
 namespace prot {
 
@@ -26,7 +26,7 @@ Environment Host::environment() {
 std::unique_ptr<CsvWriter> Host::create_csv_writer() { return std::make_unique<CsvFileWriter>(csv_, *this); }
 
 std::unique_ptr<ChangeDocumentReader> Host::create_change_document_reader() {
-    return create_pugi_document_reader();
+    return create_document_reader();
 }
 
 std::unique_ptr<ErrorDisplay> Host::create_error_display() { return displays_.create_error_display(); }

@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "platform/portable/help/help_topics.h"
-#include "platform/portable/xml/pugi_document_reader.h"
+#include "platform/portable/xml/document_reader.h"
 #include "platform/windows/host/suite_components.h"
 #include "platform/windows/system/browser_help_display.h"
 #include "platform/windows/system/finished_file.h"
@@ -72,7 +72,7 @@ std::unique_ptr<CsvWriter> ServerHost::create_csv_writer() {
 }
 
 std::unique_ptr<ChangeDocumentReader> ServerHost::create_change_document_reader() {
-    return create_pugi_document_reader();
+    return create_document_reader();
 }
 std::unique_ptr<ErrorDisplay> ServerHost::create_error_display() { return suite_error_display(); }
 std::unique_ptr<HelpDisplay> ServerHost::create_help_display() {

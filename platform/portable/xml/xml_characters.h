@@ -13,27 +13,28 @@ namespace prot::xml {
 
 /// What a single ASCII byte may be. Bytes from 0x80 have no class: their characters are decoded.
 enum ByteClass : std::uint8_t {
-    plain_text = 1,   // stands for itself in character data
+    plain_text = 1,   // stands for itself in character data, wherever it stands
     plain_value = 2,  // stands for itself in an attribute value of either quote
     plain_body = 4,   // ends no comment, CDATA section or processing instruction
     white_space = 8,
     name_start = 16,
     name_part = 32,
+    name_end = 64,  // may follow the name in a tag
 };
 
 constexpr std::uint8_t classes_of(char byte) {
     const bool space = byte == ' ' || byte == '\t' || byte == '\n' || byte == '\r';
     if (!is_ascii(byte) || (byte < 0x20 && !space)) return 0;
-    const std::string_view not_in_text = "<&]";
-    const std::string_view not_in_value = "<&\"'";
+    const std::string_view not_in_text = "<&]\r";
+    const std::string_view not_in_value = "<&\"'\t\n\r";
     const std::string_view not_in_body = "-]?";
     const auto among = [byte](std::string_view set) { return set.find(byte) != std::string_view::npos; };
     const bool starts_name = is_ascii_letter(byte) || byte == '_' || byte == ':';
     const bool continues_name = starts_name || is_ascii_digit(byte) || byte == '-' || byte == '.';
-    return static_cast<std::uint8_t>((among(not_in_text) ? 0 : plain_text) |
-                                     (among(not_in_value) ? 0 : plain_value) |
-                                     (among(not_in_body) ? 0 : plain_body) | (space ? white_space : 0) |
-                                     (starts_name ? name_start : 0) | (continues_name ? name_part : 0));
+    return static_cast<std::uint8_t>(
+        (among(not_in_text) ? 0 : plain_text) | (among(not_in_value) ? 0 : plain_value) |
+        (among(not_in_body) ? 0 : plain_body) | (space ? white_space : 0) | (starts_name ? name_start : 0) |
+        (continues_name ? name_part : 0) | (space || byte == '/' || byte == '>' ? name_end : 0));
 }
 
 inline constexpr std::array<std::uint8_t, 256> byte_classes = [] {

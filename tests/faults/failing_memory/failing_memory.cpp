@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 #include <new>
-#include <pugixml.hpp>
 
 namespace prot::faults {
 
@@ -23,7 +22,6 @@ void* counted(void* block) {
     return block;
 }
 
-void* allocate_xml(std::size_t size) { return fails(Memory::xml) ? nullptr : counted(std::malloc(size)); }
 void free_block(void* block) {
     if (block != nullptr) --live;
     std::free(block);
@@ -54,8 +52,7 @@ bool FailingMemory::reached() const { return plan.reached(); }
 
 std::ptrdiff_t live_blocks() { return live; }
 
-void take_over_library_memory() {
-    pugi::set_memory_management_functions(allocate_xml, free_block);
+void take_over_sqlite_memory() {
     if (sqlite_memory.xMalloc != nullptr) return;
     sqlite3_config(SQLITE_CONFIG_GETMALLOC, &sqlite_memory);
     sqlite3_mem_methods methods = sqlite_memory;

@@ -4,11 +4,11 @@
 
 #include "tests/faults/support/fault_plan.h"
 
-/// The memory of this test program: operator new, the XML library's and SQLite's allocations pass here. Each
-/// counts what is allocated and not yet freed; while a FailingMemory lives, one of them fails as told.
+/// The memory of this test program: operator new and SQLite's allocations pass here. Each counts what is
+/// allocated and not yet freed; while a FailingMemory lives, one of them fails as told.
 namespace prot::faults {
 
-enum class Memory { cpp, xml, sqlite };
+enum class Memory { cpp, sqlite };
 
 /// Allocations of `memory` fail by a plan while it lives. One at a time.
 class FailingMemory {
@@ -21,10 +21,10 @@ public:
     bool reached() const;
 };
 
-/// How many blocks of all three are allocated.
+/// How many blocks of both are allocated.
 std::ptrdiff_t live_blocks();
 
-/// Lets the XML library and SQLite allocate here; before anything else is asked of SQLite.
-void take_over_library_memory();
+/// Lets SQLite allocate here; before anything else is asked of it.
+void take_over_sqlite_memory();
 
 }  // namespace prot::faults

@@ -25,8 +25,6 @@ constexpr MemoryFault memory_faults[] = {
      Memory::cpp, Failing::once, "UTF-8", 1000},
     {"FromThenOn", "no memory is left for the report either",
      Memory::cpp, Failing::from_then_on, "UTF-8", 1000},
-    {"XmlOnce", "the nodes of one document do not fit", Memory::xml, Failing::once, "UTF-8", 2},
-    {"XmlFromThenOn", "nor do those of any other", Memory::xml, Failing::from_then_on, "UTF-8", 2},
     {"SqliteOnce", "an answer may come back without its texts", Memory::sqlite, Failing::once, "UTF-8", 300},
     {"SqliteFromThenOn", "nothing is answered any more",
      Memory::sqlite, Failing::from_then_on, "UTF-8", 300},
@@ -38,11 +36,11 @@ constexpr MemoryFault memory_faults[] = {
 // clang-format on
 
 /// SQLite's memory is taken over before the base opens its first database.
-struct LibraryMemory {
-    LibraryMemory() { take_over_library_memory(); }
+struct SqliteMemory {
+    SqliteMemory() { take_over_sqlite_memory(); }
 };
 
-class MemoryFaults : private LibraryMemory, public WholeRun, public testing::WithParamInterface<MemoryFault> {
+class MemoryFaults : private SqliteMemory, public WholeRun, public testing::WithParamInterface<MemoryFault> {
 protected:
     MemoryFaults() {
         std::filesystem::remove(log.file());
@@ -116,16 +114,8 @@ TEST_P(DeletionMemoryFaults, ClaimNothingAndLeaveNoBlockBehind) {
 
 std::string name_of(const testing::TestParamInfo<MemoryFault>& fault) { return fault.param.name; }
 
-/// A deletion reads no change document.
-std::vector<MemoryFault> without_xml() {
-    std::vector<MemoryFault> faults;
-    for (const MemoryFault& fault : memory_faults)
-        if (fault.memory != Memory::xml) faults.push_back(fault);
-    return faults;
-}
-
 INSTANTIATE_TEST_SUITE_P(Cases, MemoryFaults, testing::ValuesIn(memory_faults), name_of);
-INSTANTIATE_TEST_SUITE_P(Cases, DeletionMemoryFaults, testing::ValuesIn(without_xml()), name_of);
+INSTANTIATE_TEST_SUITE_P(Cases, DeletionMemoryFaults, testing::ValuesIn(memory_faults), name_of);
 
 }  // namespace
 }  // namespace prot::faults

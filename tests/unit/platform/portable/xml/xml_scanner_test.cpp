@@ -1,13 +1,44 @@
-#include "platform/portable/xml/xml_well_formed.h"
+#include "platform/portable/xml/xml_scanner.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace prot {
+#include "platform/portable/xml/xml_text.h"
+
+namespace prot::xml {
 namespace {
 
 using namespace std::string_literals;
+
+/// What the scanner tells, in a line of its own each; texts resolved.
+struct Record {
+    void begin_element(std::string_view name) { told.append("begin ").append(name) += '\n'; }
+    void attribute(std::string_view name, Stretch value) {
+        told.append("attribute ").append(name) += '=';
+        append_text(told, value);
+        told += '\n';
+    }
+    void text(Stretch text) {
+        told += "text ";
+        append_text(told, text);
+        told += '\n';
+    }
+    void end_element() { told += "end\n"; }
+
+    std::string told;
+};
+
+bool is_well_formed(const std::string& document) {
+    Record record;
+    return Scanner(record).scan(document);
+}
+
+std::string told_of(const std::string& document) {
+    Record record;
+    EXPECT_TRUE(Scanner(record).scan(document)) << document;
+    return record.told;
+}
 
 struct Document {
     const char* why;
@@ -40,6 +71,8 @@ const Document strict_documents[] = {
     {"many attributes", "<a b='' c='' d='' B='' bb=''/>"},
     {"the same attribute in different elements", "<a b=''><c b='' d=''/></a>"},
     {"depth", "<a><b><c/></b><b></b></a>"},
+    {"end tags of elements with attributes", "<a b=''><c\td=''></c></a>"},
+    {"elements of names that begin alike", "<a><aa></aa><a></a></a>"},
     {"a text longer than any block", "<a>" + std::string(1000, 'x') + "</a>"},
 };
 
@@ -151,35 +184,106 @@ const Document refused_documents[] = {
     {"a lone <", "<"},
     {"a lone </", "<a></"},
     {"a lone <!", "<a><!"},
+    {"the end tag of another element", "<a></b>"},
+    {"an end tag of other letter case", "<a></A>"},
+    {"an end tag that is longer", "<a></ab>"},
+    {"an end tag that is shorter", "<ab></a>"},
+    {"an end tag that is shorter, with a blank", "<ab></a >"},
+    {"an end tag that differs at its end", "<äb></äc>"},
+    {"an end tag that differs in the middle of a character", "<ä></ö>"},
+    {"an end tag that goes on beyond ASCII", "<a></aä>"},
+    {"an end tag that goes on like the start tag does", "<a b=''></a b=''>"},
+    {"an end tag with a slash, as the start tag's end", "<a><b/></b/></a>"},
+    {"elements that overlap", "<a><b></a></b>"},
+    {"the end tag of the element around it", "<a><b></a>"},
+    {"an end tag behind one of the same name", "<a><a></a></b>"},
 };
 
-TEST(XmlWellFormed, TakesWhatTheGrammarAllows) {
+TEST(XmlScanner, TakesWhatTheGrammarAllows) {
     for (const Document& document : strict_documents) {
-        EXPECT_TRUE(is_strict_xml(document.text)) << document.why;
+        EXPECT_TRUE(is_well_formed(document.text)) << document.why;
     }
 }
 
-TEST(XmlWellFormed, RefusesWhatTheGrammarForbids) {
+TEST(XmlScanner, RefusesWhatTheGrammarForbids) {
     for (const Document& document : refused_documents) {
-        EXPECT_FALSE(is_strict_xml(document.text)) << document.why;
+        EXPECT_FALSE(is_well_formed(document.text)) << document.why;
     }
 }
 
-TEST(XmlWellFormed, RefusesEveryTruncationOfADocument) {
+TEST(XmlScanner, RefusesEveryTruncationOfADocument) {
     const std::string whole =
-        "\xEF\xBB\xBF<?xml version='1.0'?><!--c--><ä b='&#65;ß'>x&lt;y<![CDATA[z]]><?p q?></ä>";
-    ASSERT_TRUE(is_strict_xml(whole));
+        "\xEF\xBB\xBF<?xml version='1.0' encoding=\"UTF-8\" standalone='no'?><!--c-->\r\n<ä b='&#65;ß' c\t= "
+        "\"\r\"\n>"
+        "x&lt;y<![CDATA[]z]]]>]<?p q?><!-- - --><b ><c d=''/></b\t>&#x20AC;</ä>";
+    ASSERT_TRUE(is_well_formed(whole));
     for (std::size_t length = 0; length < whole.size(); ++length) {
-        EXPECT_FALSE(is_strict_xml(whole.substr(0, length))) << length;
+        EXPECT_FALSE(is_well_formed(whole.substr(0, length))) << length;
     }
 }
 
-TEST(XmlWellFormed, FindsADoubleAmongAHundredThousandAttributesInNoTime) {
+TEST(XmlScanner, TellsOfElementsAttributesAndTextInDocumentOrder) {
+    EXPECT_EQ(told_of("<a b='1' c=\"2\">x<d/>y<e f=''>z</e></a>"),
+              "begin a\nattribute b=1\nattribute c=2\ntext x\nbegin d\nend\ntext y\nbegin e\nattribute f=\n"
+              "text z\nend\nend\n");
+}
+
+TEST(XmlScanner, TellsOfNothingElse) {
+    EXPECT_EQ(told_of("\xEF\xBB\xBF<?xml version='1.0'?> <!--c--><?p i?><a><!--c--><?p i?></a> <!--c-->"),
+              "begin a\nend\n");
+}
+
+TEST(XmlScanner, TellsOfEachCdataSectionByItself) {
+    EXPECT_EQ(told_of("<a>x<![CDATA[<&lt;>]]><![CDATA[y]]>]]</a>"),
+              "begin a\ntext x\ntext <&lt;>\ntext y\ntext ]]\nend\n");
+}
+
+TEST(XmlScanner, TellsOfNoEmptyText) {
+    EXPECT_EQ(told_of("<a><![CDATA[]]><b></b><!-- --><![CDATA[]]></a>"), "begin a\nbegin b\nend\nend\n");
+}
+
+TEST(XmlScanner, TellsWhichTextStandsAsItIs) {
+    struct Forms {
+        void begin_element(std::string_view) {}
+        void attribute(std::string_view, Stretch value) { seen.push_back(value.form); }
+        void text(Stretch text) { seen.push_back(text.form); }
+        void end_element() {}
+        std::vector<Form> seen;
+    };
+    const struct {
+        const char* document;
+        Form form;
+    } rows[] = {
+        {"<a>x ä\n\t]></a>", Form::plain},      {"<a>x&lt;</a>", Form::character_data},
+        {"<a>x\r</a>", Form::character_data},   {"<a><![CDATA[x]]></a>", Form::cdata_section},
+        {"<a b='x ä\">'/>", Form::plain},       {"<a b='&#13;'/>", Form::attribute_value},
+        {"<a b='\r'/>", Form::attribute_value}, {"<a b='\n'/>", Form::attribute_value},
+        {"<a b='\t'/>", Form::attribute_value},
+    };
+    for (const auto& row : rows) {
+        Forms forms;
+        EXPECT_TRUE(Scanner(forms).scan(row.document)) << row.document;
+        EXPECT_EQ(forms.seen, std::vector<Form>{row.form}) << row.document;
+    }
+}
+
+TEST(XmlScanner, RemembersNoAttributeOfARefusedDocument) {
+    Record record;
+    Scanner scanner(record);
+    EXPECT_FALSE(scanner.scan("<a b='' c='' d"));
+    EXPECT_TRUE(scanner.scan("<a b='' c=''/>"));
+    EXPECT_FALSE(scanner.scan("<a><b><c"));
+    EXPECT_FALSE(scanner.scan("<a></a></b>"));
+    EXPECT_FALSE(scanner.scan("<a b='' c='' b=''/>"));
+    EXPECT_TRUE(scanner.scan("<a b='' c=''><d b=''/><e c='' b=''/></a>"));
+}
+
+TEST(XmlScanner, FindsADoubleAmongAHundredThousandAttributesInNoTime) {
     std::string document = "<a";
     for (int i = 0; i < 100'000; ++i) document += " n" + std::to_string(i) + "=''";
-    EXPECT_TRUE(is_strict_xml(document + "/>"));
-    EXPECT_FALSE(is_strict_xml(document + " n5=''/>"));
+    EXPECT_TRUE(is_well_formed(document + "/>"));
+    EXPECT_FALSE(is_well_formed(document + " n5=''/>"));
 }
 
 }  // namespace
-}  // namespace prot
+}  // namespace prot::xml
