@@ -1,5 +1,5 @@
-# The libraries of a Windows build. None has a mingw package: scripts/windows-libraries unpacks their Debian sources
-# and copies the header-only ones into a folder of their own, and they are compiled here.
+# The libraries of a Windows build. None has a mingw package: scripts/windows-libraries unpacks SQLite's Debian source,
+# which is compiled here, and copies the header-only ones into a folder of their own.
 
 set(PROT_WINDOWS_LIBRARIES "${CMAKE_SOURCE_DIR}/out/windows-libraries")
 enable_language(C)
@@ -10,15 +10,8 @@ target_include_directories(sqlite3 SYSTEM PUBLIC "${PROT_WINDOWS_LIBRARIES}/sqli
 target_compile_definitions(sqlite3 PRIVATE SQLITE_ENABLE_COLUMN_METADATA SQLITE_LIKE_DOESNT_MATCH_BLOBS
                                            SQLITE_SECURE_DELETE SQLITE_OMIT_LOAD_EXTENSION)
 add_library(SQLite::SQLite3 ALIAS sqlite3)
-
-add_library(pugixml STATIC "${PROT_WINDOWS_LIBRARIES}/pugixml/source/src/pugixml.cpp")
-target_include_directories(pugixml SYSTEM PUBLIC "${PROT_WINDOWS_LIBRARIES}/pugixml/source/src")
-add_library(pugixml::pugixml ALIAS pugixml)
-
-# Their assertions name their sources; no path of this machine in the products, as in our own targets.
-foreach(library IN ITEMS sqlite3 pugixml)
-    target_compile_options(${library} PRIVATE "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" -fstack-protector-strong)
-endforeach()
+# No path of this machine in the products, as in our own targets.
+target_compile_options(sqlite3 PRIVATE "-ffile-prefix-map=${CMAKE_SOURCE_DIR}/=" -fstack-protector-strong)
 
 foreach(name IN ITEMS CLI11 nlohmann_json)
     add_library(${name} INTERFACE)

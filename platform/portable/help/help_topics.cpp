@@ -1,10 +1,10 @@
 #include "platform/portable/help/help_topics.h"
 
-#include <pugixml.hpp>
 #include <system_error>
 
 #include "platform/portable/files/atomic_file.h"
 #include "platform/portable/help/page_text.h"
+#include "platform/portable/xml/xml_tree.h"
 
 namespace prot {
 
@@ -39,11 +39,11 @@ HelpTopics HelpTopics::of_program(const fs::path& folder) {
 
 std::optional<fs::path> HelpTopics::page(std::string_view map_file, std::string_view help_id) const {
     const std::optional<fs::path> map = file_in(folder_, map_file);
-    pugi::xml_document document;
-    if (!map || !document.load_file(map->c_str())) return std::nullopt;
-    for (const pugi::xml_node& topic : document.child("hilfe").children("thema"))
-        if (help_id == topic.attribute("id").value())
-            return file_in(folder_, topic.attribute("seite").value());
+    const std::optional<XmlNode> topics = map ? read_xml_tree(*map) : std::nullopt;
+    if (!topics || topics->name != "hilfe") return std::nullopt;
+    for (const XmlNode& topic : topics->children)
+        if (topic.name == "thema" && topic.attribute("id") == help_id)
+            return file_in(folder_, topic.attribute("seite"));
     return std::nullopt;
 }
 

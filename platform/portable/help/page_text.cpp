@@ -1,24 +1,22 @@
 #include "platform/portable/help/page_text.h"
 
 #include <algorithm>
-#include <pugixml.hpp>
 #include <string_view>
 #include <vector>
 
 #include "platform/automation/utf8.h"
+#include "platform/portable/xml/xml_tree.h"
 
 namespace prot {
 
 namespace {
 
-constexpr unsigned parse_options = pugi::parse_default | pugi::parse_ws_pcdata;
 constexpr std::string_view white_space = " \t\r\n";
 
 /// All text within `node`, white space as it stands.
-std::string content(const pugi::xml_node& node) {
-    std::string text;
-    for (const pugi::xml_node& child : node.children())
-        text += child.type() == pugi::node_element ? content(child) : child.value();
+std::string content(const XmlNode& node) {
+    std::string text = node.text;
+    for (const XmlNode& child : node.children) text += content(child);
     return text;
 }
 
@@ -42,14 +40,14 @@ class PageText {
 public:
     explicit PageText(std::size_t width) : width_(width) {}
 
-    void write_blocks(const pugi::xml_node& parent);
+    void write_blocks(const XmlNode& parent);
     const std::string& text() const { return text_; }
 
 private:
-    void write_heading(const pugi::xml_node& heading, char underline);
-    void write_paragraph(const pugi::xml_node& paragraph);
-    void write_list(const pugi::xml_node& list);
-    void write_table(const pugi::xml_node& table);
+    void write_heading(const XmlNode& heading, char underline);
+    void write_paragraph(const XmlNode& paragraph);
+    void write_list(const XmlNode& list);
+    void write_table(const XmlNode& table);
     void write_row(const std::vector<std::string>& headings, const std::vector<std::string>& cells);
 
     void begin_block();
@@ -59,14 +57,14 @@ private:
     std::string text_;
 };
 
-void PageText::write_blocks(const pugi::xml_node& parent) {
-    for (const pugi::xml_node& block : parent.children()) {
-        const std::string_view name = block.name();
+void PageText::write_blocks(const XmlNode& parent) {
+    for (const XmlNode& block : parent.children) {
+        const std::string_view name = block.name;
         if (name == "h1")
             write_heading(block, '=');
         else if (name == "h2")
             write_heading(block, '-');
-        else if (name == "p" || block.type() == pugi::node_pcdata || block.type() == pugi::node_cdata)
+        else if (name == "p" || !block.is_element())
             write_paragraph(block);
         else if (name == "ul" || name == "ol")
             write_list(block);
@@ -77,38 +75,39 @@ void PageText::write_blocks(const pugi::xml_node& parent) {
     }
 }
 
-void PageText::write_heading(const pugi::xml_node& heading, char underline) {
+void PageText::write_heading(const XmlNode& heading, char underline) {
     const std::string line = joined(content(heading));
     begin_block();
     text_ += line + '\n' + std::string(count_characters(line), underline) + '\n';
 }
 
-void PageText::write_paragraph(const pugi::xml_node& paragraph) {
-    const std::string text =
-        paragraph.type() == pugi::node_element ? content(paragraph) : std::string(paragraph.value());
+void PageText::write_paragraph(const XmlNode& paragraph) {
+    const std::string text = content(paragraph);
     if (words(text).empty()) return;
     begin_block();
     write_wrapped(text, "", 0);
 }
 
-void PageText::write_list(const pugi::xml_node& list) {
+void PageText::write_list(const XmlNode& list) {
     begin_block();
-    const bool numbered = std::string_view(list.name()) == "ol";
+    const bool numbered = list.name == "ol";
     std::size_t number = 0;
-    for (const pugi::xml_node& entry : list.children("li")) {
+    for (const XmlNode& entry : list.children) {
+        if (entry.name != "li") continue;
         const std::string mark = numbered ? std::to_string(++number) + ". " : "- ";
         write_wrapped(content(entry), mark, mark.size());
     }
 }
 
-void PageText::write_table(const pugi::xml_node& table) {
+void PageText::write_table(const XmlNode& table) {
     begin_block();
     std::vector<std::string> headings;
-    for (const pugi::xml_node& row : table.children("tr")) {
+    for (const XmlNode& row : table.children) {
+        if (row.name != "tr") continue;
         std::vector<std::string> cells;
-        for (const pugi::xml_node& cell : row.children())
-            if (cell.type() == pugi::node_element) cells.push_back(joined(content(cell)));
-        if (row.child("th"))
+        for (const XmlNode& cell : row.children)
+            if (cell.is_element()) cells.push_back(joined(content(cell)));
+        if (row.child("th") != nullptr)
             headings = cells;
         else
             write_row(headings, cells);
@@ -151,12 +150,11 @@ void PageText::write_wrapped(std::string_view text, std::string_view first_inden
 }  // namespace
 
 std::optional<std::string> page_text(const std::filesystem::path& page, std::size_t width) {
-    pugi::xml_document document;
-    if (!document.load_file(page.c_str(), parse_options)) return std::nullopt;
-    const pugi::xml_node body = document.child("html").child("body");
-    if (!body) return std::nullopt;
+    const std::optional<XmlNode> html = read_xml_tree(page);
+    const XmlNode* const body = html && html->name == "html" ? html->child("body") : nullptr;
+    if (body == nullptr) return std::nullopt;
     PageText text(width);
-    text.write_blocks(body);
+    text.write_blocks(*body);
     return text.text();
 }
 

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <iterator>
 #include <optional>
-#include <pugixml.hpp>
 #include <regex>
 #include <set>
 #include <string>
@@ -12,7 +11,7 @@
 
 #include "platform/automation/utf8.h"
 #include "platform/portable/help/help_topics.h"
-#include "platform/portable/xml/document_reader.h"
+#include "platform/portable/xml/xml_tree.h"
 #include "tests/unit/support/temporary_folder.h"
 
 /// The help that is delivered, docs/hilfe.
@@ -34,20 +33,44 @@ std::vector<fs::path> files(std::string_view extension) {
     return found;
 }
 
-pugi::xml_document load(const fs::path& file) {
-    pugi::xml_document document;
-    EXPECT_TRUE(document.load_file(file.c_str())) << file;
-    return document;
+XmlNode load(const fs::path& file) {
+    const std::optional<XmlNode> root = read_xml_tree(file);
+    EXPECT_TRUE(root) << file;
+    return root.value_or(XmlNode());
 }
 
-bool is_xml(const std::string& text) { return create_document_reader()->load(text); }
+/// The elements within `node`, at any depth, in document order.
+std::vector<const XmlNode*> elements_in(const XmlNode& node) {
+    std::vector<const XmlNode*> found;
+    for (const XmlNode& child : node.children) {
+        if (!child.is_element()) continue;
+        found.push_back(&child);
+        std::ranges::copy(elements_in(child), std::back_inserter(found));
+    }
+    return found;
+}
 
-std::vector<std::string> attributes(const fs::path& file, const char* query) {
-    const pugi::xml_document document = load(file);
+/// The elements of that name within `node`.
+std::vector<const XmlNode*> elements_in(const XmlNode& node, std::string_view name) {
+    std::vector<const XmlNode*> found = elements_in(node);
+    std::erase_if(found, [&](const XmlNode* element) { return element->name != name; });
+    return found;
+}
+
+/// The attributes of those names within `node`, at any depth, in document order.
+std::vector<std::string> attributes_in(const XmlNode& node, const std::set<std::string>& names) {
     std::vector<std::string> values;
-    for (const pugi::xpath_node& node : document.select_nodes(query))
-        values.emplace_back(node.attribute().value());
+    for (const XmlNode* element : elements_in(node))
+        for (const auto& [name, value] : element->attributes)
+            if (names.contains(name)) values.push_back(value);
     return values;
+}
+
+std::vector<std::string> map_attributes(const char* name) {
+    const XmlNode topics = load(help_folder() / map);
+    EXPECT_EQ(topics.name, "hilfe");
+    EXPECT_EQ(elements_in(topics, "thema").size(), elements_in(topics).size());
+    return attributes_in(topics, {name});
 }
 
 TEST(HelpPages, EachTopicHasAPageWithTitleAndText) {
@@ -77,16 +100,18 @@ TEST(HelpPages, EachTopicHasAPageWithTitleAndText) {
         EXPECT_GT(text.size(), 500u) << id;
         const std::optional<fs::path> page = topics.page(map, id);
         ASSERT_TRUE(page) << id;
-        EXPECT_STREQ(load(*page).child("html").child("head").child_value("title"), row.heading) << id;
+        const XmlNode html = load(*page);
+        const auto titles = elements_in(html, "title");
+        ASSERT_EQ(titles.size(), 1u) << id;
+        EXPECT_EQ(titles[0]->children.at(0).text, row.heading) << id;
     }
-    EXPECT_EQ(attributes(help_folder() / map, "/hilfe/thema/@id").size(), std::size(rows));
+    EXPECT_EQ(map_attributes("id").size(), std::size(rows));
 }
 
 TEST(HelpPages, EachTopicAndEachPageStandsInTheMapOnce) {
-    const fs::path file = help_folder() / map;
-    const std::vector<std::string> ids = attributes(file, "/hilfe/thema/@id");
+    const std::vector<std::string> ids = map_attributes("id");
     EXPECT_EQ(std::set<std::string>(ids.begin(), ids.end()).size(), ids.size());
-    std::vector<std::string> named = attributes(file, "/hilfe/thema/@seite"), present;
+    std::vector<std::string> named = map_attributes("seite"), present;
     for (const fs::path& page : files(".html")) present.push_back(page.filename().string());
     std::ranges::sort(named);
     std::ranges::sort(present);
@@ -100,18 +125,16 @@ TEST(HelpPages, EachPageIsWellFormedXmlInUtf8) {
         const std::string content = content_of(page);
         EXPECT_TRUE(is_valid_utf8(content)) << page;
         ASSERT_TRUE(content.starts_with(document_type)) << page;
-        EXPECT_TRUE(is_xml(content.substr(document_type.size()))) << page;
-        const pugi::xml_document document = load(page);
-        EXPECT_STREQ(document.select_node("/html/head/meta/@charset").attribute().value(), "utf-8") << page;
-        EXPECT_STREQ(document.child("html").attribute("lang").value(), "de") << page;
+        const XmlNode html = load(page);
+        EXPECT_EQ(attributes_in(html, {"charset"}), std::vector<std::string>{"utf-8"}) << page;
+        EXPECT_EQ(html.attribute("lang"), "de") << page;
     }
-    EXPECT_TRUE(is_xml(content_of(help_folder() / map)));
 }
 
 TEST(HelpPages, EachLinkLeadsToAFileOfTheHelp) {
     std::size_t links = 0;
     for (const fs::path& page : files(".html"))
-        for (const std::string& target : attributes(page, "//@href|//@src")) {
+        for (const std::string& target : attributes_in(load(page), {"href", "src"})) {
             ++links;
             EXPECT_EQ(target.find_first_of("/:"), std::string::npos) << page << ' ' << target;
             EXPECT_TRUE(fs::is_regular_file(help_folder() / target)) << page << ' ' << target;
@@ -123,11 +146,12 @@ TEST(HelpPages, KeepToTheElementsThatBecomePlainText) {
     const std::set<std::string> known = {"h1", "h2", "p",  "ul", "ol",   "li", "table",
                                          "tr", "th", "td", "b",  "code", "a"};
     for (const fs::path& page : files(".html")) {
-        const pugi::xml_document document = load(page);
-        for (const pugi::xpath_node& node : document.select_nodes("/html/body//*"))
-            EXPECT_TRUE(known.contains(node.node().name())) << page << ' ' << node.node().name();
-        for (const pugi::xpath_node& node : document.select_nodes("/html/head/*"))
-            EXPECT_STRNE(node.node().name(), "script") << page;
+        const XmlNode html = load(page);
+        const XmlNode* const body = html.child("body");
+        ASSERT_NE(body, nullptr) << page;
+        for (const XmlNode* element : elements_in(*body))
+            EXPECT_TRUE(known.contains(element->name)) << page << ' ' << element->name;
+        EXPECT_TRUE(elements_in(html, "script").empty()) << page;
     }
 }
 
