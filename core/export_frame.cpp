@@ -33,20 +33,24 @@ private:
 };
 
 /// Tells a parent how far the records are, in the host's own numbers; the largest there is stands for those
-/// beyond.
+/// beyond. Where there are more records than expected, the last ones stand at the end.
 class RecordProgress {
 public:
-    RecordProgress(ProgressParent* parent, const RowSource& rows, LineRules::ProgressEnd end)
-        : parent_(parent), next_(rows.first_number()), end_(number(end_of(rows, end))) {}
+    RecordProgress(ProgressParent* parent, LogRows& rows, LineRules::ProgressEnd end) : parent_(parent) {
+        if (!parent_) return;
+        next_ = rows.first_number();
+        end_ = end_of(rows, end);
+    }
 
     void begin_record() {
-        if (parent_) parent_->gSetFortschritt(number(next_), end_);
+        if (!parent_) return;
+        parent_->gSetFortschritt(number(std::min(next_, end_)), number(end_));
         ++next_;
     }
 
 private:
-    static std::int64_t end_of(const RowSource& rows, LineRules::ProgressEnd end) {
-        const std::int64_t behind_last = rows.first_number() + rows.count();
+    static std::int64_t end_of(LogRows& rows, LineRules::ProgressEnd end) {
+        const std::int64_t behind_last = rows.first_number() + rows.expected_count();
         if (end == LineRules::ProgressEnd::row_count) return behind_last;
         return std::max<std::int64_t>(behind_last - 1, 1);
     }
@@ -56,8 +60,8 @@ private:
     }
 
     ProgressParent* parent_;
-    std::int64_t next_;
-    std::int32_t end_;
+    std::int64_t next_ = 0;
+    std::int64_t end_ = 0;
 };
 
 }  // namespace
@@ -84,10 +88,11 @@ ExportFrame::ExportFrame(Run& run, ProgressParent* poParent, SectionLines& secti
       head_(head),
       line_(head.captions.size() + common_captions.size()) {}
 
-bool ExportFrame::write_file(CsvWriter& writer, bool ask_user, std::string& file_name, RowSource& rows) {
+bool ExportFrame::write_file(CsvWriter& writer, bool ask_user, std::string& file_name, LogRows& rows) {
     rows.require_log_columns();
     ScreenPointer& pointer = run_.environment.screen_pointer;
     pointer.set(Pointer::standard);
+    if (ask_user) rows.release();
     if (!writer.open(file_name, ask_user)) return false;
     pointer.set(Pointer::hourglass);
     if (parent_) parent_->gRefresh();
@@ -112,7 +117,7 @@ void ExportFrame::write_head(CsvWriter& writer) {
     writer.write_line(line_.cells());
 }
 
-void ExportFrame::write_records(CsvWriter& writer, RowSource& rows) {
+void ExportFrame::write_records(CsvWriter& writer, LogRows& rows) {
     const Lookups lookups(run_.oDBU);
     ChangeDocument document(run_.environment);
     RecordProgress progress(parent_, rows, rules_.progress_end);

@@ -10,7 +10,7 @@
 #include "core/change_document.h"
 #include "core/changed_field.h"
 #include "core/csv_line.h"
-#include "core/row_source.h"
+#include "core/log_rows.h"
 #include "core/run.h"
 #include "platform/csv_writer.h"
 #include "platform/progress_parent.h"
@@ -92,13 +92,13 @@ public:
     ExportFrame(Run& run, ProgressParent* poParent, SectionLines& section, const FileHead& head);
 
     /// Opens the file, writes its head and the lines of all records, and closes it. ask_user: the person may
-    /// change file_name. False when the person cancels; then nothing is written. Rows that lack a column of
-    /// the log: automation error 9, before a file is opened.
-    bool write_file(CsvWriter& writer, bool ask_user, std::string& file_name, RowSource& rows);
+    /// change file_name; nothing is held in the database meanwhile. False when the person cancels; then
+    /// nothing is written. Rows that lack a column of the log: automation error 9, before a file is opened.
+    bool write_file(CsvWriter& writer, bool ask_user, std::string& file_name, LogRows& rows);
 
 private:
     void write_head(CsvWriter& writer);
-    void write_records(CsvWriter& writer, RowSource& rows);
+    void write_records(CsvWriter& writer, LogRows& rows);
     void write_record(CsvWriter& writer, const LogRow& row, ChangeDocument& document);
     void fill_common_cells(const LogRow& row);
     void write_fields(CsvWriter& writer, const LogRow& row, ChangeDocument& document);

@@ -24,8 +24,8 @@ void SectionRun::gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::s
 }
 
 void SectionRun::export_rows(Run& run, const Names& names, const std::string& sql) {
-    ArrayRows rows(run.oDBU.query_array(sql));
-    if (rows.count() == 0) {
+    LogRows rows(run.oDBU.query_rows(sql));
+    if (rows.empty()) {
         report_no_data(gCSVFile, psCommandline, names.no_data, environment_);
         return;
     }
@@ -33,7 +33,7 @@ void SectionRun::export_rows(Run& run, const Names& names, const std::string& sq
     if (write_file(run, names, rows) && psCommandline.empty()) writer_->show();
 }
 
-bool SectionRun::write_file(Run& run, const Names& names, RowSource& rows) try {
+bool SectionRun::write_file(Run& run, const Names& names, LogRows& rows) try {
     const std::unique_ptr<SectionLines> section = lines(run);
     ExportFrame frame(run, poParent, *section, {filter_text_, names.captions});
     return frame.write_file(*writer_, psCommandline.empty(), gCSVFile, rows);

@@ -53,7 +53,7 @@ protected:
 
 private:
     void export_rows(Run& run, const Names& names, const std::string& sql);
-    bool write_file(Run& run, const Names& names, RowSource& rows);
+    bool write_file(Run& run, const Names& names, LogRows& rows);
 
     Environment& environment_;
     const std::string_view owner_;

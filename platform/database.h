@@ -1,11 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "platform/automation/date.h"
 #include "platform/automation/value.h"
 #include "platform/row_set.h"
+#include "platform/row_stream.h"
 
 namespace prot {
 
@@ -22,6 +24,13 @@ public:
 
     /// All rows, in the server's order; empty when no row came back.
     virtual RowSet query_array(std::string_view sql) = 0;
+
+    /// Sends a query whose rows are then read in batches; the caller reads them before it ends with the
+    /// database. The first rows may be fetched at once or by the first batch. A database that only has arrays
+    /// fetches all.
+    virtual std::unique_ptr<RowStream> query_rows(std::string_view sql) {
+        return std::make_unique<ArrayStream>(query_array(sql));
+    }
 
     /// Runs one statement or a batch of them, without a result.
     virtual void execute(std::string_view sql) = 0;

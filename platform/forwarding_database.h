@@ -12,6 +12,7 @@ public:
 
     Value query_value(std::string_view sql) override { return behind_.query_value(sql); }
     RowSet query_array(std::string_view sql) override { return behind_.query_array(sql); }
+    std::unique_ptr<RowStream> query_rows(std::string_view sql) override { return behind_.query_rows(sql); }
     void execute(std::string_view sql) override { behind_.execute(sql); }
     std::string date_literal(Date date) override { return behind_.date_literal(date); }
     std::string like_wildcard() override { return behind_.like_wildcard(); }

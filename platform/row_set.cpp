@@ -48,23 +48,38 @@ void RowSet::require_columns(std::size_t count) const {
 }
 
 void RowSet::add_row() {
-    if (rows_ == 0)
-        add_cells(first_rows);
-    else if (rows_ == first_rows)
-        widen_first_block();
-    else if (rows_ % rows_per_block == 0)
-        add_cells(rows_per_block);
-    last_row_ = blocks_.back().get() + (rows_ % rows_per_block) * columns_;
+    if (rows_ == room_) make_room();
+    last_row_ = blocks_[rows_ / rows_per_block].get() + (rows_ % rows_per_block) * columns_;
+    std::fill_n(last_row_, columns_, Cell());
     ++rows_;
 }
 
-void RowSet::add_cells(std::size_t rows) { blocks_.push_back(std::make_unique<Cell[]>(rows * columns_)); }
+void RowSet::clear() {
+    rows_ = 0;
+    text_bytes_ = 0;
+    blocks_.resize(std::min<std::size_t>(blocks_.size(), 1));
+    room_ = std::min(room_, rows_per_block);
+    recent_.clear();
+    keep_one_arena_block();
+}
+
+void RowSet::make_room() {
+    if (room_ == first_rows)
+        widen_first_block();
+    else
+        add_cells(room_ == 0 ? first_rows : rows_per_block);
+}
+
+void RowSet::add_cells(std::size_t rows) {
+    blocks_.push_back(std::make_unique<Cell[]>(rows * columns_));
+    room_ += rows;
+}
 
 void RowSet::widen_first_block() {
-    const auto narrow = std::move(blocks_.front());
-    blocks_.clear();
-    add_cells(rows_per_block);
-    std::copy_n(narrow.get(), first_rows * columns_, blocks_.front().get());
+    auto wide = std::make_unique<Cell[]>(rows_per_block * columns_);
+    std::copy_n(blocks_.front().get(), first_rows * columns_, wide.get());
+    blocks_.front() = std::move(wide);
+    room_ = rows_per_block;
     recent_.resize(columns_ * recent_slots);
 }
 
@@ -115,12 +130,26 @@ const char* RowSet::store(std::string_view text) {
         free_size_ -= text.size();
     }
     std::memcpy(place, text.data(), text.size());
+    text_bytes_ += text.size();
     return place;
 }
 
 char* RowSet::add_block(std::size_t size) {
-    arena_.push_back(std::make_unique_for_overwrite<char[]>(size));
-    return arena_.back().get();
+    arena_.push_back({std::make_unique_for_overwrite<char[]>(size), size});
+    return arena_.back().bytes.get();
+}
+
+void RowSet::keep_one_arena_block() {
+    const auto kept = std::ranges::max_element(
+        arena_, {}, [](const ArenaBlock& block) { return block.size > largest_block ? 0 : block.size; });
+    free_ = nullptr;
+    free_size_ = 0;
+    if (kept == arena_.end()) return;
+    std::swap(*kept, arena_.front());
+    arena_.erase(arena_.begin() + (arena_.front().size > largest_block ? 0 : 1), arena_.end());
+    if (arena_.empty()) return;
+    free_ = arena_.front().bytes.get();
+    free_size_ = arena_.front().size;
 }
 
 }  // namespace prot

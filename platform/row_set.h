@@ -45,8 +45,8 @@ private:
 };
 
 /// The result of a query: indexed (column, row), both from 0, in the server's order. Compact: 16 bytes a cell
-/// in blocks of rows, all texts in one arena, short texts that recur in a column mostly stored once. A result
-/// of a row or two, as lookups have, takes little. Move-only.
+/// in blocks of rows, all texts in one arena, short texts that recur in a column mostly stored once, until
+/// rows are first taken away. A result of a row or two, as lookups have, takes little. Move-only.
 class RowSet {
 public:
     RowSet() = default;
@@ -69,6 +69,12 @@ public:
         return blocks_[row / rows_per_block][(row % rows_per_block) * columns_ + column];
     }
 
+    /// Takes all rows away and keeps most of their room for the next ones. Their cells are gone.
+    void clear();
+
+    /// The size of all texts, in bytes.
+    std::size_t text_bytes() const { return text_bytes_; }
+
     /// Appends a row of Null; the calls below fill it.
     void add_row();
     void set(std::size_t column, std::int64_t integer) { cell(column) = Cell(integer); }
@@ -84,22 +90,31 @@ private:
     static constexpr std::size_t first_rows = 2;  // the first block starts with so many
     static constexpr std::size_t recent_slots = 64;
     std::string_view stored(std::size_t column, std::string_view text);
+    void make_room();
     void add_cells(std::size_t rows);
     void widen_first_block();
     Cell& cell(std::size_t column) { return last_row_[column]; }
     const char* store(std::string_view text);
     char* add_block(std::size_t size);
+    void keep_one_arena_block();
+
+    struct ArenaBlock {
+        std::unique_ptr<char[]> bytes;
+        std::size_t size;
+    };
 
     std::size_t columns_ = 0;
     std::size_t rows_ = 0;
+    std::size_t room_ = 0;  // for so many rows there are blocks
     std::int32_t first_row_ = 0;
     std::vector<std::unique_ptr<Cell[]>> blocks_;
     Cell* last_row_ = nullptr;
     std::vector<std::string_view> recent_;  // recent_slots short texts for each column, by a hash
-    std::vector<std::unique_ptr<char[]>> arena_;
+    std::vector<ArenaBlock> arena_;
     char* free_ = nullptr;
     std::size_t free_size_ = 0;
     std::size_t next_block_ = 1024;  // arena blocks grow up to a bound
+    std::size_t text_bytes_ = 0;
 };
 
 }  // namespace prot

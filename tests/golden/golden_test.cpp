@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <regex>
 #include <sstream>
 #include <string>
@@ -75,16 +76,19 @@ std::string rows_in(const fs::path& path, const std::string& table) {
     return rows;
 }
 
-/// The statements of a statement log, one a line.
+/// The statements of a statement log in the order of sending, one a line.
 std::string statements_of(const std::string& log) {
-    static const std::regex pattern("\"op\":\"(\\w+)\".*?\"sql\":\"((?:[^\"\\\\]|\\\\.)*)\"");
-    std::string statements;
+    static const std::regex pattern(
+        "\"nr\":(\\d+),\"op\":\"(\\w+)\".*?\"sql\":\"((?:[^\"\\\\]|\\\\.)*)\"");
+    std::map<int, std::string> by_number;
     std::istringstream lines(log);
     for (std::string line; std::getline(lines, line);) {
         std::smatch match;
         if (std::regex_search(line, match, pattern))
-            statements += match[1].str() + ": " + match[2].str() + "\n";
+            by_number[std::stoi(match[1])] += match[2].str() + ": " + match[3].str() + "\n";
     }
+    std::string statements;
+    for (const auto& [number, statement] : by_number) statements += statement;
     return statements;
 }
 

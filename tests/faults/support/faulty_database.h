@@ -22,6 +22,10 @@ public:
         pass(sql);
         return ForwardingDatabase::query_array(sql);
     }
+    std::unique_ptr<RowStream> query_rows(std::string_view sql) override {
+        pass(sql);
+        return std::make_unique<FaultyRows>(*this, sql, ForwardingDatabase::query_rows(sql));
+    }
     void execute(std::string_view sql) override {
         pass(sql);
         ForwardingDatabase::execute(sql);
@@ -44,6 +48,23 @@ public:
     }
 
 private:
+    class FaultyRows : public RowStream {
+    public:
+        FaultyRows(FaultyDatabase& database, std::string_view sql, std::unique_ptr<RowStream> behind)
+            : database_(database), sql_(sql), behind_(std::move(behind)) {}
+        const RowSet& next_batch() override {
+            database_.pass("rows of " + sql_);
+            return behind_->next_batch();
+        }
+        void release() override { behind_->release(); }
+        std::int64_t expected_rows() override { return behind_->expected_rows(); }
+
+    private:
+        FaultyDatabase& database_;
+        const std::string sql_;
+        const std::unique_ptr<RowStream> behind_;
+    };
+
     void pass(std::string_view call) {
         if (!faults_.statements.fails() && !lost_) return;
         lost_ = faults_.connection_fails;

@@ -7,6 +7,7 @@
 #include "core/event_names.h"
 #include "tests/unit/support/fakes.h"
 #include "tests/unit/support/log_record.h"
+#include "tests/unit/support/scripted_rows.h"
 
 namespace prot {
 namespace {
@@ -54,12 +55,15 @@ private:
     }
 };
 
+LogRows rows_from(RowSet rows) { return LogRows(std::make_unique<ArrayStream>(std::move(rows))); }
+
 class WrittenFile : public testing::Test {
 protected:
     test::FakeHost host;
     test::FakeDatabase oDBU;
     test::FakeParent parent;
     ScriptedLines section;
+    Calls database_calls;
     RowSet rows{log_columns};
 
     static RowSet rows_of(std::size_t columns, std::size_t count, std::int32_t first) {
@@ -69,13 +73,15 @@ protected:
         return rows;
     }
 
-    void write(RowSet whole) {
+    void write(RowSet whole) { write(rows_from(std::move(whole)), &parent); }
+    void write(LogRows&& records) { write(std::move(records), &parent); }
+    void write(LogRows&& records, ProgressParent* progress, bool ask_user = false) {
         prot::Run run{host.environment, oDBU};
         test::FakeCsvWriter writer(host.written);
         constexpr std::string_view captions[] = {"Schlüssel"};
         std::string file_name = "x.csv";
-        ArrayRows source(std::move(whole));
-        ExportFrame(run, &parent, section, {"Filter", captions}).write_file(writer, false, file_name, source);
+        ExportFrame(run, progress, section, {"Filter", captions})
+            .write_file(writer, ask_user, file_name, records);
     }
 
     /// Cells of the key, old and new value, of the lines below the head.
@@ -149,6 +155,58 @@ TEST_F(WrittenFile, TellsProgressInTheHostsOwnRowNumbers) {
         write(rows_of(log_columns, 2, row.first));
         EXPECT_EQ(parent.calls, row.calls);
     }
+}
+
+/// Rows in batches of one, of which a progress expects another number.
+LogRows scripted_records(std::size_t count, std::int64_t expected, Calls& calls) {
+    std::vector<test::ScriptedRows::Batch> batches(count);
+    for (test::ScriptedRows::Batch& batch : batches) {
+        batch.rows = RowSet(log_columns);
+        add_record(batch.rows, {.document = "doc"});
+    }
+    return LogRows(std::make_unique<test::ScriptedRows>(std::move(batches), calls, expected));
+}
+
+TEST_F(WrittenFile, NeverTellsMoreProgressThanItExpects) {
+    const struct {
+        std::int64_t expected;
+        Calls calls;
+        const char* why;
+    } cases[] = {
+        {4, {"gRefresh", "gSetFortschritt 0/4", "gSetFortschritt 1/4", "gSetFortschritt 2/4"}, "too many"},
+        {1, {"gRefresh", "gSetFortschritt 0/1", "gSetFortschritt 1/1", "gSetFortschritt 1/1"}, "too few"},
+        {0, {"gRefresh", "gSetFortschritt 0/0", "gSetFortschritt 0/0", "gSetFortschritt 0/0"}, "unknown"},
+    };
+    for (const auto& row : cases) {
+        parent.calls.clear();
+        write(scripted_records(3, row.expected, database_calls));
+        EXPECT_EQ(parent.calls, row.calls) << row.why;
+    }
+}
+
+TEST_F(WrittenFile, AsksHowManyRecordsAreExpectedOnlyForAProgress) {
+    write(scripted_records(1, 1, database_calls), nullptr);
+    EXPECT_EQ(database_calls, (Calls{"batch", "batch", "rows end"}));
+}
+
+TEST_F(WrittenFile, ReleasesTheRecordsWhileAPersonIsAskedForItsName) {
+    host.documents["doc"] = {{"A", "x", "y"}};
+    write(scripted_records(1, 1, database_calls), nullptr, true);
+    EXPECT_EQ(database_calls, (Calls{"batch", "release", "batch", "batch", "rows end"}));
+    EXPECT_EQ(written().size(), 1U);
+}
+
+TEST_F(WrittenFile, HasTheHeadAloneWhenTheRecordsAreGoneByTheTimeItHasAName) {
+    class GoneMeanwhile : public ArrayStream {
+    public:
+        using ArrayStream::ArrayStream;
+        void release() override {}
+    };
+    RowSet one(log_columns);
+    add_record(one, {.document = "doc"});
+    write(LogRows(std::make_unique<GoneMeanwhile>(std::move(one))), nullptr, true);
+    EXPECT_EQ(host.written.files.at(0).lines.size(), 2U);
+    EXPECT_TRUE(host.written.files.at(0).closed);
 }
 
 TEST_F(WrittenFile, IsNotOpenedForRowsThatLackAColumnOfTheLog) {
@@ -273,31 +331,17 @@ TEST_F(WrittenFile, KeepsTheLookupsOfTheRecordsInOneBracket) {
     prot::Run run{host.environment, database};
     test::FakeCsvWriter writer(host.written);
     std::string file_name = "x.csv";
-    ArrayRows none(rows_of(log_columns, 0, 0));
+    LogRows none = rows_from(rows_of(log_columns, 0, 0));
     ExportFrame(run, nullptr, section, {"", {}}).write_file(writer, false, file_name, none);
     EXPECT_EQ(database.statements, (Calls{"begin", "end", "connected?"}));
 
     database.statements.clear();
     RowSet broken(log_columns);
     add_record(broken, {.event = 9});
-    ArrayRows source(std::move(broken));
+    LogRows source = rows_from(std::move(broken));
     EXPECT_THROW(ExportFrame(run, nullptr, section, {"", {}}).write_file(writer, false, file_name, source),
                  AutomationError);
     EXPECT_EQ(database.statements, (Calls{"begin", "end"})) << "an error closes it too";
-}
-
-TEST(ArrayRows, HandsOverEachRecordOnceInOrder) {
-    RowSet two(log_columns);
-    two.set_first_row(1);
-    test::add_record(two, {.id = 5});
-    test::add_record(two, {.id = 6});
-    ArrayRows source(std::move(two));
-    EXPECT_EQ(source.first_number(), 1);
-    EXPECT_EQ(source.count(), 2);
-    EXPECT_EQ(source.next()->id(), 5);
-    EXPECT_EQ(source.next()->id(), 6);
-    EXPECT_EQ(source.next(), nullptr);
-    EXPECT_EQ(source.next(), nullptr) << "and stays at the end";
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include "core/ProtQRBCsvBas.h"
 #include "core/event_names.h"
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/log_record.h"
+#include "tests/unit/support/scripted_rows.h"
 #include "tests/unit/support/statements.h"
 
 namespace prot {
@@ -287,6 +289,50 @@ TEST_F(OneSection, PutsItsNamesIntoTheSourceOfAnError) {
         section.lines_fail = true;
         EXPECT_EQ(source_of_failed_run(), stamp + "Testserver\r\nProtTestClass." + loop + end);
         section.lines_fail = false;
+    }
+}
+
+/// A database whose records come one in a batch, or fail behind some.
+class StreamingDatabase : public TellingDatabase {
+public:
+    using TellingDatabase::TellingDatabase;
+    std::size_t good_batches = 0;
+
+    std::unique_ptr<RowStream> query_rows(std::string_view) override {
+        std::vector<test::ScriptedRows::Batch> batches(good_batches + 1);
+        for (test::ScriptedRows::Batch& batch : batches) {
+            batch.rows = RowSet(log_columns);
+            test::add_record(batch.rows, {.document = "doc"});
+        }
+        batches.back().failure = server_error("verbindung weg");
+        return std::make_unique<test::ScriptedRows>(std::move(batches), stream_calls);
+    }
+
+    Calls stream_calls;
+};
+
+TEST_F(OneSection, PutsItsWriterLoopIntoTheSourceOnlyWhenTheFirstRecordsWereThere) {
+    const std::string stamp = PROT_STAMP "|srvprotqrbcsv|Testserver";
+    const std::string end = "\r\nProtTestClass.gCSVAusgabe";
+    StreamingDatabase database(host.calls);
+    database.answers = oDBU.answers;
+    const struct {
+        std::size_t good_batches;
+        std::string source;
+        std::size_t files;
+    } rows[] = {{0, stamp + end, 0}, {1, stamp + "\r\nProtTestClass.mAusgabeCSV" + end, 1}};
+    for (const auto& row : rows) {
+        database.good_batches = row.good_batches;
+        section.psCommandline = "/autostart";
+        try {
+            section.gCSVAusgabe(database, 99, "Max", {}, {}, 7, para);
+            FAIL() << "the failure did not rise";
+        } catch (const AutomationError& error) {
+            EXPECT_EQ(error.source(), row.source);
+            EXPECT_EQ(error.description(), "verbindung weg");
+        }
+        EXPECT_EQ(host.written.files.size(), row.files);
+        EXPECT_EQ(host.written.files.empty() || !host.written.files.back().closed, true);
     }
 }
 

@@ -23,6 +23,10 @@ public:
         rows.add_row();
         return rows;
     }
+    std::unique_ptr<RowStream> query_rows(std::string_view sql) override {
+        call = "rows " + std::string(sql);
+        return nullptr;
+    }
     void execute(std::string_view sql) override { call = "execute " + std::string(sql); }
     std::string date_literal(Date date) override {
         call = "date " + std::to_string(date.serial);
@@ -45,6 +49,7 @@ TEST(ForwardingDatabase, HandsEveryOperationOnWithItsAnswer) {
     const std::vector<Row> rows = {
         {[](Database& database) { EXPECT_EQ(database.query_value("v"), Value("answer")); }, "value v"},
         {[](Database& database) { EXPECT_EQ(database.query_array("a").rows(), 1U); }, "array a"},
+        {[](Database& database) { EXPECT_EQ(database.query_rows("r"), nullptr); }, "rows r"},
         {[](Database& database) { database.execute("x"); }, "execute x"},
         {[](Database& database) { EXPECT_EQ(database.date_literal(Date{2.5}), "literal"); }, "date 2.500000"},
         {[](Database& database) { EXPECT_EQ(database.like_wildcard(), "*"); }, "wildcard"},

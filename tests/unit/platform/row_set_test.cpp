@@ -233,6 +233,44 @@ TEST(RowSet, RemembersShortTextsOnly) {
     }
 }
 
+TEST(RowSet, TakesNewRowsInTheRoomOfThoseTakenAway) {
+    RowSet rows(2);
+    const std::string long_text(300, 'x'), huge_text(3'000'000, 'y');
+    std::vector<const void*> places;
+    for (std::int64_t round = 0; round < 20; ++round) {
+        EXPECT_TRUE(rows.empty());
+        EXPECT_EQ(rows.text_bytes(), 0U);
+        for (std::int64_t row = 0; row < 600; ++row) {
+            rows.add_row();
+            ASSERT_TRUE(rows.at(0, static_cast<std::size_t>(row)).is_null()) << "nothing of an earlier round";
+            if (row != 7) rows.set(0, round * 1000 + row);
+            rows.set(1, std::string_view(long_text));
+        }
+        rows.add_row();
+        rows.set(1, std::string_view(huge_text));
+        EXPECT_TRUE(rows.at(0, 7).is_null());
+        EXPECT_EQ(rows.at(0, 599).integer(), round * 1000 + 599);
+        EXPECT_EQ(rows.at(1, 0).text(), long_text);
+        EXPECT_EQ(rows.at(1, 600).text(), huge_text);
+        EXPECT_EQ(rows.text_bytes(), 600 * long_text.size() + huge_text.size());
+        places.push_back(rows.at(1, 0).text().data());
+        rows.clear();
+    }
+    EXPECT_EQ(places[18], places[19]) << "the room is kept";
+}
+
+TEST(RowSet, TakesTheTextsOfEachRoundAsTheyAre) {
+    RowSet rows(1);
+    for (const char letter : {'a', 'b', 'c'}) {
+        rows.clear();
+        for (int row = 0; row < 5; ++row) {
+            rows.add_row();
+            rows.set(0, std::string_view(std::string(5, letter)));
+        }
+        for (std::size_t row = 0; row < 5; ++row) EXPECT_EQ(rows.at(0, row).text(), std::string(5, letter));
+    }
+}
+
 TEST(RowSet, KeepsBlocksOfRowsApart) {
     RowSet rows(3);
     for (std::int64_t row = 0; row < 1025; ++row) {

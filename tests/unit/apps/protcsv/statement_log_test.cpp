@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/unit/support/fakes.h"
+#include "tests/unit/support/scripted_rows.h"
 #include "tests/unit/support/temporary_folder.h"
 
 namespace prot {
@@ -43,9 +44,9 @@ TEST_F(StatementLogTest, WritesEveryStatementInOrderAsItWasGiven) {
     EXPECT_EQ(log.date_literal(Date{1}), database.date_literal(Date{1}));
     log.close();
     EXPECT_EQ(lines(), (std::vector<std::string>{
-                           R"({"op":"array","sql":"SELECT a","rows":2})",
-                           R"({"op":"value","sql":"SELECT v"})",
-                           R"({"op":"execute","sql":"DELETE \"ü\"\n"})",
+                           R"({"nr":1,"op":"array","sql":"SELECT a","rows":2})",
+                           R"({"nr":2,"op":"value","sql":"SELECT v"})",
+                           R"({"nr":3,"op":"execute","sql":"DELETE \"ü\"\n"})",
                        }));
 }
 
@@ -58,7 +59,8 @@ TEST_F(StatementLogTest, WritesAFailureBeforeItRisesAndKeepsItUnchanged) {
     } catch (const AutomationError& error) {
         EXPECT_EQ(error.source(), "Testserver");
     }
-    EXPECT_EQ(lines(), std::vector<std::string>{R"({"op":"array","sql":"SELECT x","error":"kaputt"})"});
+    EXPECT_EQ(lines(),
+              std::vector<std::string>{R"({"nr":1,"op":"array","sql":"SELECT x","error":"kaputt"})"});
 }
 
 TEST_F(StatementLogTest, SendsEachStatementOnce) {
@@ -70,11 +72,80 @@ TEST_F(StatementLogTest, SendsEachStatementOnce) {
               (std::vector<std::string>{"array: SELECT a", "value: SELECT v", "execute: DELETE x"}));
 }
 
+/// A database whose rows come in two batches; the second one may fail.
+class BatchedDatabase : public test::FakeDatabase {
+public:
+    bool fails = false;
+
+    std::unique_ptr<RowStream> query_rows(std::string_view sql) override {
+        if (const auto failure = failures.find(std::string(sql)); failure != failures.end())
+            throw failure->second;
+        std::vector<test::ScriptedRows::Batch> batches(2);
+        for (test::ScriptedRows::Batch& batch : batches) {
+            batch.rows = RowSet(1);
+            for (int row = 0; row < 2; ++row) batch.rows.add_row();
+        }
+        if (fails) batches[1].failure = test::server_error("kaputt");
+        return std::make_unique<test::ScriptedRows>(std::move(batches), statements, 77);
+    }
+};
+
+class RowsInTheLog : public StatementLogTest {
+protected:
+    BatchedDatabase batched;
+    StatementLog log{batched, path};
+    using Lines = std::vector<std::string>;
+};
+
+TEST_F(RowsInTheLog, AreOneLineWithTheLastOfThem) {
+    const auto rows = log.query_rows("SELECT r");
+    log.execute("DELETE x");
+    EXPECT_EQ(rows->next_batch().rows(), 2U);
+    EXPECT_EQ(rows->expected_rows(), 77);
+    rows->next_batch();
+    const std::string between = R"({"nr":2,"op":"execute","sql":"DELETE x"})";
+    EXPECT_EQ(lines(), Lines{between}) << "the last row is not known yet";
+    EXPECT_TRUE(rows->next_batch().empty());
+    rows->next_batch();
+    EXPECT_EQ(lines(), (Lines{between, R"({"nr":1,"op":"array","sql":"SELECT r","rows":4})"}));
+}
+
+TEST_F(RowsInTheLog, ThatAreReadAnewAreTheSameStatement) {
+    const auto rows = log.query_rows("SELECT r");
+    rows->next_batch();
+    rows->release();
+    while (!rows->next_batch().empty()) continue;
+    EXPECT_EQ(lines(), Lines{R"({"nr":1,"op":"array","sql":"SELECT r","rows":4})"});
+    EXPECT_EQ(batched.statements, (Lines{"batch", "release", "batch", "batch", "batch"}));
+}
+
+TEST_F(RowsInTheLog, AreWrittenDownWhenTheyAreGivenUp) {
+    log.query_rows("SELECT r")->next_batch();
+    const auto released = log.query_rows("SELECT s");
+    released->next_batch();
+    released->release();
+    log.query_rows("SELECT t").reset();
+    EXPECT_EQ(lines(), (Lines{R"({"nr":1,"op":"array","sql":"SELECT r","rows":2})",
+                              R"({"nr":3,"op":"array","sql":"SELECT t"})"}));
+}
+
+TEST_F(RowsInTheLog, ThatFailAreWrittenDownWithTheirError) {
+    batched.fails = true;
+    const auto rows = log.query_rows("SELECT r");
+    rows->next_batch();
+    EXPECT_THROW(rows->next_batch(), AutomationError);
+    EXPECT_THROW(rows->next_batch(), AutomationError);
+    batched.failures.emplace("SELECT s", test::server_error("gar nicht"));
+    EXPECT_THROW(log.query_rows("SELECT s"), AutomationError);
+    EXPECT_EQ(lines(), (Lines{R"({"nr":1,"op":"array","sql":"SELECT r","rows":2,"error":"kaputt"})",
+                              R"({"nr":2,"op":"array","sql":"SELECT s","error":"gar nicht"})"}));
+}
+
 TEST_F(StatementLogTest, ReplacesAnEarlierLog) {
     write_file(text_path(path), "{\"op\":\"alt\",\"ms\":1}\n");
     StatementLog log(database, path);
     log.execute("DELETE x");
-    EXPECT_EQ(lines(), std::vector<std::string>{R"({"op":"execute","sql":"DELETE x"})"});
+    EXPECT_EQ(lines(), std::vector<std::string>{R"({"nr":1,"op":"execute","sql":"DELETE x"})"});
 }
 
 /// Takes two milliseconds for a statement.
@@ -107,7 +178,7 @@ TEST_F(StatementLogTest, WritesHowManyMillisecondsAStatementTook) {
 TEST_F(StatementLogTest, ReplacesBytesThatAreNotUtf8) {
     StatementLog log(database, path);
     log.execute("\xFF");
-    EXPECT_EQ(lines(), std::vector<std::string>{"{\"op\":\"execute\",\"sql\":\"\uFFFD\"}"});
+    EXPECT_EQ(lines(), std::vector<std::string>{"{\"nr\":1,\"op\":\"execute\",\"sql\":\"\uFFFD\"}"});
 }
 
 TEST_F(StatementLogTest, AsksForTheConnectionBehindIt) {
