@@ -110,7 +110,8 @@ public:
         if (!options_.statement_log.empty()) require_own_file(options_);
         const auto access =
             options_.command == Command::delete_log ? SqliteAccess::read_write : SqliteAccess::read_only;
-        const std::unique_ptr<Database> database = open_sqlite_database(options_.database, access);
+        const auto reading = options_.threads > 1 ? SqliteReading::ahead : SqliteReading::on_demand;
+        const std::unique_ptr<Database> database = open_sqlite_database(options_.database, access, reading);
         if (options_.command != Command::delete_log) require_folder(options_.csv.folder);
         WholeStatements whole(*database);
         if (options_.statement_log.empty()) {

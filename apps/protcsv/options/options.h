@@ -32,6 +32,7 @@ struct Options {
     CsvFileOptions csv;
     std::string statement_log;           ///< file; empty: none
     std::optional<std::string> answers;  ///< file of prepared answers, "-" for standard input
+    int threads = 2;                     ///< 2: rows are read ahead; 1: all in turn
     bool plain = false;
     bool quiet = false;
     bool yes = false;

@@ -24,6 +24,12 @@ public:
     /// when it is one. The text is valid until the next row.
     Cell read(std::size_t column) const;
 
+    /// Appends the row.
+    void append_row(RowSet& rows) const {
+        rows.add_row();
+        for (std::size_t column = 0; column < columns(); ++column) rows.set(column, read(column));
+    }
+
 private:
     sqlite3_stmt* statement_;
     std::vector<char> is_date_;  // per column

@@ -5,31 +5,22 @@
 #include "platform/portable/sqlite/sqlite_cells.h"
 #include "platform/portable/sqlite/sqlite_connection.h"
 #include "platform/portable/sqlite/sqlite_problem.h"
+#include "platform/portable/sqlite/sqlite_row_stream.h"
 #include "platform/portable/sqlite/sqlite_statements.h"
 #include "platform/portable/sqlite/sqlite_temporary_table.h"
 #include "platform/portable/tsql/tsql_dialect.h"
-#include "platform/portable/tsql/tsql_refusal.h"
 
 namespace prot {
 
 namespace {
 
-TsqlStatement single_query(std::string_view sql) {
-    std::vector<TsqlStatement> statements = translate_tsql(sql);
-    for (const TsqlStatement& statement : statements)
-        if (statements.size() > 1 || statement.kind != TsqlStatement::Kind::query) {
-            const auto offset = static_cast<std::size_t>(statement.source.data() - sql.data());
-            refuse_statement(sql, offset, statement.source.size(),
-                             "eine Abfrage ist genau ein SELECT ohne INTO");
-        }
-    return std::move(statements.front());
-}
-
 class SqliteDatabase : public Database {
 public:
-    SqliteDatabase(const std::string& path, SqliteAccess access) : connection_(path, access) {}
+    SqliteDatabase(const std::string& path, SqliteAccess access, SqliteReading reading)
+        : connection_(path, access), reading_(reading) {}
 
     Value query_value(std::string_view sql) override {
+        const SqliteTurns::OfRun turn(turns_);
         connection_.require();
         const TsqlStatement query = single_query(sql);
         SqliteRun run = start(query);
@@ -37,6 +28,7 @@ public:
     }
 
     RowSet query_array(std::string_view sql) override {
+        const SqliteTurns::OfRun turn(turns_);
         connection_.require();
         const TsqlStatement query = single_query(sql);
         SqliteRun run = start(query);
@@ -44,14 +36,19 @@ public:
         const SqliteCells cells(run.statement());
         RowSet rows(cells.columns());
         do {
-            rows.add_row();
-            for (std::size_t column = 0; column < cells.columns(); ++column)
-                rows.set(column, cells.read(column));
+            cells.append_row(rows);
         } while (run.next_row());
         return rows;
     }
 
+    std::unique_ptr<RowStream> query_rows(std::string_view sql) override {
+        const SqliteTurns::OfRun turn(turns_);
+        connection_.require();
+        return std::make_unique<SqliteRowStream>(connection_, turns_, sql, reading_);
+    }
+
     void execute(std::string_view sql) override {
+        const SqliteTurns::OfRun turn(turns_);
         connection_.require();
         for (const TsqlStatement& statement : translate_tsql(sql)) {
             if (statement.kind == TsqlStatement::Kind::fill_temporary_table)
@@ -68,6 +65,7 @@ public:
     // A read transaction. SQLite locks the file at the first read in it, so one is made at once. Writers wait
     // meanwhile, as they do while a query runs.
     void begin_lookups() override {
+        const SqliteTurns::OfRun turn(turns_);
         connection_.require();
         control("BEGIN");
         if (control("SELECT 1 FROM sqlite_master LIMIT 1")) return;
@@ -76,9 +74,15 @@ public:
         control("ROLLBACK");
         throw sqlite_error(code, describe_sqlite_problem(code, message));
     }
-    void end_lookups() noexcept override { control("COMMIT"); }
+    void end_lookups() noexcept override {
+        const SqliteTurns::OfRun turn(turns_);
+        control("COMMIT");
+    }
 
-    void require_connection() override { connection_.require(); }
+    void require_connection() override {
+        const SqliteTurns::OfRun turn(turns_);
+        connection_.require();
+    }
 
 private:
     bool control(const char* statement) noexcept {
@@ -91,7 +95,9 @@ private:
     }
 
     SqliteConnection connection_;
+    SqliteTurns turns_;
     SqliteStatements statements_{connection_};
+    const SqliteReading reading_;
 };
 
 class SqliteConnectionInformation : public ConnectionInformation {
@@ -114,8 +120,9 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Database> open_sqlite_database(const std::string& path, SqliteAccess access) {
-    return std::make_unique<SqliteDatabase>(path, access);
+std::unique_ptr<Database> open_sqlite_database(const std::string& path, SqliteAccess access,
+                                               SqliteReading reading) {
+    return std::make_unique<SqliteDatabase>(path, access, reading);
 }
 
 std::unique_ptr<ConnectionInformation> sqlite_connection_information(const std::string& path) {

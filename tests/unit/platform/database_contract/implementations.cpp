@@ -5,6 +5,7 @@ namespace prot {
 namespace {
 constexpr DatabaseImplementation implementations[] = {
     {"Sqlite", start_sqlite, true},
+    {"SqliteReadingAhead", start_sqlite_that_reads_ahead, true},
 };
 }  // namespace
 

@@ -54,5 +54,6 @@ std::span<const DatabaseImplementation> database_implementations();
 
 // The implementations' servers, each in a file of its own.
 std::unique_ptr<ContractServer> start_sqlite(const std::filesystem::path& folder);
+std::unique_ptr<ContractServer> start_sqlite_that_reads_ahead(const std::filesystem::path& folder);
 
 }  // namespace prot

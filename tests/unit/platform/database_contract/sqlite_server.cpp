@@ -41,7 +41,8 @@ struct Literal {
 /// A database file in the test's folder.
 class SqliteServer : public ContractServer {
 public:
-    explicit SqliteServer(const std::filesystem::path& folder) : path_(path_text(folder / "contract.db")) {
+    SqliteServer(const std::filesystem::path& folder, SqliteReading reading)
+        : path_(path_text(folder / "contract.db")), reading_(reading) {
         EXPECT_EQ(sqlite3_open(path_.c_str(), &handle_), SQLITE_OK);
         run("PRAGMA synchronous=OFF");
     }
@@ -50,7 +51,7 @@ public:
     SqliteServer& operator=(const SqliteServer&) = delete;
 
     std::unique_ptr<Database> connect() override {
-        return open_sqlite_database(path_, SqliteAccess::read_write);
+        return open_sqlite_database(path_, SqliteAccess::read_write, reading_);
     }
 
     bool run(const std::string& statement) override {
@@ -85,13 +86,18 @@ public:
 
 private:
     const std::string path_;
+    const SqliteReading reading_;
     sqlite3* handle_ = nullptr;
 };
 
 }  // namespace
 
 std::unique_ptr<ContractServer> start_sqlite(const std::filesystem::path& folder) {
-    return std::make_unique<SqliteServer>(folder);
+    return std::make_unique<SqliteServer>(folder, SqliteReading::on_demand);
+}
+
+std::unique_ptr<ContractServer> start_sqlite_that_reads_ahead(const std::filesystem::path& folder) {
+    return std::make_unique<SqliteServer>(folder, SqliteReading::ahead);
 }
 
 }  // namespace prot

@@ -62,6 +62,7 @@ TEST(Options, LeavesTheDefaultsOfAnExportWithoutOptions) {
     EXPECT_EQ(options.csv.separator, ";");
     EXPECT_EQ(options.csv.encoding, CsvEncoding::utf8_bom);
     EXPECT_FALSE(options.csv.raw_cells);
+    EXPECT_EQ(options.threads, 2);
     EXPECT_EQ(options.answers, std::nullopt);
     EXPECT_FALSE(options.quiet);
     EXPECT_FALSE(options.yes);
@@ -202,6 +203,12 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
          "--rows: „" + std::to_string(most_sample_rows + 1) + "“ ist keine ganze Zahl von 1 bis " +
              std::to_string(most_sample_rows) + " (Hilfe: protcsv sample --help)",
          "too many rows"},
+        {{"export", "--db", "x", "--section", "15", "--threads", "3"},
+         "--threads: „3“ ist keine ganze Zahl von 1 bis 2 (Hilfe: protcsv export --help)",
+         "a third thread gains nothing"},
+        {{"run", "--db", "x", "--params", "y", "--threads", "0"},
+         "--threads: „0“ ist keine ganze Zahl von 1 bis 2 (Hilfe: protcsv run --help)",
+         "somebody has to work"},
         {{"sample", "x", "--seed", "-1"},
          "--seed: „-1“ ist keine ganze Zahl von 0 bis 18446744073709551615 (Hilfe: protcsv sample --help)",
          "negative seed"},
@@ -221,9 +228,10 @@ TEST(Options, EachCommandTakesItsOptionsAndNoOther) {
         const char* command;
         std::string options;
     } rows[] = {
-        {"export", log + "--section --user --from --to --events --out --separator --encoding --raw-cells"},
+        {"export",
+         log + "--section --user --from --to --events --out --separator --encoding --raw-cells --threads"},
         {"delete", log + "--section --user --from --to --events --yes --out"},
-        {"run", log + "--out --separator --encoding --raw-cells"},
+        {"run", log + "--out --separator --encoding --raw-cells --threads"},
         {"sample", "--seed --rows --section --overwrite"},
         {"sections", ""},
     };

@@ -28,8 +28,9 @@ protected:
 
     void write_bytes(const std::string& bytes) const { write_file(text_path(path()), bytes); }
 
-    std::unique_ptr<Database> open(SqliteAccess access = SqliteAccess::read_only) const {
-        return open_sqlite_database(path(), access);
+    std::unique_ptr<Database> open(SqliteAccess access = SqliteAccess::read_only,
+                                   SqliteReading reading = SqliteReading::on_demand) const {
+        return open_sqlite_database(path(), access, reading);
     }
 
     TemporaryFolder folder_;

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <atomic>
+#include <mutex>
+
+namespace prot {
+
+/// Whose turn it is on a connection that two threads use: the run's own thread asks for it at any time, a
+/// thread that reads ahead gives it up after a few rows and takes it again only when the other does not wait.
+class SqliteTurns {
+public:
+    /// The run's own thread has the connection while one lives. Never nested.
+    class OfRun {
+    public:
+        explicit OfRun(SqliteTurns& turns) : turns_(turns) {
+            if (turns_.connection_.try_lock()) return;
+            turns_.run_waits_.store(true);
+            turns_.connection_.lock();
+            turns_.run_waits_.store(false);
+            turns_.run_waits_.notify_one();
+        }
+        ~OfRun() { turns_.connection_.unlock(); }
+        OfRun(const OfRun&) = delete;
+        OfRun& operator=(const OfRun&) = delete;
+
+    private:
+        SqliteTurns& turns_;
+    };
+
+    /// The reading thread has it.
+    class OfReader {
+    public:
+        explicit OfReader(SqliteTurns& turns) : turns_(turns) {
+            turns_.connection_.lock();
+            while (turns_.run_waits_.load()) {
+                turns_.connection_.unlock();
+                turns_.run_waits_.wait(true);
+                turns_.connection_.lock();
+            }
+        }
+        ~OfReader() { turns_.connection_.unlock(); }
+        OfReader(const OfReader&) = delete;
+        OfReader& operator=(const OfReader&) = delete;
+
+    private:
+        SqliteTurns& turns_;
+    };
+
+private:
+    std::mutex connection_;
+    std::atomic<bool> run_waits_ = false;
+};
+
+}  // namespace prot
