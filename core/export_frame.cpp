@@ -160,7 +160,8 @@ void ExportFrame::write_fields(CsvWriter& writer, const LogRow& row, ChangeDocum
     const std::string_view table = row.text(LogColumn::dcTable, scratch_);
     bool described = rules_.described != LineRules::Description::with_first_line;
     for (std::int32_t i = 0; i < document.columns(); ++i) {
-        const ChangedField field{document.select(i), table, row};
+        const std::string_view name = document.select(i);
+        const ChangedField field{name, table, row, fields_.number_of(table, name)};
         const std::string_view caption = section_.caption(field);
         if (caption.empty()) continue;
         cell(CommonCell::field) = caption;

@@ -10,6 +10,7 @@
 #include "core/change_document.h"
 #include "core/changed_field.h"
 #include "core/csv_line.h"
+#include "core/field_numbers.h"
 #include "core/log_rows.h"
 #include "core/run.h"
 #include "platform/csv_writer.h"
@@ -113,6 +114,7 @@ private:
     const LineRules rules_;
     const FileHead head_;
     CsvLine line_;
+    FieldNumbers fields_;
     std::string scratch_;
 };
 

@@ -33,12 +33,22 @@ std::string name_by(const IdRule& rule, std::int32_t id, Date moment, Run& run) 
 
 std::string_view caption_by(std::span<const CaptionRule> rules, NameMatch match, const ChangedField& field,
                             Run& run) {
+    const std::int32_t event = field.row.number(LogColumn::dlEvent);
+    if (field.number)
+        if (const std::string_view* const known = run.memory.captions_of_fields.find(*field.number, event))
+            return *known;
     const Caption caption = caption_rule(rules, match, field);
-    if (caption.kind != Caption::Kind::general) return caption.words;
-    const std::string_view words = PROT_gsGetFieldDescription(field.table, field.name, run);
-    if (!words.empty() && words != undefined) return words;
-    run.environment.notices.field_without_caption(field.table, field.name);
-    return {};
+    std::string_view words = caption.words;
+    if (caption.kind == Caption::Kind::general) {
+        words = PROT_gsGetFieldDescription(field.table, field.name, run);
+        if (words.empty() || words == undefined) {
+            // Each of these is counted, and a lookup that failed is asked again.
+            run.environment.notices.field_without_caption(field.table, field.name);
+            return {};
+        }
+    }
+    if (field.number) run.memory.captions_of_fields.remember(*field.number, event, words);
+    return words;
 }
 
 }  // namespace prot

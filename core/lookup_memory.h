@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "core/text_memory.h"
 #include "platform/automation/date.h"
@@ -48,9 +51,33 @@ private:
     TextMemory<Answer> answers_;
 };
 
+/// The caption of each field in records of each event, once it is known. The words live as long as the run.
+class CaptionMemory {
+public:
+    /// event: 0 to 2, or any other that there is no rule for. Null: not known.
+    const std::string_view* find(std::size_t field, std::int32_t event) const {
+        const std::size_t place = place_of(field, event);
+        return place < captions_.size() && captions_[place] ? &*captions_[place] : nullptr;
+    }
+    void remember(std::size_t field, std::int32_t event, std::string_view words) {
+        const std::size_t place = place_of(field, event);
+        if (place >= captions_.size()) captions_.resize(place + 1);
+        captions_[place] = words;
+    }
+
+private:
+    static constexpr std::size_t events = 4;
+    static std::size_t place_of(std::size_t field, std::int32_t event) {
+        return field * events + (event >= 0 && event <= 2 ? static_cast<std::size_t>(event) : events - 1);
+    }
+
+    std::vector<std::optional<std::string_view>> captions_;
+};
+
 /// Answers of lookups that cannot change within a run, so that each is asked once.
 struct LookupMemory {
     TextMemory<std::string> captions;  ///< by table and column
+    CaptionMemory captions_of_fields;  ///< what the rules of the section made of them
     ValueMemory values;
     std::optional<std::string> server_name;
 };

@@ -78,8 +78,7 @@ std::string rows_in(const fs::path& path, const std::string& table) {
 
 /// The statements of a statement log in the order of sending, one a line.
 std::string statements_of(const std::string& log) {
-    static const std::regex pattern(
-        "\"nr\":(\\d+),\"op\":\"(\\w+)\".*?\"sql\":\"((?:[^\"\\\\]|\\\\.)*)\"");
+    static const std::regex pattern("\"nr\":(\\d+),\"op\":\"(\\w+)\".*?\"sql\":\"((?:[^\"\\\\]|\\\\.)*)\"");
     std::map<int, std::string> by_number;
     std::istringstream lines(log);
     for (std::string line; std::getline(lines, line);) {

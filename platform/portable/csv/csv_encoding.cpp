@@ -13,6 +13,9 @@ namespace {
 
 constexpr char guard = '\'';
 
+// Longer cells are values, which do not come again in the next line.
+constexpr std::size_t longest_kept = 100;
+
 enum Care : std::uint8_t {
     needs_quotes = 1,
     needs_doubling = 2,
@@ -160,17 +163,30 @@ void CsvLineEncoder::append_with_care(std::string_view cell, std::uint8_t cares,
     if (quoted) out += '"';
 }
 
+void CsvLineEncoder::append_cell(std::string_view cell, std::string& out) {
+    const std::uint8_t cares = cares_of(cell);
+    if (cares == 0 && !begins_like_formula(cell)) {
+        out += cell;  // as most cells are
+    } else {
+        append_with_care(cell, cares, out);
+    }
+}
+
 void CsvLineEncoder::append_line(std::span<const std::string> cells, std::string& out) {
-    bool first = true;
-    for (const std::string& cell : cells) {
-        if (!first) out += separator_;
-        first = false;
-        const std::uint8_t cares = cares_of(cell);
-        if (cares == 0 && !begins_like_formula(cell)) {
-            out += cell;  // as most cells are
-        } else {
-            append_with_care(cell, cares, out);
+    if (above_.size() < cells.size()) above_.resize(cells.size());
+    for (std::size_t index = 0; index < cells.size(); ++index) {
+        if (index > 0) out += separator_;
+        const std::string& cell = cells[index];
+        CellAbove& above = above_[index];
+        if (above.cell == cell) {
+            out += above.bytes;
+            continue;
         }
+        const std::size_t start = out.size();
+        append_cell(cell, out);
+        const bool kept = cell.size() <= longest_kept;
+        above.cell.assign(cell, 0, kept ? cell.size() : 0);
+        above.bytes.assign(out, start, kept ? out.size() - start : 0);
     }
     out += "\r\n";
 }

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace prot {
 
@@ -25,6 +26,7 @@ public:
     bool replaced_characters() const { return replaced_characters_; }
 
 private:
+    void append_cell(std::string_view cell, std::string& out);
     void append_with_care(std::string_view cell, std::uint8_t cares, std::string& out);
     std::uint8_t cares_of(std::string_view cell) const;
     bool encode(std::string_view& cell);
@@ -36,6 +38,13 @@ private:
     bool guards_;
     bool replaced_characters_ = false;
     std::string encoded_;
+
+    /// A cell of the last line, and what became of it. Most cells of a line are those of the line above. At
+    /// the beginning they are empty, and so are their bytes.
+    struct CellAbove {
+        std::string cell, bytes;
+    };
+    std::vector<CellAbove> above_;
 };
 
 /// What a file of this encoding begins with; empty for most.

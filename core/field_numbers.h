@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "core/text_memory.h"
+
+namespace prot {
+
+/// Numbers the changed fields of a run by table and name, so that what is known of a field can be found by
+/// its number.
+class FieldNumbers {
+public:
+    /// The number of the field, from 0; always the same for one field.
+    std::size_t number_of(std::string_view table, std::string_view name) {
+        // Records of one table mostly name their fields in one order.
+        Field* field = last_ ? last_->next : nullptr;
+        if (!field || field->name != name || field->table != table) field = &find(table, name);
+        if (last_) last_->next = field;
+        last_ = field;
+        return field->number;
+    }
+
+private:
+    struct Field {
+        std::string table, name;
+        std::size_t number;
+        Field* next;  // what came behind it the last time; may be null
+    };
+
+    Field& find(std::string_view table, std::string_view name) {
+        if (Field* const* const known = by_name_.find({table, name})) return **known;
+        fields_.push_back({std::string(table), std::string(name), fields_.size(), nullptr});
+        return *by_name_.remember({table, name}, &fields_.back());
+    }
+
+    std::deque<Field> fields_;
+    TextMemory<Field*> by_name_;
+    Field* last_ = nullptr;
+};
+
+}  // namespace prot
