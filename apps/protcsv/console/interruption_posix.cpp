@@ -59,11 +59,11 @@ void set_unfinished_file(const std::string& path) {
 InterruptionsWait::InterruptionsWait() {
     if (waits++ > 0) return;
     const sigset_t stopping = stopping_set();
-    sigprocmask(SIG_BLOCK, &stopping, &mask_before_waits);
+    pthread_sigmask(SIG_BLOCK, &stopping, &mask_before_waits);
 }
 
 InterruptionsWait::~InterruptionsWait() {
-    if (--waits == 0) sigprocmask(SIG_SETMASK, &mask_before_waits, nullptr);
+    if (--waits == 0) pthread_sigmask(SIG_SETMASK, &mask_before_waits, nullptr);
 }
 
 }  // namespace prot
