@@ -40,6 +40,8 @@ std::string PROT_gsGetValueByDate(std::string_view sTabelle, std::string_view sS
     if (!change.empty()) return remember(value_in(change), false);
 
     // Not changed since: the live value, or, when the row is gone, the one its deletion recorded.
+    if (std::optional<std::string> known = run.memory.values.find_unchanged(key))
+        return remember(*std::move(known), true);
     const RowSet live = oDBU.query_array(live_search(key));
     live.require_columns(1);
     if (!live.empty()) return remember(to_text(live.at(0, 0).value()), true);

@@ -19,22 +19,25 @@ struct ValueKey {
     std::string_view log_column = "dlPrimaryKey1";
 };
 
-/// Values of records at moments. Of each value the latest answer is remembered: an export walks the log in
-/// the order of time.
+/// Values of records at moments. Of each value two answers are remembered, the latest ones: an export walks
+/// the log in the order of time, and looks back a few seconds where a record is deleted.
 class ValueMemory {
 public:
     /// The value at `moment`, where an earlier answer tells it.
     std::optional<std::string> find(const ValueKey& key, Date moment) const {
-        const Answer* const known =
-            answers_.find({key.table, key.column, key.key_column, key.key, key.log_column});
-        if (!known || !known->holds_at(moment)) return std::nullopt;
-        return known->value;
+        return value_of(key, [moment](const Answer& answer) { return answer.holds_at(moment); });
+    }
+
+    /// The value that no later change concerns, where an earlier answer tells it, at whatever moment.
+    std::optional<std::string> find_unchanged(const ValueKey& key) const {
+        return value_of(key, [](const Answer& answer) { return answer.no_later_change; });
     }
 
     /// no_later_change: the value holds for every later moment too.
     void remember(const ValueKey& key, Date moment, std::string value, bool no_later_change) {
-        answers_.remember({key.table, key.column, key.key_column, key.key, key.log_column},
-                          {moment, std::move(value), no_later_change});
+        Answer answer{moment, std::move(value), no_later_change};
+        Answers& answers = answers_[{key.table, key.column, key.key_column, key.key, key.log_column}];
+        answers.add(std::move(answer));
     }
 
 private:
@@ -48,7 +51,28 @@ private:
         }
     };
 
-    TextMemory<Answer> answers_;
+    struct Answers {
+        std::optional<Answer> latest, earlier;
+
+        /// An answer that holds for ever goes for none that holds for a moment.
+        void add(Answer answer) {
+            const bool keeps_earlier = earlier && earlier->no_later_change && !answer.no_later_change;
+            if (!keeps_earlier) earlier = std::move(latest);
+            latest = std::move(answer);
+        }
+    };
+
+    template <typename Fits>
+    std::optional<std::string> value_of(const ValueKey& key, Fits fits) const {
+        const Answers* const known =
+            answers_.find({key.table, key.column, key.key_column, key.key, key.log_column});
+        if (!known) return std::nullopt;
+        for (const std::optional<Answer>* const answer : {&known->latest, &known->earlier})
+            if (*answer && fits(**answer)) return (*answer)->value;
+        return std::nullopt;
+    }
+
+    TextMemory<Answers> answers_;
 };
 
 /// The caption of each field in records of each event, once it is known. The words live as long as the run.

@@ -21,6 +21,9 @@ public:
         return known == answers_.end() ? nullptr : &known->second;
     }
 
+    /// The answer remembered for `key`, else a new one.
+    Answer& operator[](Key key) { return answers_[joined(key)]; }
+
     /// Remembers the answer for `key`, in place of an earlier one.
     const Answer& remember(Key key, Answer answer) {
         return answers_.insert_or_assign(joined(key), std::move(answer)).first->second;

@@ -86,7 +86,13 @@ const std::string& FrameworkMemos::mark_of_chart(std::int32_t chart) {
 
 /// By the live tables, or by the log when the position is gone.
 std::optional<FrameworkMemos::Position> FrameworkMemos::position_at(std::int32_t position, Date dtDatum) {
+    const LivePosition& live = live_position(position);
+    return live.exists ? live.position : logged_position(position, dtDatum);
+}
+
+const FrameworkMemos::LivePosition& FrameworkMemos::live_position(std::int32_t position) {
     enum : std::size_t { name, type, kind, mark, columns };
+    if (const LivePosition* const known = live_positions_.find(position)) return *known;
     const RowSet rows = run_.oDBU.query_array(
         "Select AuswertungsPosition.Ap_Bezeichnung, Auswertungsrahmen.ARa_Art, Auswertungsrahmen.ARa_typ, "
         "Auswertungsrahmen.ARa_Kennzeichen FROM AuswertungsPosition, Zeilenart, Auswertungsrahmen"
@@ -94,9 +100,10 @@ std::optional<FrameworkMemos::Position> FrameworkMemos::position_at(std::int32_t
         std::to_string(position) +
         " AND AuswertungsPosition.ZA_ID = Zeilenart.ZA_ID AND Zeilenart.ARA_ID = Auswertungsrahmen.ARA_ID");
     rows.require_columns(columns);
-    if (rows.empty()) return logged_position(position, dtDatum);
-    if (rows.at(name, 0).is_null()) return std::nullopt;
-    return Position{text_at(rows, name), text_at(rows, type), text_at(rows, mark)};
+    LivePosition live{!rows.empty(), std::nullopt};
+    if (live.exists && !rows.at(name, 0).is_null())
+        live.position = Position{text_at(rows, name), text_at(rows, type), text_at(rows, mark)};
+    return live_positions_.remember(position, std::move(live));
 }
 
 /// Nothing as soon as one step of the way to the framework is not known.

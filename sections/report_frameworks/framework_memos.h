@@ -29,15 +29,22 @@ private:
         std::string name, framework_type, framework_mark;
     };
 
+    struct LivePosition {
+        bool exists;
+        std::optional<Position> position;  ///< nothing: it has no name
+    };
+
     std::optional<std::string> memo(std::int64_t idProtokoll);
     std::optional<std::string> previous_memo(const LogRow& row);
     std::string standard_formula(std::int32_t chart, std::int32_t position, Date dtDatum);
     const std::string& mark_of_chart(std::int32_t chart);
+    const LivePosition& live_position(std::int32_t position);
     std::optional<Position> position_at(std::int32_t position, Date dtDatum);
     std::optional<Position> logged_position(std::int32_t position, Date dtDatum);
 
     Run& run_;
-    IdMemory<std::string> chart_marks_;
+    IdMemory<std::string> chart_marks_;  // each asked once in a run
+    IdMemory<LivePosition> live_positions_;
 };
 
 /// The statement whose first value is the formula of a position in the standard framework of a type and mark,

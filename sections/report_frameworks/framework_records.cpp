@@ -104,11 +104,16 @@ std::string FrameworkRecords::PROT_gsGetValueByDate(const ValueKey& key, Date dt
     const std::string change = first_change(key, dtDatum, run_.oDBU);
     std::string value;
     if (!change.empty()) value = old_value(change, key.column, run_.environment).value_or(std::string());
-    if (value.empty()) value = to_text(run_.oDBU.query_value(live_search(key)));
+    if (value.empty()) value = live_value(key);
     run_.memory.values.remember(key, dtDatum, value, change.empty());
     return value;
 } catch (...) {
     leave(owner, "PROT_gsGetValueByDate");
+}
+
+std::string FrameworkRecords::live_value(const ValueKey& key) {
+    if (std::optional<std::string> known = run_.memory.values.find_unchanged(key)) return *std::move(known);
+    return to_text(run_.oDBU.query_value(live_search(key)));
 }
 
 }  // namespace prot::report_frameworks

@@ -30,6 +30,8 @@ public:
     std::string PROT_gsGetValueByDate(const ValueKey& key, Date dtDatum);
 
 private:
+    std::string live_value(const ValueKey& key);
+
     struct RecordKind {
         std::string_view table, procedure;
         RecordInfo (FrameworkRecords::*info)(const LogRow& row, Date dtDatum);

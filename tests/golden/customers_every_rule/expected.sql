@@ -101,8 +101,6 @@ value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPr
 value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 606 AND ddDatum >= '2025-07-01 07:59:54' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
 array: SELECT KUNDEN_V4.KUN_NR, PERSONALIE.Pl_Bezeichnung FROM KUNDEN_V4 INNER JOIN PERSON_V4 ON KUNDEN_V4.Ps_Id_Kunde = PERSON_V4.PS_ID INNER JOIN PERSONALIE ON PERSON_V4.PS_ID = PERSONALIE.PS_ID WHERE PERSONALIE.Pl_Id = 606
 value: Select dlSuchId1 From tProtokoll Where dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 606
-value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 606 AND ddDatum >= '2025-07-01 07:59:59' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
-value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 606 AND ddDatum >= '2025-07-01 07:59:54' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
 array: SELECT KUNDEN_V4.KUN_NR, PERSONALIE.Pl_Bezeichnung FROM KUNDEN_V4 INNER JOIN PERSON_V4 ON KUNDEN_V4.Ps_Id_Kunde = PERSON_V4.PS_ID INNER JOIN PERSONALIE ON PERSON_V4.PS_ID = PERSONALIE.PS_ID WHERE PERSON_V4.PS_ID = 506
 value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 606 AND ddDatum >= '2025-07-02 07:59:59' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
 value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 606 AND ddDatum >= '2025-08-01 07:59:59' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
@@ -125,8 +123,6 @@ value: Select dlPrimaryKey1 From tProtokoll Where dcTable = 'PERSONALIE' AND dlS
 value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 612 AND ddDatum >= '2025-09-04 07:59:59' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
 array: SELECT KUNDEN_V4.KUN_NR, PERSONALIE.Pl_Bezeichnung FROM KUNDEN_V4 INNER JOIN PERSON_V4 ON KUNDEN_V4.Ps_Id_Kunde = PERSON_V4.PS_ID INNER JOIN PERSONALIE ON PERSON_V4.PS_ID = PERSONALIE.PS_ID WHERE KUNDEN_V4.KUN_ID = 308
 value: Select dlSuchId1 From tProtokoll Where dcTable = 'KUNDEN_V4' AND dlPrimaryKey1 = 308
-value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 612 AND ddDatum >= '2025-09-04 08:00:02' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
-value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 612 AND ddDatum >= '2025-09-04 07:59:57' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
 value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 612 AND ddDatum >= '2025-09-04 08:00:02' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
 value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 612 AND ddDatum >= '2025-09-04 07:59:57' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC
 value: SELECT TOP 1 dmData FROM tProtokoll WHERE dcTable = 'PERSONALIE' AND dlPrimaryKey1 = 612 AND ddDatum >= '2025-09-04 08:00:03' AND dmData LIKE '%Name=\"Pl_Bezeichnung\"><OldValue>%' ORDER BY ddDatum ASC

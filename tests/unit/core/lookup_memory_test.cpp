@@ -41,12 +41,27 @@ TEST(ValueMemory, AnswersForEveryLaterMomentWhenNothingChangesAnyMore) {
     EXPECT_EQ(memory.find(bank, Date{99}), std::nullopt) << "before it another value may have held";
 }
 
-TEST(ValueMemory, HoldsTheLatestMomentAsked) {
+TEST(ValueMemory, HoldsTheTwoMomentsAskedLast) {
     ValueMemory memory;
-    memory.remember(bank, Date{100}, "alt", false);
-    memory.remember(bank, Date{110}, "neuer", false);
-    EXPECT_EQ(memory.find(bank, Date{110}), "neuer");
-    EXPECT_EQ(memory.find(bank, Date{100}), std::nullopt);
+    memory.remember(bank, Date{90}, "alt", false);
+    memory.remember(bank, Date{110}, "neu", false);
+    memory.remember(bank, Date{100}, "neuer", false);
+    EXPECT_EQ(memory.find(bank, Date{110}), "neu");
+    EXPECT_EQ(memory.find(bank, Date{100}), "neuer");
+    EXPECT_EQ(memory.find(bank, Date{90}), std::nullopt);
+    EXPECT_EQ(memory.find_unchanged(bank), std::nullopt);
+}
+
+TEST(ValueMemory, KeepsTheAnswerThatHoldsForEver) {
+    ValueMemory memory;
+    memory.remember(bank, Date{100}, "heute", true);
+    for (const double moment : {50, 60, 70}) memory.remember(bank, Date{moment}, "alt", false);
+    EXPECT_EQ(memory.find(bank, Date{70}), "alt");
+    EXPECT_EQ(memory.find(bank, Date{60}), std::nullopt);
+    EXPECT_EQ(memory.find(bank, Date{200}), "heute");
+    EXPECT_EQ(memory.find_unchanged(bank), "heute");
+    memory.remember(bank, Date{80}, "heute", true);
+    EXPECT_EQ(memory.find(bank, Date{90}), "heute") << "from an earlier moment on";
 }
 
 TEST(ValueMemory, TellsValuesApartByEveryPartOfTheirKey) {
