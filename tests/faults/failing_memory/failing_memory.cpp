@@ -2,20 +2,27 @@
 
 #include <sqlite3.h>
 
+#include <atomic>
 #include <cstdlib>
+#include <mutex>
 #include <new>
 
 namespace prot::faults {
 
 namespace {
 
+// Two threads allocate.
+std::mutex plan_mutex;  // of the three below
 bool armed = false;
 Memory failing_memory = Memory::cpp;
 FaultPlan plan;
-std::ptrdiff_t live = 0;
+std::atomic<std::ptrdiff_t> live = 0;
 sqlite3_mem_methods sqlite_memory;
 
-bool fails(Memory memory) { return armed && memory == failing_memory && plan.fails(); }
+bool fails(Memory memory) {
+    const std::lock_guard lock(plan_mutex);
+    return armed && memory == failing_memory && plan.fails();
+}
 
 void* counted(void* block) {
     if (block != nullptr) ++live;
@@ -41,12 +48,16 @@ void free_sqlite(void* block) {
 }  // namespace
 
 FailingMemory::FailingMemory(Memory memory, std::size_t nth, Failing failing) {
+    const std::lock_guard lock(plan_mutex);
     failing_memory = memory;
     plan = FaultPlan(nth, failing);
     armed = true;
 }
 
-FailingMemory::~FailingMemory() { armed = false; }
+FailingMemory::~FailingMemory() {
+    const std::lock_guard lock(plan_mutex);
+    armed = false;
+}
 
 bool FailingMemory::reached() const { return plan.reached(); }
 

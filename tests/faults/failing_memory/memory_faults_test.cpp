@@ -93,6 +93,36 @@ TEST_P(MemoryFaults, LeaveTheEarlierFileOrTheWholeNewOneAndNoBlockBehind) {
     }
 }
 
+/// Some of the many allocations of a log that is read ahead, on either thread.
+class LongLogMemoryFaults : public MemoryFaults {
+protected:
+    LongLogMemoryFaults() {
+        log.run("DELETE FROM tProtokoll; DELETE FROM tProtokollMemo");
+        fill_with_long_story(log);
+    }
+};
+
+TEST_P(LongLogMemoryFaults, LeaveTheEarlierFileOrTheWholeNewOneAndNoBlockBehind) {
+    WholeProgram program = exporting();
+    ASSERT_EQ(program.run(section_table()), 0);
+    const std::string whole = file();
+    ASSERT_GT(lines_in(whole).size(), 2000u);
+    warm_up(program);
+    for (std::size_t nth = 1;; nth += 1 + nth / 16) {
+        SCOPED_TRACE("allocation " + std::to_string(nth));
+        put_earlier_file();
+        const Run result = run(program, nth);
+        EXPECT_EQ(result.leaked, 0);
+        const std::string left = file();
+        EXPECT_TRUE(left == whole || (result.status != 0 && left == earlier)) << "half a file";
+        if (!result.reached) {
+            EXPECT_EQ(result.status, 0);
+            break;
+        }
+        if (HasFailure()) return;
+    }
+}
+
 class DeletionMemoryFaults : public MemoryFaults {};
 
 TEST_P(DeletionMemoryFaults, ClaimNothingAndLeaveNoBlockBehind) {
@@ -115,6 +145,8 @@ TEST_P(DeletionMemoryFaults, ClaimNothingAndLeaveNoBlockBehind) {
 std::string name_of(const testing::TestParamInfo<MemoryFault>& fault) { return fault.param.name; }
 
 INSTANTIATE_TEST_SUITE_P(Cases, MemoryFaults, testing::ValuesIn(memory_faults), name_of);
+INSTANTIATE_TEST_SUITE_P(Cases, LongLogMemoryFaults, testing::ValuesIn(memory_faults, memory_faults + 4),
+                         name_of);
 INSTANTIATE_TEST_SUITE_P(Cases, DeletionMemoryFaults, testing::ValuesIn(memory_faults), name_of);
 
 }  // namespace

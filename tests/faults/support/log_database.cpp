@@ -139,4 +139,14 @@ void fill_with_story(LogDatabase& log) {
         "INSERT INTO tProtokollMemo VALUES (1, 1, 'a'), (2, 3, 'b'), (3, 3, 'c')");
 }
 
+void fill_with_long_story(LogDatabase& log) {
+    fill_with_story(log);
+    log.run(
+        "WITH RECURSIVE n(i) AS (SELECT 5 UNION ALL SELECT i + 1 FROM n WHERE i < 1500)"
+        "INSERT INTO tProtokoll SELECT i, dcTable, dcWorkstation, dcUser, "
+        "datetime('2026-01-01', i || ' seconds'), dlEvent, dmData, dcSystemUser, dcApplication, "
+        "dlPrimaryKey1, dlSuchId1, dlSuchId2, dlSuchId3, dlSuchId4 FROM n, tProtokoll"
+        " WHERE idProtokoll = 1 + 2 * (i % 2)");
+}
+
 }  // namespace prot::faults

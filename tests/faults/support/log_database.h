@@ -45,4 +45,7 @@ std::string file_head();
 /// without a login; three memo rows.
 void fill_with_story(LogDatabase& log);
 
+/// The same, and changes of rates up to record 1500: more than a batch, and more than is read ahead.
+void fill_with_long_story(LogDatabase& log);
+
 }  // namespace prot::faults
