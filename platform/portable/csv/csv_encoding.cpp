@@ -163,32 +163,32 @@ void CsvLineEncoder::append_with_care(std::string_view cell, std::uint8_t cares,
     if (quoted) out += '"';
 }
 
-void CsvLineEncoder::append_cell(std::string_view cell, std::string& out) {
-    const std::uint8_t cares = cares_of(cell);
-    if (cares == 0 && !begins_like_formula(cell)) {
-        out += cell;  // as most cells are
-    } else {
-        append_with_care(cell, cares, out);
-    }
-}
-
 void CsvLineEncoder::append_line(std::span<const std::string> cells, std::string& out) {
     if (above_.size() < cells.size()) above_.resize(cells.size());
     for (std::size_t index = 0; index < cells.size(); ++index) {
         if (index > 0) out += separator_;
         const std::string& cell = cells[index];
         CellAbove& above = above_[index];
-        if (above.cell == cell) {
-            out += above.bytes;
-            continue;
-        }
-        const std::size_t start = out.size();
-        append_cell(cell, out);
-        const bool kept = cell.size() <= longest_kept;
-        above.cell.assign(cell, 0, kept ? cell.size() : 0);
-        above.bytes.assign(out, start, kept ? out.size() - start : 0);
+        if (above.cell != cell)
+            append_cell(cell, above, out);
+        else
+            out += above.is_plain ? cell : above.bytes;
     }
     out += "\r\n";
+}
+
+void CsvLineEncoder::append_cell(const std::string& cell, CellAbove& above, std::string& out) {
+    const std::uint8_t cares = cares_of(cell);
+    const bool is_plain = cares == 0 && !begins_like_formula(cell);  // as most cells are
+    const std::size_t start = out.size();
+    if (is_plain)
+        out += cell;
+    else
+        append_with_care(cell, cares, out);
+    const bool kept = cell.size() <= longest_kept;
+    above.is_plain = is_plain || !kept;
+    above.cell.assign(cell, 0, kept ? cell.size() : 0);
+    above.bytes.assign(out, start, above.is_plain ? 0 : std::string::npos);
 }
 
 }  // namespace prot

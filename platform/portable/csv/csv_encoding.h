@@ -26,7 +26,14 @@ public:
     bool replaced_characters() const { return replaced_characters_; }
 
 private:
-    void append_cell(std::string_view cell, std::string& out);
+    /// A cell of the last line, and its bytes where they are others. Most cells of a line are those of the
+    /// line above.
+    struct CellAbove {
+        std::string cell, bytes;
+        bool is_plain = true;
+    };
+
+    void append_cell(const std::string& cell, CellAbove& above, std::string& out);
     void append_with_care(std::string_view cell, std::uint8_t cares, std::string& out);
     std::uint8_t cares_of(std::string_view cell) const;
     bool encode(std::string_view& cell);
@@ -39,11 +46,6 @@ private:
     bool replaced_characters_ = false;
     std::string encoded_;
 
-    /// A cell of the last line, and what became of it. Most cells of a line are those of the line above. At
-    /// the beginning they are empty, and so are their bytes.
-    struct CellAbove {
-        std::string cell, bytes;
-    };
     std::vector<CellAbove> above_;
 };
 

@@ -13,6 +13,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds longest_count{500};
+constexpr int many_steps = 200000;          // 256 rows that are found at once take some 10 000
 constexpr int steps_between_looks = 10000;  // of SQLite's machine, at the clock
 
 /// Ends the statement that runs when its time is over.
@@ -68,14 +69,11 @@ std::string table_of(sqlite3_stmt* prepared) {
 }  // namespace
 
 std::int64_t expected_rows_of(SqliteConnection& connection, const TsqlStatement& query,
-                              sqlite3_stmt* prepared) {
-    const bool selects_by_queries = query.text.find("SELECT", 1) != std::string::npos;
-    if (!selects_by_queries) {
+                              sqlite3_stmt* prepared, int steps_of_first_rows) {
+    if (steps_of_first_rows < many_steps) {
         const TimeLimit limit(connection.handle());
-        const auto counted =
-            number(connection, "SELECT count(*) FROM (" + std::string(without_order(query.text)) + ")",
-                   query.parameters);
-        if (counted) return *counted;
+        const std::string count = "SELECT count(*) FROM (" + std::string(without_order(query.text)) + ")";
+        if (const auto counted = number(connection, count, query.parameters)) return *counted;
     }
     const std::string table = table_of(prepared);
     if (table.empty()) return 0;

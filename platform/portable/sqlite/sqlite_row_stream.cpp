@@ -34,6 +34,8 @@ const RowSet& SqliteRowStream::next_batch() {
 const RowSet& SqliteRowStream::fetch() {
     batch_.clear();
     fill(batch_, {});
+    if (handed_over_ == 0)
+        steps_of_first_rows_ = sqlite3_stmt_status(rows_.statement(), SQLITE_STMTSTATUS_VM_STEP, 1);
     return batch_;
 }
 
@@ -69,7 +71,8 @@ void SqliteRowStream::release() {
 std::int64_t SqliteRowStream::expected_rows() {
     const SqliteTurns::OfRun turn(turns_);
     const bool all_handed_over = !ahead_ && rows_.at_end();
-    return all_handed_over ? handed_over_ : expected_rows_of(connection_, query_, rows_.statement());
+    if (all_handed_over) return handed_over_;
+    return expected_rows_of(connection_, query_, rows_.statement(), steps_of_first_rows_);
 }
 
 }  // namespace prot

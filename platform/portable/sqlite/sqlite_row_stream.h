@@ -24,7 +24,7 @@ public:
     const RowSet& next_batch() override;
     void release() override;
 
-    /// Counted, unless that takes long or the query selects by further queries; then the rows of its table.
+    /// See sqlite_row_count.h.
     std::int64_t expected_rows() override;
 
 private:
@@ -41,6 +41,7 @@ private:
     RowSet batch_;
     std::unique_ptr<ReadAhead> ahead_;
     std::int64_t handed_over_ = 0;  // rows
+    int steps_of_first_rows_ = 0;   // of SQLite's machine
 };
 
 }  // namespace prot

@@ -111,6 +111,31 @@ TEST(CsvEncoding, QuotesACellWhoseGuardIsTheSeparator) {
     EXPECT_EQ(line({"=1", "a"}, "'", CsvEncoding::utf8, true), "=1'a\r\n");
 }
 
+TEST(CsvEncoding, WritesALineLikeAnyOtherWhateverStandsAboveIt) {
+    const std::string longest(100, 'x'), longer(101, 'y'), guarded = "=1", quoted = "a;b", invalid = "\xFF";
+    const std::vector<std::string> contents = {"",      "plain", guarded,      quoted,      invalid,
+                                               longest, longer,  longer + ";", "-" + longer};
+    for (const CsvEncoding encoding : {CsvEncoding::utf8, CsvEncoding::windows_1252}) {
+        CsvLineEncoder encoder(";", encoding, false);
+        for (const std::string& above : contents)
+            for (const std::string& below : contents)
+                for (const std::string& cell : {above, below, below, above, below}) {
+                    std::string out;
+                    encoder.append_line(std::vector{cell, std::string("fest"), cell}, out);
+                    EXPECT_EQ(out, line({cell, "fest", cell}, ";", encoding)) << above << " above " << below;
+                }
+    }
+}
+
+TEST(CsvEncoding, KeepsTheLinesOfAnyNumberOfCellsApart) {
+    CsvLineEncoder encoder(";", CsvEncoding::utf8, false);
+    std::string out;
+    for (const std::vector<std::string>& cells :
+         std::vector<std::vector<std::string>>{{"a"}, {"a", "=b"}, {}, {"=b", "=b"}})
+        encoder.append_line(cells, out);
+    EXPECT_EQ(out, "a\r\na;'=b\r\n\r\n'=b;'=b\r\n");
+}
+
 TEST(CsvEncoding, WritesOnlyValidUtf8) {
     for (const Cell& row : utf8_cells) {
         EXPECT_EQ(line({row.cell}), row.written + "\r\n") << row.why;
