@@ -1,6 +1,6 @@
 # Everyday commands. Each does all the set-up it needs; the work itself is in CMake presets and scripts.
 
-.PHONY: help check demo test test-asan test-windows build build-linux reproducible bench screenshots fuzz clean
+.PHONY: help check demo test test-asan test-threads test-windows build build-linux reproducible bench screenshots fuzz clean
 .DEFAULT_GOAL := help
 
 help: ## show the commands
@@ -24,11 +24,16 @@ test: ## build and run every test: the Linux program, all under the sanitizers, 
 	@scripts/build linux program_tests
 	@scripts/test linux -L 'golden|terminal|products|faults'
 	@$(MAKE) --no-print-directory test-asan
+	@$(MAKE) --no-print-directory test-threads
 	@$(MAKE) --no-print-directory test-windows
 
 test-asan: ## build and run every test under the address and undefined-behaviour sanitizers
 	@scripts/build linux-asan
 	@scripts/test linux-asan
+
+test-threads: ## build what has a thread under the thread sanitizer and run its tests
+	@scripts/build linux-tsan threads_test
+	@out/build/linux-tsan/tests/threads_test --gtest_brief=1
 
 test-windows: ## build for Windows and run the tests of that build under Wine; says what was skipped and why
 	@scripts/test-windows
