@@ -2,9 +2,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -36,8 +38,8 @@ public:
     /// no_later_change: the value holds for every later moment too.
     void remember(const ValueKey& key, Date moment, std::string value, bool no_later_change) {
         Answer answer{moment, std::move(value), no_later_change};
-        Answers& answers = answers_[{key.table, key.column, key.key_column, key.key, key.log_column}];
-        answers.add(std::move(answer));
+        Column& column = columns_[{key.table, key.column, key.key_column, key.log_column}];
+        column[std::string(key.key)].add(std::move(answer));
     }
 
 private:
@@ -51,28 +53,33 @@ private:
         }
     };
 
+    /// Few values are asked for at more than one moment.
     struct Answers {
-        std::optional<Answer> latest, earlier;
+        std::unique_ptr<Answer> latest, earlier;
 
         /// An answer that holds for ever goes for none that holds for a moment.
         void add(Answer answer) {
             const bool keeps_earlier = earlier && earlier->no_later_change && !answer.no_later_change;
             if (!keeps_earlier) earlier = std::move(latest);
-            latest = std::move(answer);
+            latest = std::make_unique<Answer>(std::move(answer));
         }
     };
 
+    /// Of one column of a table, by the record's key.
+    using Column = std::unordered_map<std::string, Answers>;
+
     template <typename Fits>
     std::optional<std::string> value_of(const ValueKey& key, Fits fits) const {
-        const Answers* const known =
-            answers_.find({key.table, key.column, key.key_column, key.key, key.log_column});
-        if (!known) return std::nullopt;
-        for (const std::optional<Answer>* const answer : {&known->latest, &known->earlier})
+        const Column* const column = columns_.find({key.table, key.column, key.key_column, key.log_column});
+        if (!column) return std::nullopt;
+        const auto known = column->find(std::string(key.key));
+        if (known == column->end()) return std::nullopt;
+        for (const std::unique_ptr<Answer>* const answer : {&known->second.latest, &known->second.earlier})
             if (*answer && fits(**answer)) return (*answer)->value;
         return std::nullopt;
     }
 
-    TextMemory<Answers> answers_;
+    TextMemory<Column> columns_;
 };
 
 /// The caption of each field in records of each event, once it is known. The words live as long as the run.

@@ -184,10 +184,11 @@ PartnerRecords::Partner PartnerRecords::partner_in(const RowSet& rows, std::size
 }
 
 const PartnerRecords::Partner& PartnerRecords::live_partner(Table& table, std::int32_t lKey) {
-    if (const Partner* const known = table.partners.find(lKey)) return *known;
+    if (const Partner* const* const known = table.partners.find(lKey)) return **known;
     const std::string sql = named("SELECT {master}.{number}, PERSONALIE.Pl_Bezeichnung ", ledger_) +
                             msKLFromWhere(lKey, table.name);
-    return table.partners.remember(lKey, partner_in(run_.oDBU.query_array(sql), 0, 1));
+    const auto partner = live_partners_.insert(partner_in(run_.oDBU.query_array(sql), 0, 1)).first;
+    return *table.partners.remember(lKey, &*partner);
 }
 
 /// The person that the log names for a row; 0 when it names none.

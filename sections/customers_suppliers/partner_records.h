@@ -1,7 +1,9 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +40,8 @@ private:
     struct Partner {
         bool found = false;
         std::string sNr, sName;
+
+        auto operator<=>(const Partner&) const = default;
     };
 
     /// A person whom the log has named. Of one without a live customer or supplier: the number by the log,
@@ -54,7 +58,7 @@ private:
         std::string from_where;
         PersonBy person_by;
         std::string in_log;
-        IdMemory<Partner> partners{};
+        IdMemory<const Partner*> partners{};
         IdMemory<std::int32_t> persons{};
     };
 
@@ -72,6 +76,7 @@ private:
     Run& run_;
     const Ledger& ledger_;
     std::vector<Table> tables_;
+    std::set<Partner> live_partners_;  // each once; many rows are a partner's
     IdMemory<Person> persons_;
 };
 

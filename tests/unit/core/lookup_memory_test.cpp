@@ -23,6 +23,26 @@ TEST(TextMemory, KeepsAnswersValidWhileLookupsNest) {
     EXPECT_EQ(first, "A");
 }
 
+TEST(CaptionMemory, KeepsFieldsAndEventsApart) {
+    CaptionMemory memory;
+    EXPECT_EQ(memory.find(0, 0), nullptr);
+    const struct {
+        std::size_t field;
+        std::int32_t event;
+        std::string_view words;
+    } captions[] = {{0, 0, "a"}, {0, 1, "b"}, {0, 2, "c"}, {7, 2, ""}, {1, 0, "d"}, {1, 3, "e"}};
+    for (const auto& [field, event, words] : captions) memory.remember(field, event, words);
+    for (const auto& [field, event, words] : captions) {
+        ASSERT_NE(memory.find(field, event), nullptr);
+        EXPECT_EQ(*memory.find(field, event), words);
+    }
+    EXPECT_EQ(memory.find(0, 3), nullptr);
+    EXPECT_EQ(memory.find(7, 1), nullptr);
+    EXPECT_EQ(memory.find(6, 0), nullptr);
+    EXPECT_EQ(memory.find(8, 0), nullptr);
+    EXPECT_EQ(*memory.find(1, -1), "e") << "no rule is about other events";
+}
+
 constexpr ValueKey bank = {"TBANK", "dcBLZ", "idBank", "7"};
 
 TEST(ValueMemory, AnswersForTheMomentAskedAlone) {
