@@ -22,7 +22,9 @@ constexpr std::int64_t fewest_positions = 2;
 
 }  // namespace
 
-FrameworkBook FrameworkMaker::cast(Role role, Random& random) { return make(cast_plan(role), random); }
+FrameworkBook FrameworkMaker::cast(FrameworkRole role, Random& random) {
+    return make(cast_plan(role), random);
+}
 
 FrameworkBook FrameworkMaker::other(std::size_t number, Random& random) {
     const std::span<const FrameworkPlan> known = known_plans();

@@ -74,7 +74,7 @@ public:
     explicit FrameworkMaker(std::int64_t positions) : positions_(positions) {}
 
     /// They are asked for in the order of the roles, before any other.
-    FrameworkBook cast(Role role, Random& random);
+    FrameworkBook cast(FrameworkRole role, Random& random);
 
     /// One of the others that every sample database has, or, beyond them, one more.
     FrameworkBook other(std::size_t number, Random& random);

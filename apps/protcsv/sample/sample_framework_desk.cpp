@@ -50,7 +50,7 @@ std::string other_than(std::string_view text, Range& list, Random& random) {
 FrameworkDesk::FrameworkDesk(Random random, std::int64_t rows)
     : DeskOfLongChanges(rows), random_(random), maker_(positions_per_framework(rows)) {
     for (std::size_t role = 0; role < framework_role_count; ++role)
-        cast_[role] = maker_.cast(static_cast<Role>(role), random_);
+        cast_[role] = maker_.cast(static_cast<FrameworkRole>(role), random_);
     early_ones_ = static_cast<std::size_t>(framework_count(rows)) - framework_role_count;
     for (std::size_t number = 0; number < early_ones_; ++number)
         others_.push_back(maker_.other(number, random_));

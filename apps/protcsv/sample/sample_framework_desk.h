@@ -44,7 +44,7 @@ public:
 
     Random& random() { return random_; }
     FrameworkMaker& maker() { return maker_; }
-    FrameworkBook& cast(Role role) { return cast_[role]; }
+    FrameworkBook& cast(FrameworkRole role) { return cast_[role]; }
 
     std::span<const FrameworkBook> cast() const { return cast_; }
     std::span<const FrameworkBook> others() const { return others_; }

@@ -99,7 +99,7 @@ struct Later {
 
 }  // namespace
 
-const FrameworkPlan& cast_plan(Role role) { return cast_plans[role]; }
+const FrameworkPlan& cast_plan(FrameworkRole role) { return cast_plans[role]; }
 
 std::span<const FrameworkPlan> known_plans() { return all_known_plans; }
 

@@ -13,7 +13,7 @@ namespace prot::sample {
 
 /// Those whom the story is about, and what they are. Office frameworks are copies of the standard framework
 /// with their type and mark.
-enum Role : std::size_t {
+enum FrameworkRole : std::size_t {
     balance_before,   ///< standard; the first version of the next one, under the same name
     balance,          ///< standard
     earnings,         ///< standard
@@ -32,7 +32,7 @@ struct FrameworkPlan {
     enum { full, small, small_and_new, version_of_the_one_before } nature = full;
 };
 
-const FrameworkPlan& cast_plan(Role role);
+const FrameworkPlan& cast_plan(FrameworkRole role);
 
 /// Those besides the cast that every sample database has.
 std::span<const FrameworkPlan> known_plans();
