@@ -5,6 +5,8 @@ include(LinuxProgram)
 
 add_library(prot_warnings INTERFACE)
 target_compile_options(prot_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+# Where sources are compiled together (CMAKE_UNITY_BUILD), a parameter may bear a name that another of them keeps to itself.
+target_compile_options(prot_warnings INTERFACE $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow>)
 if(CMAKE_CXX_FLAGS MATCHES "-fsanitize")
     add_compile_definitions(PROT_SANITIZED)
 endif()
@@ -37,6 +39,17 @@ function(prot_sources variable)
         list(FILTER sources EXCLUDE REGEX "_windows(_test)?\\.cpp$")
     endif()
     set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
+# Most of the time for a source goes into headers and templates that its neighbours need, too: the builds that are there
+# for tests and analyses alone compile the sources of a target together, the others each alone, so that none can count on
+# what its neighbours include. The preset says which (CMAKE_UNITY_BUILD).
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 16)
+
+# prot_alone(SOURCE…): in this folder's targets, sources that are always compiled alone, because another source keeps the
+# same names to itself.
+function(prot_alone)
+    set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
 # prot_precompile(NAME): under the sanitizers, NAME's sources read the standard library's headers precompiled, as the
