@@ -5,8 +5,10 @@ include(LinuxProgram)
 
 add_library(prot_warnings INTERFACE)
 target_compile_options(prot_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
-# Where sources are compiled together (CMAKE_UNITY_BUILD), a parameter may bear a name that another of them keeps to itself.
-target_compile_options(prot_warnings INTERFACE $<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow>)
+# Where sources are compiled together (CMAKE_UNITY_BUILD), a parameter may bear a name that another of them keeps to itself,
+# and gcc takes a class of a source for one of a header.
+target_compile_options(prot_warnings INTERFACE
+    "$<$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>:-Wno-shadow;$<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>>")
 if(CMAKE_CXX_FLAGS MATCHES "-fsanitize")
     add_compile_definitions(PROT_SANITIZED)
 endif()
@@ -41,9 +43,9 @@ function(prot_sources variable)
     set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 
-# Most of the time for a source goes into headers and templates that its neighbours need, too: the builds that are there
-# for tests and analyses alone compile the sources of a target together, the others each alone, so that none can count on
-# what its neighbours include. The preset says which (CMAKE_UNITY_BUILD).
+# Most of the time for a source goes into headers and templates that its neighbours need, too: where the preset says so
+# (CMAKE_UNITY_BUILD), the sources of a target are compiled together. So that none counts on what its neighbours include,
+# each is compiled alone by one preset: by linux, or by win32 when it is for Windows (see prot_library).
 set(CMAKE_UNITY_BUILD_BATCH_SIZE 16)
 
 # prot_alone(SOURCE…): in this folder's targets, sources that are always compiled alone, because another source keeps the
@@ -82,6 +84,11 @@ function(prot_library name)
         list(APPEND patterns ${folder}/*.cpp)
     endforeach()
     prot_sources(sources ${patterns})
+    if(WIN32 AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+        set(for_windows ${sources})
+        list(FILTER for_windows INCLUDE REGEX "_windows\\.cpp$|/platform/windows/|/apps/srvprotqrbcsv/")
+        prot_alone(${for_windows})
+    endif()
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}")
     target_link_libraries(${name} PRIVATE prot_warnings prot_hardening)

@@ -67,7 +67,8 @@ TEST_F(FrameworkExport, EndsWithoutAStatementOnTheLogWhenThePersonCancels) {
     exporter.poParent = &parent;
     host.person = [](Form& form) { form.cancel.click(); };
     run("");
-    EXPECT_EQ(oDBU.statements, (Statements{"array: " + deleted_frameworks_of_all_types, "array: " + charts}));
+    EXPECT_EQ(oDBU.statements,
+              (Statements{"array: " + deleted_frameworks_of_all_types, "array: " + known_charts}));
     EXPECT_TRUE(host.written.files.empty() && host.boxes.empty() && parent.calls.empty());
 }
 
@@ -120,14 +121,14 @@ TEST_F(FrameworkExport, DeletesWithTheFrameworksThemselves) {
     oDBU.answers["SELECT COUNT(*) FROM tProtokoll WHERE " + condition] = {{std::int64_t{3}}};
     run("/autostart/awraend:za");
     EXPECT_NE(condition.find("'AUSWERTUNGSDICHTE'"), std::string::npos);
-    EXPECT_EQ(
-        oDBU.statements,
-        (Statements{"array: " + deleted_frameworks_of_all_types, "array: " + charts, "value: " + section,
-                    "value: " + section, "value: SELECT COUNT(*) FROM tProtokoll WHERE " + condition,
-                    "execute: DELETE tProtokollMemo WHERE flProtokoll in (SELECT idProtokoll FROM "
-                    "tProtokoll WHERE " +
-                        condition + ")",
-                    "execute: DELETE tProtokoll WHERE " + condition}));
+    EXPECT_EQ(oDBU.statements,
+              (Statements{"array: " + deleted_frameworks_of_all_types, "array: " + known_charts,
+                          "value: " + section, "value: " + section,
+                          "value: SELECT COUNT(*) FROM tProtokoll WHERE " + condition,
+                          "execute: DELETE tProtokollMemo WHERE flProtokoll in (SELECT idProtokoll FROM "
+                          "tProtokoll WHERE " +
+                              condition + ")",
+                          "execute: DELETE tProtokoll WHERE " + condition}));
     EXPECT_TRUE(host.written.files.empty());
     EXPECT_EQ(host.boxes.size(), 1U) << "the question, and nothing about data";
 }

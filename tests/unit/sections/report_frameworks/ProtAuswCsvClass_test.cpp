@@ -142,7 +142,7 @@ TEST_F(FrameworkExport, SendsItsStatementsInOrder) {
     EXPECT_EQ(oDBU.statements,
               (Statements{
                   "array: " + deleted_frameworks_of_all_types,
-                  "array: " + charts,
+                  "array: " + known_charts,
                   "value: " + section,
                   "array: " + select({}),
                   "value: " + test::caption_statement("ZEILENART", "ZA_ART"),

@@ -21,7 +21,8 @@ using Lines = std::vector<std::vector<std::string>>;
 using Statements = std::vector<std::string>;
 
 inline const Date moment = to_date(CivilTime{2026, 3, 5, 14, 7, 9});
-inline const std::string charts = "SELECT KR_Id, KR_Bezeichnung FROM Kontenrahmen ORDER BY KR_Bezeichnung";
+inline const std::string known_charts =
+    "SELECT KR_Id, KR_Bezeichnung FROM Kontenrahmen ORDER BY KR_Bezeichnung";
 inline const std::string section =
     "SELECT dcLogTable FROM tSysQuvoLogSections WHERE IDSysQuvoLogSections = 10";
 inline const std::string deleted_frameworks_of_all_types =
@@ -39,7 +40,7 @@ protected:
     FrameworkExport() {
         fill_event_names();
         oDBU.answers[section] = {{std::string("tProtokoll")}};
-        oDBU.answers[charts] = {{std::int64_t{61}, std::string("SKR 03")}};
+        oDBU.answers[known_charts] = {{std::int64_t{61}, std::string("SKR 03")}};
         oDBU.answers["SELECT ARa_Bezeichnung FROM AuswertungsRahmen WHERE ARa_Id = 71"] = {
             {std::string("Bilanz HGB")}};
         oDBU.answers["SELECT Za_Bezeichnung FROM Zeilenart WHERE Za_Id = 31"] = {{std::string("Aktiva")}};
