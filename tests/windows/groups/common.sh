@@ -38,11 +38,15 @@ z_path() {
     printf 'Z:%s' "${path//\//\\}"
 }
 
-# record NAME CASE [ARGUMENT...]: makes the recording NAME of the golden case, once (see record_run).
+# record NAME CASE [ARGUMENT...]: makes the recording NAME of the golden case, once (see record_run), although another group
+# may want it at the same time.
 record() {
     local name=$1
     shift
-    [ -f "$recordings/$name/recording.txt" ] || out/build/linux/tests/com/record_run "$recordings/$name" "$@" || {
+    (
+        flock 9
+        [ -f "$recordings/$name/recording.txt" ] || out/build/linux/tests/com/record_run "$recordings/$name" "$@"
+    ) 9>"$recordings.lock" || {
         echo "FAILED: recording $name"
         exit 1
     }
