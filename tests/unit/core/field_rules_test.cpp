@@ -88,6 +88,39 @@ TEST_F(Captions, EachEventHasItsOwnBit) {
     }
 }
 
+TEST_F(Captions, OfAFieldOfTheRunAreFoundOnceForEachEvent) {
+    oDBU.answers[test::caption_statement("ADRESSE", "ORT")] = {{std::string("Ort")}};
+    const auto caption = [&](const char* name, std::size_t number, std::int64_t event) {
+        const LogRecord record({.table = "ADRESSE", .event = event});
+        ChangedField field = record.field(name);
+        field.number = number;
+        return std::string(caption_by(rules, NameMatch::in_capitals, field, run));
+    };
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(caption("ADR_TYP", 0, 1), "Art der Anschrift");
+        EXPECT_EQ(caption("ORT", 1, 0), "");
+        EXPECT_EQ(caption("ORT", 1, 1), "Ort") << "another event";
+        EXPECT_EQ(caption("ADR_ID", 2, 1), "");
+    }
+    EXPECT_EQ(caption("GEHEIM", 1, 1), "Ort") << "its number says which field it is";
+    EXPECT_TRUE(host.fields_without_caption.empty());
+    EXPECT_EQ(caption("FAX", 3, 1), "");
+    EXPECT_EQ(caption("FAX", 3, 1), "");
+    EXPECT_EQ(host.fields_without_caption.size(), 2U) << "each line that is missing counts";
+    EXPECT_EQ(oDBU.statements.size(), 2U);
+}
+
+TEST_F(Captions, OfALookupThatFailedAreAskedAgain) {
+    const LogRecord record({.table = "ADRESSE"});
+    ChangedField field = record.field("ORT");
+    field.number = 0;
+    oDBU.failures.emplace(test::caption_statement("ADRESSE", "ORT"), test::server_error("gesperrt"));
+    EXPECT_EQ(caption_by(rules, NameMatch::exact, field, run), "");
+    oDBU.failures.clear();
+    oDBU.answers[test::caption_statement("ADRESSE", "ORT")] = {{std::string("Ort")}};
+    EXPECT_EQ(caption_by(rules, NameMatch::exact, field, run), "Ort");
+}
+
 TEST_F(Captions, ANameByIdIsTheOneOfTheMoment) {
     constexpr IdRule rule = {{.field = "BANK_ID"}, "ohne Bank", "TBANK", "dcBLZ", "idBank"};
     EXPECT_EQ(name_by(rule, 0, Date{46000}, run), "ohne Bank");
