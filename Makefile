@@ -41,7 +41,7 @@ test-windows: ## build for Windows and run the tests of that build under Wine; s
 reproducible: ## build the programs and the server twice, from two folders, and compare the bytes
 	@scripts/reproducible
 
-bench: build-linux ## measure protcsv against script peers and the raw floor
+bench: build-linux ## measure protcsv against the raw floor, up to five million rows; an hour or more
 	@scripts/bench
 
 screenshots: ## photograph the dialogs and terminal forms into docs/bilder/

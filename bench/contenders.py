@@ -1,15 +1,29 @@
-"""Who takes part: the floors, the program and the scripts, and how each is called."""
+"""Who takes part: the floor, the program and a script, and how each is called."""
 
 import pathlib
 import sys
 from dataclasses import dataclass
-from typing import Callable, Optional
+from typing import Callable
 
-from databases import MainQuery
+from databases import MainQuery, copy_without_date_index
 from process import Job
 from sections import Section
 
 PEERS = pathlib.Path(__file__).parent / "peers"
+
+DUMP = "sqlite3 dump"
+DEFAULT = "protcsv"
+ONE_THREAD = "protcsv --threads 1"
+DEFAULT_BUSY = "protcsv (busy)"
+ONE_THREAD_BUSY = "protcsv --threads 1 (busy)"
+SCRIPT = "good script"
+UNINDEXED = "protcsv (no date index)"
+NARROW = "protcsv (narrow)"
+NARROW_BEFORE = "before (narrow)"
+
+# The most log rows that a contender takes part with.
+SCRIPT_ROWS = 100_000
+UNINDEXED_ROWS = 1_000_000
 
 
 @dataclass
@@ -19,91 +33,62 @@ class Task:
     section: Section
     database: pathlib.Path
     main_query: MainQuery    # the rows that the program exports
-    columns: list            # its columns
     folder: pathlib.Path     # for output
 
 
 @dataclass
 class Contender:
-    """group: file or null, where its output goes; it is compared with the floor and the program of its group.
-
-    csv: from the task to the file that must hold the same bytes as everybody's; None without one.
-    rounds: from the number of log rows to the most rounds it takes part in, 0 for none.
-    """
+    """csv: from the task to the file that it wrote. All that write the same selection must write the same bytes."""
     name: str
-    group: str
     job: Callable[[Task], Job]
-    csv: Optional[Callable[[Task], pathlib.Path]] = None
-    rounds: Callable[[int], int] = lambda rows: sys.maxsize
+    csv: Callable[[Task], pathlib.Path]
+    selection: str = "all"
+    least_rounds: int = 1
 
 
-def program_output(task):
-    """Where the program prints the path of its file."""
-    return task.folder / "finished.txt"
+def contenders(section, rows, before):
+    """Those that take part at this number of log rows, in the order of a round. before: an older program, or None."""
+    yield Contender(DUMP, dump, lambda task: task.folder / "dump.csv", "raw")
+    for busy, default, one_thread in ((False, DEFAULT, ONE_THREAD), (True, DEFAULT_BUSY, ONE_THREAD_BUSY)):
+        yield Contender(default, exporting(busy=busy), exported)
+        yield Contender(one_thread, exporting("--threads", "1", busy=busy), exported)
+    if section.peers and rows <= SCRIPT_ROWS:
+        yield Contender(SCRIPT, script, lambda task: task.folder / "script.csv")
+    if section.is_whole_log() and rows <= UNINDEXED_ROWS:
+        yield Contender(UNINDEXED, export_unindexed, exported)
+    if section.narrow:
+        yield narrow(NARROW, section)
+        if before:
+            yield narrow(NARROW_BEFORE, section, program=before)
 
 
-def export(task, *arguments):
-    return [task.program, "export", "--db", str(task.database), "--section", task.section.number,
-            "--out", str(task.folder), *arguments]
+def narrow(name, section, program=None):
+    return Contender(name, exporting(parameters=section.narrow, program=program), exported, "narrow", least_rounds=3)
 
 
-def program_to_file(task):
-    return Job(export(task, "--params", task.section.parameters), str(program_output(task)))
+def dump(task):
+    return Job(["sqlite3", "-readonly", "-csv", str(task.database), task.main_query.preparation, task.main_query.query],
+               str(task.folder / "dump.csv"))
 
 
-def program_to_null(task):
-    return Job(export(task, "--answers", "-"), "/dev/null", task.section.answers)
+def script(task):
+    return Job([sys.executable, "-B", str(PEERS / f"good_{task.section.peers}.py"), str(task.database),
+                str(task.folder / "script.csv")], "/dev/null")
 
 
-def program_csv(task):
-    return pathlib.Path(program_output(task).read_text(encoding="utf-8").strip())
+def exporting(*options, program=None, parameters=None, busy=False):
+    return lambda task: export(task, task.database, program or task.program, parameters or task.section.parameters, options,
+                               busy)
 
 
-def shell(task, statement, output):
-    return Job(["sqlite3", "-readonly", "-csv", str(task.database), task.main_query.preparation, statement], str(output))
+def export_unindexed(task):
+    return export(task, copy_without_date_index(task.database, task.folder), task.program, task.section.parameters)
 
 
-def scan_statement(task):
-    """Walks the same rows in the same order, decodes each cell and counts the rows.
-
-    LIMIT keeps the order. The condition uses every column, so that none is left out, and is met by the first.
-    """
-    used = " OR ".join(f"{column} IS NOT NULL" for column in task.columns)
-    return f"SELECT count(*) FROM ({task.main_query.query} LIMIT -1) WHERE {used}"
+def export(task, database, program, parameters, options=(), busy=False):
+    return Job([program, "export", "--db", str(database), "--section", task.section.number, "--params", parameters,
+                "--out", str(task.folder), *options], str(task.folder / "finished.txt"), busy)
 
 
-def script(kind):
-    return lambda task: Job([sys.executable, "-B", str(PEERS / f"{kind}_{task.section.peers}.py"), str(task.database),
-                             str(task.folder / f"{kind}.csv")], "/dev/null")
-
-
-FLOORS = {"file": "sqlite3 dump, file", "null": "sqlite3 dump, /dev/null"}
-PROGRAMS = {"file": "protcsv, file", "null": "protcsv, /dev/null"}
-
-
-def contenders(section, with_slow_ones):
-    """In the order of a round. with_slow_ones: the plain script at any size."""
-    return [
-        Contender(FLOORS["file"], "file", lambda task: shell(task, task.main_query.query, task.folder / "dump.csv")),
-        Contender(PROGRAMS["file"], "file", program_to_file, program_csv),
-        *(scripts(with_slow_ones) if section.peers else []),
-        *(to_null() if section.answers else []),
-        Contender("scan only", "null" if section.answers else "file",
-                  lambda task: shell(task, scan_statement(task), "/dev/null")),
-    ]
-
-
-def scripts(with_slow_ones):
-    return [
-        Contender("good script, file", "file", script("good"), lambda task: task.folder / "good.csv",
-                  lambda rows: 3 if rows > 100_000 else sys.maxsize),
-        Contender("plain script, file", "file", script("plain"), lambda task: task.folder / "plain.csv",
-                  lambda rows: sys.maxsize if rows <= 10_000 else 1 if rows <= 100_000 or with_slow_ones else 0),
-    ]
-
-
-def to_null():
-    return [
-        Contender(FLOORS["null"], "null", lambda task: shell(task, task.main_query.query, "/dev/null")),
-        Contender(PROGRAMS["null"], "null", program_to_null),
-    ]
+def exported(task):
+    return pathlib.Path((task.folder / "finished.txt").read_text(encoding="utf-8").strip())

@@ -1,9 +1,11 @@
 """The sample databases, and what there is to know about them before a run."""
 
+import csv
 import hashlib
 import json
 import pathlib
 import re
+import shutil
 import sqlite3
 import statistics
 import subprocess
@@ -14,6 +16,7 @@ from dataclasses import dataclass
 
 SEED = "1"
 PROBE_ROWS = 3_000
+LEAST_SHARE = 0.01  # of the time of all statements, for a kind to be told
 
 
 def file_hash(path):
@@ -29,28 +32,30 @@ def write_sample(program, section, path, rows):
 def sample(program, section, folder, rows):
     """The database of `rows` log rows of the section, made unless one of the same content is there already.
 
-    Whether the program still writes what it wrote then is seen from a small database, made anew each time.
+    What the program writes today is seen from a small database, made anew each time.
     """
     with tempfile.TemporaryDirectory() as temporary:
         probe = pathlib.Path(temporary) / "probe.db"
         write_sample(program, section, probe, PROBE_ROWS)
-        mark = file_hash(probe)
-    database, mark_file = (folder / f"log-{section.number}-{rows}.{end}" for end in ("db", "mark"))
-    if not (database.exists() and mark_file.exists() and mark_file.read_text() == mark):
-        mark_file.unlink(missing_ok=True)
-        print(f"Writing a database of {rows} log rows of section {section.number}", flush=True)
-        write_sample(program, section, database, rows)
-        mark_file.write_text(mark)
+        mark = file_hash(probe)[:8]
+    database = folder / f"log-{section.number}-{rows}-{mark}.db"
+    if not database.exists():
+        unfinished = database.with_suffix(".unfinished")
+        write_sample(program, section, unfinished, rows)
+        unfinished.rename(database)
     return database
 
 
-@dataclass
-class StatementKind:
-    shape: str      # the statement, its values replaced by ?
-    times: list     # milliseconds, one a statement
-
-    def median(self):
-        return statistics.median(self.times)
+def copy_without_date_index(database, folder):
+    """Under the same name, which stands in the file that is exported; made by the first who asks."""
+    copy = folder / "no_date_index" / database.name
+    if not copy.exists():
+        copy.parent.mkdir()
+        shutil.copyfile(database, copy)
+        connection = sqlite3.connect(copy)
+        connection.execute("DROP INDEX iProtokollDatum")
+        connection.close()
+    return copy
 
 
 @dataclass
@@ -76,11 +81,16 @@ def as_sqlite(sql):
 
 
 def statements(program, section, database, folder):
-    """The statements of one export: the main query, and all statements by kind, the dearest kind first."""
+    """The statements of one export: the main query, and all statements by kind, the dearest kind first.
+
+    A kind is (text without values, number sent, their median and their sum in milliseconds). The main query's line is the
+    last one that tells of it, so that what filled its tables stands before.
+    """
     log = folder / "statements.jsonl"
     finished = subprocess.run(
         [program, "export", "--db", str(database), "--section", section.number, "--params", section.parameters,
-         "--out", str(folder), "--sql-log", str(log), "--quiet"], check=True, stdout=subprocess.PIPE, encoding="utf-8")
+         "--threads", "1", "--out", str(folder), "--sql-log", str(log), "--quiet"], check=True, stdout=subprocess.PIPE,
+        encoding="utf-8")
     pathlib.Path(finished.stdout.strip()).unlink()
     times = defaultdict(list)
     preparation, main_query = "", None
@@ -93,28 +103,25 @@ def statements(program, section, database, folder):
                 main_query = MainQuery(preparation, as_sqlite(sent["sql"]), sent["rows"])
             elif sent["op"] == "execute":
                 preparation += as_sqlite(sent["sql"])
-    kinds = [StatementKind(shape, each) for shape, each in times.items()]
-    return main_query, sorted(kinds, key=lambda kind: -sum(kind.times))
+    log.unlink()
+    return main_query, dear_kinds(times)
 
 
-@dataclass
-class Rows:
-    """The rows of the main query. size: bytes of all cells, a text its bytes and a number 8."""
-    columns: list
-    count: int
-    size: int
+def dear_kinds(times):
+    least = LEAST_SHARE * sum(sum(each) for each in times.values())
+    kinds = [(shortened(shape), len(each), round(statistics.median(each), 3), round(sum(each), 1))
+             for shape, each in times.items() if sum(each) > least]
+    return sorted(kinds, key=lambda kind: -kind[3])
 
 
-def fetched_rows(database, main_query):
-    connection = sqlite3.connect(database.absolute().as_uri() + "?mode=ro", uri=True)
-    connection.executescript(main_query.preparation)
-    query = main_query.query
-    columns = [column[0] for column in connection.execute(f"SELECT * FROM ({query}) LIMIT 0").description]
-    sizes = " + ".join(
-        f"CASE typeof({column}) WHEN 'null' THEN 0 WHEN 'text' THEN length(CAST({column} AS BLOB)) ELSE 8 END"
-        for column in columns)
-    count, size = connection.execute(f"SELECT count(*), sum({sizes}) FROM ({query})").fetchone()
-    connection.close()
+def shortened(shape):
+    return shape if len(shape) <= 78 else shape[:38] + " .. " + shape[-36:]
+
+
+def check_dump(path, main_query):
+    """Ends the benchmark when the raw floor's file has not the rows of the main query."""
+    csv.field_size_limit(sys.maxsize)
+    with open(path, encoding="utf-8", newline="") as file:
+        count = sum(1 for _ in csv.reader(file))
     if count != main_query.count:
         sys.exit(f"the raw floor has {count} rows, the program {main_query.count}")
-    return Rows(columns, count, size)

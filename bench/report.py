@@ -1,24 +1,23 @@
 """The benchmark's words and tables."""
 
-import datetime
-import os
-import pathlib
-import platform
 import statistics
-import subprocess
-import sys
 from dataclasses import dataclass
 
-from contenders import FLOORS, PROGRAMS
-
-MEGABYTE = 1_000_000
+from contenders import DUMP, NARROW, NARROW_BEFORE
+from targets import MEGABYTE, number, targets
 
 
 @dataclass
 class Size:
-    """What one size gave. results: the contender's name, then its runs in the order of the rounds."""
+    """What one number of log rows gave. results: the contender's name, then its runs in the order of the rounds.
+
+    busy: processors at work while the benchmark was not, right before or after. kinds: as databases.statements gives them.
+    """
     rows: int
-    fetched: object
+    machine: str
+    busy: float
+    load: float
+    fetched: int
     lines: int
     bytes: int
     results: dict
@@ -34,98 +33,43 @@ class Size:
         return ratios[0], statistics.median(ratios), ratios[-1]
 
 
-def number(value):
-    return f"{value:,}".replace(",", " ")
+def ratio_text(size, name):
+    """Against the dump; nothing where other rows were asked for."""
+    if name in (NARROW, NARROW_BEFORE):
+        return ""
+    lowest, median, highest = size.ratios(name, DUMP)
+    return f"{median:6.2f}" + (f" ({lowest:.2f}-{highest:.2f})" if len(size.results[name]) > 1 else "")
 
 
-def first_line(*command):
-    try:
-        return subprocess.run(command, stdout=subprocess.PIPE, encoding="utf-8").stdout.partition("\n")[0]
-    except OSError:
-        return "unknown"
-
-
-def processor():
-    for line in pathlib.Path("/proc/cpuinfo").read_text().splitlines():
-        if line.startswith("model name"):
-            return line.partition(":")[2].strip()
-    return platform.machine()
-
-
-def machine(program):
-    memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES")
-    return "\n".join([
-        f"{datetime.date.today()}: {first_line(program, '--version')}",
-        f"{os.cpu_count()} cores ({processor()}), {memory / 2**30:.0f} GiB; {platform.system()} {platform.machine()}",
-        f"{first_line('c++', '--version')}; sqlite3 {first_line('sqlite3', '--version').partition(' ')[0]};"
-        f" Python {platform.python_version()}",
-    ])
-
-
-def ratio_text(ratios):
-    lowest, median, highest = ratios
-    return f"{median:6.2f} ({lowest:.2f}-{highest:.2f})"
-
-
-def table(section, size, contenders):
-    head = (f"{section.title}, {number(size.rows)} log rows: {number(size.fetched.count)} fetched, {size.fetched.size / MEGABYTE:.1f} MB"
-            f" of cells; {number(size.lines)} lines written, {size.bytes / MEGABYTE:.1f} MB")
-    lines = [head, "", f"{'contender':24}{'runs':>4}{'wall s':>9}  {'of the dump':19} {'of protcsv':20}{'CPU s':>8}"
-                       f"{'peak MB':>9}{'of cells':>9}"]
-    skipped = []
-    for contender in contenders:
-        runs = size.results[contender.name]
-        if not runs:
-            skipped.append(contender.name)
-            continue
-        memory = size.median(contender.name, "memory")
-        lines.append(
-            f"{contender.name:24}{len(runs):4}{size.median(contender.name, 'wall'):9.3f}"
-            f"  {ratio_text(size.ratios(contender.name, FLOORS[contender.group])):19}"
-            f" {ratio_text(size.ratios(contender.name, PROGRAMS[contender.group])):20}"
-            f"{size.median(contender.name, 'cpu'):8.3f}{memory / MEGABYTE:9.1f}{memory / size.fetched.size:9.2f}")
-    lines += [f"left out: {name} (--all runs it)" for name in skipped]
-    return "\n".join(lines + ["", statement_table(size.kinds)])
-
-
-def statement_table(kinds):
-    sent = sum(len(kind.times) for kind in kinds)
-    total = sum(sum(kind.times) for kind in kinds)
-    lines = [f"{number(sent)} statements sent, {total:.0f} ms altogether", "",
-             f"{'sent':>8}{'median ms':>11}{'mean ms':>9}{'total ms':>10}  statement"]
-    for kind in kinds:
-        shape = kind.shape if len(kind.shape) <= 78 else kind.shape[:38] + " .. " + kind.shape[-36:]
-        lines.append(f"{len(kind.times):8}{kind.median():11.3f}{statistics.mean(kind.times):9.3f}"
-                     f"{sum(kind.times):10.1f}  {shape}")
+def table(section, sizes):
+    lines = [f"{section.title:28}{'runs':>4}{'wall s':>9}  {'of the dump':19}{'CPU s':>9}{'peak MB':>9}"]
+    for size in sizes:
+        lines += ["", f"{number(size.rows)} log rows: {number(size.fetched)} fetched, {number(size.lines)} lines written,"
+                      f" {size.bytes / MEGABYTE:.1f} MB",
+                  f"{size.machine}; {size.busy:.2f} processors busy, load {size.load:.2f}"]
+        for name, runs in size.results.items():
+            lines.append(f"{name:28}{len(runs):4}{size.median(name, 'wall'):9.3f}  {ratio_text(size, name):19}"
+                         f"{size.median(name, 'cpu'):9.3f}{size.median(name, 'memory') / MEGABYTE:9.1f}")
     return "\n".join(lines)
 
 
-def targets(section, sizes):
-    """What the program aims at, and whether the largest size reached it. The script is only asked where there is one."""
-    largest = sizes[-1]
-    program = PROGRAMS["file"]
-    of_dump = largest.ratios(program, FLOORS["file"])[1]
-    memory = largest.median(program, "memory") / largest.fetched.size
-    # measured value, whether it is reached, target
-    rows = [(of_dump, of_dump <= aim, f"of the dump's time, at most {aim}") for aim in section.aims]
-    if section.peers:
-        good = largest.ratios("good script, file", program)[1]
-        rows.append((good, good >= 10, "times as fast as the good script, at least 10"))
-    rows.append((memory, memory <= 2, "of the cells' size as peak memory, at most 2"))
-    for smaller in sizes[-2:-1]:
-        for what, name in (("cpu", "CPU time"), ("memory", "memory")):
-            growth = largest.median(program, what) / smaller.median(program, what) / (largest.rows / smaller.rows)
-            rows.append((growth, growth <= 1.25, f"of the {name} a row at {number(smaller.rows)} rows, at most 1.25"))
-    lines = [f"{section.title}, targets of protcsv to a file at {number(largest.rows)} rows"]
-    lines += [f"{value:8.2f} {aim:64}{'reached' if reached else 'NOT reached'}" for value, reached, aim in rows]
+def statement_table(size):
+    lines = [f"statements at {number(size.rows)} rows, --threads 1, kinds of 1 % of the time and more", "",
+             f"{'sent':>9}{'median ms':>11}{'total ms':>10}  statement"]
+    for shape, sent, median, total in size.kinds:
+        lines.append(f"{sent:9}{median:11.3f}{total:10.0f}  {shape}")
     return "\n".join(lines)
 
 
-def record(readme, section, text):
-    """Replaces the section's record in the README by `text`."""
-    begin, end = (f"<!-- record of section {section.number} {word} -->\n" for word in ("begins", "ends"))
-    before, _, rest = readme.read_text(encoding="utf-8").partition(begin)
-    _, found_end, after = rest.partition(end)
-    if not found_end:
-        sys.exit(f"{readme} has no place for the record of section {section.number}")
-    readme.write_text(f"{before}{begin}```text\n{text}\n```\n{end}{after}", encoding="utf-8")
+def target_table(section, sizes):
+    lines = ["targets"]
+    for rows, value, at_most, words in targets(section, sizes):
+        lines.append(f"{number(rows):>9} rows {value:7.2f}, at most {at_most:<5} {words:62}"
+                     f" {'reached' if value <= at_most else 'NOT reached'}")
+    return "\n".join(lines)
+
+
+def conclusion(section, sizes):
+    """What stands below the table."""
+    parts = [statement_table(sizes[-1])] if section.lookups_prevail() else []
+    return "\n\n".join(parts + [target_table(section, sizes)])

@@ -4,36 +4,40 @@ import pathlib
 from dataclasses import dataclass
 from typing import Optional
 
-# Answers of an interactive export of everything into /dev/null, where the form offers such a choice: the range of
-# currencies as proposed, then the name of the file. That of the open items asks for one client.
-ANSWERS = {"exchange-rates": b"\n\n/dev/null\n"}
-
 # Those that peers/ exports, too: good_rates.py, plain_rates.py, ...
 PEERS = {"exchange-rates": "rates", "customers": "customers"}
 
-# The share of the dump's time that a million rows may take.
-AIMS = {"suppliers": (3.0,), "customers": (3.0,), "report-frameworks": (3.0,)}
-AIMS_OF_OTHERS = (1.5, 1.0)
+# Parameter texts for one customer and one framework.
+NARROW = {
+    "customers": "/autostart/mandant:123/vonkonto:10000/biskonto:10000",
+    "report-frameworks": "/autostart/auswertung:Bilanz/auswertungsrahmen:Bilanz Handwerk",
+}
 
 
 @dataclass(frozen=True)
 class Section:
-    """parameters: of an export of everything, or of one client. answers: likewise; None where the form offers no such
-    choice. peers: the last word of the scripts' names, None without scripts. aims: of the dump's time, at most."""
+    """parameters: of an export of everything, or of one client. peers: the last word of the scripts' names, None without
+    scripts. narrow: parameters of a selection of few rows, None without one."""
     number: str
     title: str
     parameters: str
-    answers: Optional[bytes]
     peers: Optional[str]
-    aims: tuple
+    narrow: Optional[str]
+
+    def lookups_prevail(self):
+        """Whether a row asks for more than the row itself."""
+        return self.number in ("8", "9", "10")
+
+    def is_whole_log(self):
+        """Whether the main query walks over the log by date alone, so that an index on the date spares a sort."""
+        return self.number == "15"
 
 
 def read_sections(path):
     for line in path.read_text(encoding="utf-8").splitlines():
         if not line.startswith("#"):
             number, name, _, _, everything, _ = line.split(maxsplit=5)
-            yield Section(number, name.replace("-", " "), everything, ANSWERS.get(name),
-                          PEERS.get(name), AIMS.get(name, AIMS_OF_OTHERS))
+            yield Section(number, name.replace("-", " "), everything, PEERS.get(name), NARROW.get(name))
 
 
 SECTIONS = list(read_sections(pathlib.Path(__file__).resolve().parent.parent / "scripts/sections.txt"))
