@@ -12,7 +12,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds longest_count{500};
+constexpr std::chrono::milliseconds longest_counting{500};
 constexpr int many_steps = 200000;          // 256 rows that are found at once take some 10 000
 constexpr int steps_between_looks = 10000;  // of SQLite's machine, at the clock
 
@@ -30,7 +30,7 @@ private:
     static int is_over(void* end) { return Clock::now() > *static_cast<Clock::time_point*>(end) ? 1 : 0; }
 
     sqlite3* handle_;
-    Clock::time_point end_ = Clock::now() + longest_count;
+    Clock::time_point end_ = Clock::now() + longest_counting;
 };
 
 /// The query without its order, which would keep SQLite from counting in an index.
