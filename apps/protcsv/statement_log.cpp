@@ -12,19 +12,19 @@ namespace prot {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
 
 /// Adds the time of its life to `time`.
 class Stopwatch {
 public:
-    explicit Stopwatch(Clock::duration& time) : time_(time) {}
-    ~Stopwatch() { time_ += Clock::now() - start_; }
+    explicit Stopwatch(Steady::duration& time) : time_(time) {}
+    ~Stopwatch() { time_ += Steady::now() - start_; }
     Stopwatch(const Stopwatch&) = delete;
     Stopwatch& operator=(const Stopwatch&) = delete;
 
 private:
-    Clock::duration& time_;
-    const Clock::time_point start_ = Clock::now();
+    Steady::duration& time_;
+    const Steady::time_point start_ = Steady::now();
 };
 
 }  // namespace
@@ -70,7 +70,7 @@ public:
 private:
     std::ostream& file_;
     nlohmann::ordered_json fields_;
-    Clock::duration time_{};
+    Steady::duration time_{};
     bool written_ = false;
 };
 

@@ -10,7 +10,7 @@ namespace prot {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds longest_counting{500};
 constexpr int many_steps = 200000;          // 256 rows that are found at once take some 10 000
@@ -27,10 +27,10 @@ public:
     TimeLimit& operator=(const TimeLimit&) = delete;
 
 private:
-    static int is_over(void* end) { return Clock::now() > *static_cast<Clock::time_point*>(end) ? 1 : 0; }
+    static int is_over(void* end) { return Steady::now() > *static_cast<Steady::time_point*>(end) ? 1 : 0; }
 
     sqlite3* handle_;
-    Clock::time_point end_ = Clock::now() + longest_counting;
+    Steady::time_point end_ = Steady::now() + longest_counting;
 };
 
 /// The query without its order, which would keep SQLite from counting in an index.
