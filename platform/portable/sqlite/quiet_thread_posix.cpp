@@ -25,9 +25,9 @@ private:
 
 }  // namespace
 
-std::jthread quiet_thread(std::function<void(const std::stop_token&)> work) {
+std::thread quiet_thread(std::function<void()> work) {
     const NoSignals inherited;
-    return std::jthread(std::move(work));
+    return std::thread(std::move(work));
 }
 
 }  // namespace prot

@@ -5,8 +5,6 @@
 namespace prot {
 
 // The system runs its handlers in a thread of their own.
-std::jthread quiet_thread(std::function<void(const std::stop_token&)> work) {
-    return std::jthread(std::move(work));
-}
+std::thread quiet_thread(std::function<void()> work) { return std::thread(std::move(work)); }
 
 }  // namespace prot

@@ -6,11 +6,14 @@
 
 namespace prot {
 
-ReadAhead::ReadAhead(Fill fill)
-    : fill_(std::move(fill)), thread_(quiet_thread([this](const std::stop_token& stop) { run(stop); })) {}
+ReadAhead::ReadAhead(Fill fill) : fill_(std::move(fill)), thread_(quiet_thread([this] { run(); })) {}
 
 ReadAhead::~ReadAhead() {
-    thread_.request_stop();
+    {
+        const std::lock_guard lock(mutex_);
+        stop_ = true;
+        changed_.notify_all();
+    }
     thread_.join();
 }
 
@@ -24,11 +27,11 @@ const RowSet& ReadAhead::next() {
     return none_;
 }
 
-void ReadAhead::run(const std::stop_token& stop) {
+void ReadAhead::run() {
     try {
-        while (RowSet* const batch = free_batch(stop)) {
+        while (RowSet* const batch = free_batch()) {
             batch->clear();
-            fill_(*batch, stop);
+            fill_(*batch, stop_);
             fetched(batch->empty() ? 0 : 1, nullptr);
             if (batch->empty()) return;
         }
@@ -38,12 +41,10 @@ void ReadAhead::run(const std::stop_token& stop) {
 }
 
 /// A batch that nobody uses; null when the thread is to end.
-RowSet* ReadAhead::free_batch(const std::stop_token& stop) {
+RowSet* ReadAhead::free_batch() {
     std::unique_lock lock(mutex_);
-    const auto is_free = [this] { return fetched_ - given_back_ < batches_.size(); };
-    return changed_.wait(lock, stop, is_free) && !stop.stop_requested()
-               ? &batches_[fetched_ % batches_.size()]
-               : nullptr;
+    changed_.wait(lock, [this] { return stop_ || fetched_ - given_back_ < batches_.size(); });
+    return stop_ ? nullptr : &batches_[fetched_ % batches_.size()];
 }
 
 void ReadAhead::fetched(std::size_t batches, std::exception_ptr failure) {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <condition_variable>
 #include <cstddef>
 #include <exception>
 #include <functional>
 #include <mutex>
-#include <stop_token>
 #include <thread>
 
 #include "platform/row_set.h"
@@ -19,7 +19,7 @@ class ReadAhead {
 public:
     /// Fills an empty batch, which stays empty behind the last row. Asked to stop, it may return early.
     /// Called on the thread.
-    using Fill = std::function<void(RowSet&, const std::stop_token&)>;
+    using Fill = std::function<void(RowSet&, const std::atomic<bool>& stop)>;
 
     /// Fails with std::system_error when there can be no further thread.
     explicit ReadAhead(Fill fill);
@@ -32,13 +32,13 @@ public:
     const RowSet& next();
 
 private:
-    void run(const std::stop_token& stop);
-    RowSet* free_batch(const std::stop_token& stop);
+    void run();
+    RowSet* free_batch();
     void fetched(std::size_t batches, std::exception_ptr failure);
 
     const Fill fill_;
     std::mutex mutex_;  // of all below
-    std::condition_variable_any changed_;
+    std::condition_variable changed_;
     std::array<RowSet, 4> batches_;  // a ring
     std::size_t fetched_ = 0;        // how many there were
     std::size_t handed_over_ = 0;    // of these; the last one is in use
@@ -46,7 +46,8 @@ private:
     bool at_end_ = false;
     std::exception_ptr failure_;
     const RowSet none_;
-    std::jthread thread_;
+    std::atomic<bool> stop_ = false;
+    std::thread thread_;
 };
 
 }  // namespace prot

@@ -33,15 +33,14 @@ const RowSet& SqliteRowStream::next_batch() {
 
 const RowSet& SqliteRowStream::fetch() {
     batch_.clear();
-    fill(batch_, {});
+    fill(batch_, false);
     if (handed_over_ == 0)
         steps_of_first_rows_ = sqlite3_stmt_status(rows_.statement(), SQLITE_STMTSTATUS_VM_STEP, 1);
     return batch_;
 }
 
-void SqliteRowStream::fill(RowSet& batch, const std::stop_token& stop) {
-    while (!stop.stop_requested() && batch.rows() < rows_of_batch && batch.text_bytes() < text_of_batch &&
-           !rows_.at_end()) {
+void SqliteRowStream::fill(RowSet& batch, const std::atomic<bool>& stop) {
+    while (!stop && batch.rows() < rows_of_batch && batch.text_bytes() < text_of_batch && !rows_.at_end()) {
         const SqliteTurns::OfReader turn(turns_);
         rows_.read(batch, rows_of_turn);
     }
@@ -53,7 +52,7 @@ bool SqliteRowStream::reads_ahead() {
     if (reading_ == SqliteReading::on_demand || is_first || rows_.at_end()) return false;
     try {
         ahead_ = std::make_unique<ReadAhead>(
-            [this](RowSet& batch, const std::stop_token& stop) { fill(batch, stop); });
+            [this](RowSet& batch, const std::atomic<bool>& stop) { fill(batch, stop); });
     } catch (const std::system_error&) {
         return false;
     }

@@ -29,7 +29,7 @@ public:
 
 private:
     const RowSet& fetch();
-    void fill(RowSet& batch, const std::stop_token& stop);
+    void fill(RowSet& batch, const std::atomic<bool>& stop);
     bool reads_ahead();
 
     SqliteConnection& connection_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <condition_variable>
 #include <mutex>
 
 namespace prot {
@@ -14,10 +15,10 @@ public:
     public:
         explicit OfRun(SqliteTurns& turns) : turns_(turns) {
             if (turns_.connection_.try_lock()) return;
-            turns_.run_waits_.store(true);
+            turns_.run_waits_ = true;
             turns_.connection_.lock();
-            turns_.run_waits_.store(false);
-            turns_.run_waits_.notify_one();
+            turns_.run_waits_ = false;
+            turns_.run_has_it_.notify_one();
         }
         ~OfRun() { turns_.connection_.unlock(); }
         OfRun(const OfRun&) = delete;
@@ -30,25 +31,18 @@ public:
     /// The reading thread has it.
     class OfReader {
     public:
-        explicit OfReader(SqliteTurns& turns) : turns_(turns) {
-            turns_.connection_.lock();
-            while (turns_.run_waits_.load()) {
-                turns_.connection_.unlock();
-                turns_.run_waits_.wait(true);
-                turns_.connection_.lock();
-            }
+        explicit OfReader(SqliteTurns& turns) : lock_(turns.connection_) {
+            turns.run_has_it_.wait(lock_, [&turns] { return !turns.run_waits_; });
         }
-        ~OfReader() { turns_.connection_.unlock(); }
-        OfReader(const OfReader&) = delete;
-        OfReader& operator=(const OfReader&) = delete;
 
     private:
-        SqliteTurns& turns_;
+        std::unique_lock<std::mutex> lock_;
     };
 
 private:
     std::mutex connection_;
     std::atomic<bool> run_waits_ = false;
+    std::condition_variable run_has_it_;  // what it waited for
 };
 
 }  // namespace prot

@@ -16,7 +16,7 @@ void put(RowSet& batch, std::int64_t number) {
 
 TEST(ReadAhead, HandsOverTheBatchesInOrder) {
     std::int64_t next = 0;  // of the thread
-    ReadAhead ahead([&next](RowSet& batch, const std::stop_token&) {
+    ReadAhead ahead([&next](RowSet& batch, const std::atomic<bool>&) {
         if (next < 100) put(batch, next++);
     });
     for (std::int64_t number = 0; number < 100; ++number) {
@@ -30,7 +30,7 @@ TEST(ReadAhead, HandsOverTheBatchesInOrder) {
 
 TEST(ReadAhead, ReadsAFewBatchesAheadAndNeverIntoTheOneInUse) {
     std::atomic<int> read = 0;
-    ReadAhead ahead([&read](RowSet& batch, const std::stop_token&) { put(batch, ++read); });
+    ReadAhead ahead([&read](RowSet& batch, const std::atomic<bool>&) { put(batch, ++read); });
     const RowSet* in_use = &ahead.next();
     for (int number = 1; number < 50; ++number) {
         for (int look = 0; look < 1000 && read < number + 3; ++look) std::this_thread::yield();
@@ -42,7 +42,7 @@ TEST(ReadAhead, ReadsAFewBatchesAheadAndNeverIntoTheOneInUse) {
 
 TEST(ReadAhead, RaisesAFailureBehindWhatWasReadBefore) {
     int read = 0;
-    ReadAhead ahead([&read](RowSet& batch, const std::stop_token&) {
+    ReadAhead ahead([&read](RowSet& batch, const std::atomic<bool>&) {
         if (++read == 3) throw std::runtime_error("kaputt");
         put(batch, read);
     });
@@ -54,16 +54,16 @@ TEST(ReadAhead, RaisesAFailureBehindWhatWasReadBefore) {
 
 TEST(ReadAhead, EndsAtAnyTime) {
     for (int batches = 0; batches < 8; ++batches) {
-        ReadAhead ahead([](RowSet& batch, const std::stop_token&) { put(batch, 1); });
+        ReadAhead ahead([](RowSet& batch, const std::atomic<bool>&) { put(batch, 1); });
         for (int i = 0; i < batches; ++i) ahead.next();
     }
 }
 
 TEST(ReadAhead, AsksALongReadToStop) {
     std::atomic<bool> reads = false;
-    ReadAhead ahead([&reads](RowSet&, const std::stop_token& stop) {
+    ReadAhead ahead([&reads](RowSet&, const std::atomic<bool>& stop) {
         reads = true;
-        while (!stop.stop_requested()) std::this_thread::yield();
+        while (!stop) std::this_thread::yield();
     });
     while (!reads) std::this_thread::yield();
 }
