@@ -13,7 +13,7 @@ namespace {
 using Steady = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds longest_counting{500};
-constexpr int many_steps = 200000;          // 256 rows that are found at once take some 10 000
+constexpr int many_steps = 200000;          // 256 rows that are found at once take some thousands
 constexpr int steps_between_looks = 10000;  // of SQLite's machine, at the clock
 
 /// Ends the statement that runs when its time is over.
