@@ -53,7 +53,7 @@ public:
     /// reached through the system's own links (/dev/stdout) is written directly.
     ///
     /// Windows: it has the permissions that its folder hands down; a symbolic link itself is replaced. A
-    /// target that another program has open is an error at complete.
+    /// target that another program has open for more than a second is an error at complete.
     virtual std::unique_ptr<PendingFile> prepare(const std::filesystem::path& target) = 0;
 };
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/portable/files/atomic_file.h"
+#include "platform/portable/files/brief_use_windows.h"
 #include "platform/portable/files/folder_access.h"
 #include "platform/portable/files/temporary_name.h"
 #include "platform/portable/files/windows_error.h"
@@ -73,9 +74,7 @@ public:
         if (made_ && FlushFileBuffers(handle_) == 0) fail_with_last_error();
         if (CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE)) == 0) fail_with_last_error();
         if (!made_) return;
-        if (MoveFileExW(temporary_.c_str(), place_.c_str(),
-                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
-            fail(reason_of_refusal(GetLastError()));
+        if (const std::error_code error = after_brief_use([&] { return put_in_place(); })) fail(error);
         made_ = false;
     }
 
@@ -87,6 +86,12 @@ public:
 private:
     [[noreturn]] void fail(std::error_code reason) const { throw file_error(shown_, reason); }
     [[noreturn]] void fail_with_last_error() const { fail(windows_error(GetLastError())); }
+
+    std::error_code put_in_place() const {
+        constexpr DWORD whole = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+        if (MoveFileExW(temporary_.c_str(), place_.c_str(), whole) != 0) return {};
+        return reason_of_refusal(GetLastError());
+    }
 
     // Access to the place is denied for a folder and for a file that is open elsewhere, too.
     std::error_code reason_of_refusal(DWORD code) const {
@@ -129,7 +134,7 @@ class WindowsFiles : public FileLayer {
 public:
     void make_folder(const fs::path& folder) override {
         std::error_code error = make_with_parents(folder);
-        if (!error) error = folder_refusal(folder);
+        if (!error) error = after_brief_use([&] { return folder_refusal(folder); });
         if (error) throw folder_error(folder, error);
     }
 

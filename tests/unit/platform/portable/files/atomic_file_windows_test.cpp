@@ -2,6 +2,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <filesystem>
+#include <optional>
+#include <thread>
+
 #include "platform/portable/files/windows_error.h"
 #include "tests/unit/platform/portable/files/atomic_file_fixture.h"
 
@@ -12,11 +16,12 @@ namespace fs = std::filesystem;
 using testing::EndsWith;
 using testing::HasSubstr;
 
-/// A file that a program has open; what it shares with others is `share`.
+/// A file or folder that a program has open; what it shares with others is `share`.
 class OpenFile {
 public:
     OpenFile(const fs::path& path, DWORD share)
-        : handle_(CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr)) {
+        : handle_(CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING,
+                              FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {
         EXPECT_NE(handle_, INVALID_HANDLE_VALUE);
     }
     ~OpenFile() { CloseHandle(handle_); }
@@ -48,6 +53,30 @@ TEST_F(AtomicFileWindows, TellsThatTheTargetIsOpenInAnotherProgramAndLeavesIt) {
         EXPECT_EQ(content_of(folder / "a.csv"), "earlier") << row.why;
         EXPECT_EQ(folder.entries(), 1U) << row.why;
     }
+}
+
+TEST_F(AtomicFileWindows, WaitsForAProgramThatHasTheTargetOpenForAnInstant) {
+    write_file(folder / "a.csv", "earlier");
+    std::optional<OpenFile> scanner(std::in_place, folder / "a.csv", FILE_SHARE_READ);
+    std::thread end_of_scan([&] {
+        Sleep(200);
+        scanner.reset();
+    });
+    EXPECT_EQ(description_of([&] { write_whole(folder / "a.csv", "new"); }), "no error");
+    end_of_scan.join();
+    EXPECT_EQ(content_of(folder / "a.csv"), "new");
+    EXPECT_EQ(folder.entries(), 1U);
+}
+
+TEST_F(AtomicFileWindows, WaitsForAProgramThatHasTheFolderOpenForAnInstant) {
+    fs::create_directory(folder / "new");
+    std::optional<OpenFile> scanner(std::in_place, folder / "new", FILE_SHARE_READ);
+    std::thread end_of_scan([&] {
+        Sleep(200);
+        scanner.reset();
+    });
+    EXPECT_EQ(description_of([&] { system_files().make_folder(folder / "new"); }), "no error");
+    end_of_scan.join();
 }
 
 TEST_F(AtomicFileWindows, TellsThatANameIsNotAllowed) {
