@@ -33,8 +33,9 @@ constexpr Setting settings[] = {
 };
 
 /// Look-ups jump about in the log. With the two megabytes for pages that SQLite has by itself, an export of a
-/// million rows of customers reads pages of the file four times as often.
-constexpr const char* more_pages = "PRAGMA cache_size = -8000";
+/// million rows of customers spends twice the time in the kernel, with eight a fifth less, for 4 MB more, and
+/// as much again where a query sorts.
+constexpr const char* more_pages = "PRAGMA cache_size = -4000";
 
 int read_schema(sqlite3* handle) {
     return sqlite3_exec(handle, "SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr, nullptr);
