@@ -3,12 +3,14 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "platform/automation/error.h"
 #include "platform/portable/tsql/tsql_dialect.h"
 #include "platform/portable/tsql/tsql_refusal.h"
 #include "platform/portable/tsql/tsql_tokens.h"
+#include "platform/portable/tsql/tsql_translations.h"
 #include "tests/fuzz/claim.h"
 #include "tests/fuzz/sqlite_parser.h"
 
@@ -123,6 +125,46 @@ void check_accepted(std::string_view text, const std::vector<TsqlStatement>& sta
     claim(before(end, text.data() + text.size()), "sources stand in the text");
 }
 
+std::string shown(const std::string& text) { return text; }
+template <class Number>
+std::string shown(Number number) {
+    return std::to_string(number);
+}
+
+/// What SQLite gets of a query, or why it gets nothing.
+template <class Translate>
+std::string outcome_of(Translate translate) {
+    try {
+        const TsqlStatement& query = translate();
+        std::string result = query.text + '\n' + std::string(query.source);
+        for (const TsqlParameter& parameter : query.parameters)
+            result += '\n' + std::to_string(parameter.index()) +
+                      std::visit([](const auto& value) { return shown(value); }, parameter);
+        return result;
+    } catch (const AutomationError& error) {
+        return error.description();
+    }
+}
+
+/// Another text of the same shape, most often: other digits, other first letters of texts.
+std::string with_other_literals(std::string_view text) {
+    std::string result(text);
+    for (std::size_t i = 0; i < result.size(); ++i) {
+        if (result[i] >= '0' && result[i] <= '9') result[i] = result[i] == '9' ? '0' : char(result[i] + 1);
+        if (i > 0 && result[i - 1] == '\'' && result[i] == '%') result[i] = '[';
+    }
+    return result;
+}
+
+void check_memory(std::string_view text) {
+    TsqlTranslations translations;
+    const std::string other = with_other_literals(text);
+    for (const std::string_view sql : {text, std::string_view(other), text})
+        claim(outcome_of([&]() -> const TsqlStatement& { return translations.of_query(sql); }) ==
+                  outcome_of([&] { return translate_query(sql); }),
+              "a query is translated as if none had come before", std::string(sql));
+}
+
 void check_refusal(std::string_view text, const AutomationError& error) {
     claim(error.number() == statement_refused && error.source() == "SQLite", "a refusal is told from others");
     const std::string shown = ". Anweisung: " + std::string(text.substr(0, text.find('\0')));
@@ -135,6 +177,7 @@ void check_refusal(std::string_view text, const AutomationError& error) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace prot::fuzz;
     const std::string_view text = input_text(data, size);
+    check_memory(text);
     std::vector<prot::TsqlStatement> statements;
     try {
         statements = prot::translate_tsql(text);

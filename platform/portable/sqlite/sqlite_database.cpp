@@ -9,6 +9,7 @@
 #include "platform/portable/sqlite/sqlite_statements.h"
 #include "platform/portable/sqlite/sqlite_temporary_table.h"
 #include "platform/portable/tsql/tsql_dialect.h"
+#include "platform/portable/tsql/tsql_translations.h"
 
 namespace prot {
 
@@ -22,7 +23,7 @@ public:
     Value query_value(std::string_view sql) override {
         const SqliteTurns::OfRun turn(turns_);
         connection_.require();
-        const TsqlStatement query = single_query(sql);
+        const TsqlStatement& query = translations_.of_query(sql);
         SqliteRun run = start(query);
         return run.next_row() ? SqliteCells(run.statement()).read(0).value() : Value();
     }
@@ -30,7 +31,7 @@ public:
     RowSet query_array(std::string_view sql) override {
         const SqliteTurns::OfRun turn(turns_);
         connection_.require();
-        const TsqlStatement query = single_query(sql);
+        const TsqlStatement& query = translations_.of_query(sql);
         SqliteRun run = start(query);
         if (!run.next_row()) return {};
         const SqliteCells cells(run.statement());
@@ -96,6 +97,7 @@ private:
 
     SqliteConnection connection_;
     SqliteTurns turns_;
+    TsqlTranslations translations_;
     SqliteStatements statements_{connection_};
     const SqliteReading reading_;
 };

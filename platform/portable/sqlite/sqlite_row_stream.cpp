@@ -19,7 +19,7 @@ SqliteRowStream::SqliteRowStream(SqliteConnection& connection, SqliteTurns& turn
     : connection_(connection),
       turns_(turns),
       sql_(sql),
-      query_(single_query(sql_)),
+      query_(translate_query(sql_)),
       reading_(reading),
       rows_(connection, query_) {}
 

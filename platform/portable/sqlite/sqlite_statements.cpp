@@ -6,7 +6,6 @@
 #include <variant>
 
 #include "platform/portable/sqlite/sqlite_problem.h"
-#include "platform/portable/tsql/tsql_refusal.h"
 
 namespace prot {
 
@@ -24,17 +23,6 @@ struct Binder {
 };
 
 }  // namespace
-
-TsqlStatement single_query(std::string_view sql) {
-    std::vector<TsqlStatement> statements = translate_tsql(sql);
-    for (const TsqlStatement& statement : statements)
-        if (statements.size() > 1 || statement.kind != TsqlStatement::Kind::query) {
-            const auto offset = static_cast<std::size_t>(statement.source.data() - sql.data());
-            refuse_statement(sql, offset, statement.source.size(),
-                             "eine Abfrage ist genau ein SELECT ohne INTO");
-        }
-    return std::move(statements.front());
-}
 
 PreparedStatement prepare(SqliteConnection& connection, std::string_view text, std::string_view source) {
     if (text.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))

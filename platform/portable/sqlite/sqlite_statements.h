@@ -18,9 +18,6 @@ struct SqliteFinalizer {
 };
 using PreparedStatement = std::unique_ptr<sqlite3_stmt, SqliteFinalizer>;
 
-/// Translates a text that is one query; anything else is refused. The result points into `sql`.
-TsqlStatement single_query(std::string_view sql);
-
 /// Prepares `text`. Fails with SQLite's error; `source`: the statement as its caller wrote it.
 PreparedStatement prepare(SqliteConnection& connection, std::string_view text, std::string_view source);
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/portable/tsql/tsql_refusal.h"
 #include "platform/portable/tsql/tsql_translator.h"
 
 namespace prot {
@@ -18,6 +19,17 @@ std::vector<TsqlStatement> TsqlTranslator::batch() {
         }
     } while (!reader_.at_end());
     return statements;
+}
+
+TsqlStatement translate_query(std::string_view text) {
+    std::vector<TsqlStatement> statements = translate_tsql(text);
+    for (const TsqlStatement& statement : statements)
+        if (statements.size() > 1 || statement.kind != TsqlStatement::Kind::query) {
+            const auto offset = static_cast<std::size_t>(statement.source.data() - text.data());
+            refuse_statement(text, offset, statement.source.size(),
+                             "eine Abfrage ist genau ein SELECT ohne INTO");
+        }
+    return std::move(statements.front());
 }
 
 TsqlStatement TsqlTranslator::statement() {

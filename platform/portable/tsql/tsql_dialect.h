@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -10,6 +11,13 @@ namespace prot {
 
 /// The value of a literal that stands as a parameter (?) in a translated statement.
 using TsqlParameter = std::variant<std::int64_t, double, std::string>;
+
+/// Where the literal that became a parameter stands.
+struct TsqlLiteral {
+    std::size_t offset =
+        0;  ///< bytes from the start of the text that was translated; N of N'text' not counted
+    bool negative = false;  ///< a minus sign stands before it
+};
 
 /// One T-SQL statement in SQLite's dialect.
 struct TsqlStatement {
@@ -23,6 +31,7 @@ struct TsqlStatement {
     Kind kind = Kind::query;
     std::string text;
     std::vector<TsqlParameter> parameters;  ///< in the order of the question marks
+    std::vector<TsqlLiteral> literals;      ///< that the parameters were
     std::string temporary_table;            ///< the name with its #
     std::string_view source;                ///< the statement as written; points into the translated text
 };
@@ -60,5 +69,8 @@ struct TsqlStatement {
 inline constexpr std::size_t most_parameters = 250;
 
 std::vector<TsqlStatement> translate_tsql(std::string_view text);
+
+/// Translates a text that is one query; anything else is refused. The result points into `text`.
+TsqlStatement translate_query(std::string_view text);
 
 }  // namespace prot

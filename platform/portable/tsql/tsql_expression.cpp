@@ -1,10 +1,9 @@
 #include <algorithm>
-#include <charconv>
 #include <iterator>
-#include <optional>
 #include <string>
 
 #include "platform/automation/letter_case.h"
+#include "platform/portable/tsql/tsql_literals.h"
 #include "platform/portable/tsql/tsql_translator.h"
 
 namespace prot {
@@ -34,18 +33,6 @@ bool is_comparison(const Token& token) {
 
 bool is_arithmetic(const Token& token) {
     return token.kind == Token::Kind::symbol && arithmetic.find(token.text[0]) != std::string_view::npos;
-}
-
-// As SQLite reads a literal: a whole number of 64 bits, everything else a floating-point number. Nothing when
-// the number is too large or too small for that.
-std::optional<TsqlParameter> number_of(std::string_view digits, bool negative) {
-    const char* const end = digits.data() + digits.size();
-    std::int64_t integer = 0;
-    const auto whole = std::from_chars(digits.data(), end, integer);
-    if (whole.ec == std::errc() && whole.ptr == end) return negative ? -integer : integer;
-    double real = 0.0;
-    if (std::from_chars(digits.data(), end, real).ec != std::errc()) return std::nullopt;
-    return negative ? -real : real;
 }
 
 }  // namespace
@@ -146,7 +133,7 @@ void TsqlTranslator::pattern() {
     if (token.text.find('[') != std::string_view::npos)
         reader_.refuse(token, "Zeichenmengen [ ] in LIKE werden nicht unterstützt");
     writer_.add("LIKE");
-    writer_.add_text(string_of(reader_.take()));
+    text();
 }
 
 TsqlTranslator::Meaning TsqlTranslator::operand() {
@@ -167,7 +154,7 @@ TsqlTranslator::Meaning TsqlTranslator::bare_operand() {
         reader_.take();
         writer_.add("NULL");
     } else if (token.kind == Token::Kind::string) {
-        writer_.add_text(string_of(reader_.take()));
+        text();
     } else if (token.kind == Token::Kind::number) {
         number(false);
     } else if (reader_.accept("-")) {
@@ -200,12 +187,19 @@ void TsqlTranslator::existence() {
     subquery();
 }
 
+void TsqlTranslator::text() {
+    const Token& token = reader_.take();
+    const std::size_t quote = token.text.find('\'');
+    writer_.add_text(string_of(token.text), {.offset = token.offset + quote});
+}
+
 void TsqlTranslator::number(bool negative) {
     const Token& token = reader_.look();
     if (token.kind != Token::Kind::number) reader_.refuse_expecting("eine Zahl");
-    auto value = number_of(token.text, negative);
+    auto value = literal_value(token.text, negative);
     if (!value) reader_.refuse(token, "diese Zahl ist zu groß oder zu klein");
-    writer_.add_number((negative ? "-" : "") + std::string(token.text), std::move(*value));
+    writer_.add_number((negative ? "-" : "") + std::string(token.text), std::move(*value),
+                       {.offset = token.offset, .negative = negative});
     reader_.take();
 }
 

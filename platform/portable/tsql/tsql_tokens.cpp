@@ -2,16 +2,12 @@
 
 #include <algorithm>
 
-#include "platform/automation/ascii.h"
+#include "platform/portable/tsql/tsql_lexemes.h"
 #include "platform/portable/tsql/tsql_refusal.h"
 
 namespace prot {
 
 namespace {
-
-bool is_blank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool starts_name(char c) { return is_ascii_letter(c) || c == '_' || c == '#' || !is_ascii(c); }
-bool continues_name(char c) { return starts_name(c) || is_ascii_digit(c) || c == '@' || c == '$'; }
 
 class Tokenizer {
 public:
@@ -25,6 +21,7 @@ public:
     }
 
 private:
+    std::string_view rest() const { return text_.substr(at_); }
     char look(std::size_t ahead = 0) const { return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0'; }
 
     [[noreturn]] void refuse(std::size_t offset, std::size_t size, std::string_view reason) const {
@@ -33,7 +30,7 @@ private:
 
     void skip_blanks() {
         while (at_ < text_.size()) {
-            if (is_blank(text_[at_])) {
+            if (is_tsql_blank(text_[at_])) {
                 ++at_;
             } else if (look() == '-' && look(1) == '-') {
                 at_ = std::min(text_.find('\n', at_), text_.size());
@@ -65,8 +62,8 @@ private:
         if (c == '[' || c == '"')
             return take_quoted(Token::Kind::quoted_name, 0, c == '[' ? ']' : '"',
                                "dieser Name hat kein Ende");
-        if (starts_name(c)) return take_name();
-        if (is_ascii_digit(c) || (c == '.' && is_ascii_digit(look(1)))) return take_number();
+        if (starts_tsql_name(c)) return take_name();
+        if (const std::size_t size = tsql_number_size(rest()); size > 0) return take_number(size);
         take_symbol();
     }
 
@@ -76,37 +73,21 @@ private:
     }
 
     void take_quoted(Token::Kind kind, std::size_t prefix, char delimiter, std::string_view endless) {
-        std::size_t end = at_ + prefix + 1;
-        for (;; end += 2) {
-            end = text_.find(delimiter, end);
-            if (end == std::string_view::npos) refuse(at_, text_.size() - at_, endless);
-            if (end + 1 >= text_.size() || text_[end + 1] != delimiter) break;
-        }
-        const std::size_t size = end + 1 - at_;
+        const std::size_t quoted = tsql_quoted_size(rest().substr(prefix), delimiter);
+        if (quoted == std::string_view::npos) refuse(at_, text_.size() - at_, endless);
+        const std::size_t size = prefix + quoted;
         if (kind == Token::Kind::quoted_name && size == 2) refuse(at_, size, "dieser Name ist leer");
         add(kind, size);
     }
 
     void take_name() {
-        std::size_t size = 1;
-        while (continues_name(look(size))) ++size;
+        const std::size_t size = tsql_name_size(rest());
         add(Token::Kind::name, size, keyword_of(text_.substr(at_, size)));
     }
 
-    void take_number() {
-        std::size_t size = digits(0);
-        if (look(size) == '.') size = digits(size + 1);
-        if (look(size) == 'e' || look(size) == 'E') {
-            const std::size_t sign = look(size + 1) == '+' || look(size + 1) == '-' ? 1 : 0;
-            if (is_ascii_digit(look(size + 1 + sign))) size = digits(size + 1 + sign);
-        }
-        if (continues_name(look(size))) refuse(at_, size + 1, "diese Zahl ist nicht lesbar");
+    void take_number(std::size_t size) {
+        if (continues_tsql_name(look(size))) refuse(at_, size + 1, "diese Zahl ist nicht lesbar");
         add(Token::Kind::number, size);
-    }
-
-    std::size_t digits(std::size_t ahead) const {
-        while (is_ascii_digit(look(ahead))) ++ahead;
-        return ahead;
     }
 
     void take_symbol() {
@@ -159,9 +140,9 @@ std::string name_of(const Token& token) {
     return undouble(token.text.substr(1, token.text.size() - 2), token.text.back());
 }
 
-std::string string_of(const Token& token) {
-    const std::size_t start = token.text.find('\'') + 1;
-    return undouble(token.text.substr(start, token.text.size() - start - 1), '\'');
+std::string string_of(std::string_view literal) {
+    const std::size_t start = literal.find('\'') + 1;
+    return undouble(literal.substr(start, literal.size() - start - 1), '\'');
 }
 
 }  // namespace prot

@@ -37,7 +37,7 @@ std::vector<Token> tokenize(std::string_view text);
 /// The name that a token of kind name or quoted_name stands for.
 std::string name_of(const Token& token);
 
-/// The text that a token of kind string stands for.
-std::string string_of(const Token& token);
+/// The text that a literal 'text' or N'text' stands for.
+std::string string_of(std::string_view literal);
 
 }  // namespace prot

@@ -77,6 +77,7 @@ private:
     Meaning bare_operand();
     Meaning parenthesised();
     void existence();
+    void text();
     void number(bool negative);
     void column();
     void aggregate();

@@ -34,21 +34,21 @@ void TsqlWriter::add_temporary_table(std::string_view name) {
     add_name(name);
 }
 
-void TsqlWriter::add_number(std::string_view digits, TsqlParameter value) {
-    if (binds()) {
-        parameters_.push_back(std::move(value));
-        return add("?");
-    }
+void TsqlWriter::add_number(std::string_view digits, TsqlParameter value, TsqlLiteral literal) {
+    if (binds()) return add_parameter(std::move(value), literal);
     add(digits);
 }
 
-void TsqlWriter::add_text(std::string text) {
-    if (binds()) {
-        parameters_.emplace_back(std::move(text));
-        return add("?");
-    }
+void TsqlWriter::add_text(std::string text, TsqlLiteral literal) {
+    if (binds()) return add_parameter(std::move(text), literal);
     append_quoted(text_, text, '\'');
     text_ += ' ';
+}
+
+void TsqlWriter::add_parameter(TsqlParameter value, TsqlLiteral literal) {
+    parameters_.push_back(std::move(value));
+    literals_.push_back(literal);
+    add("?");
 }
 
 bool TsqlWriter::bind_literals(bool bind) { return std::exchange(bind_, bind); }
@@ -63,6 +63,7 @@ TsqlStatement TsqlWriter::take() {
     TsqlStatement statement;
     statement.text = std::exchange(text_, {});
     statement.parameters = std::exchange(parameters_, {});
+    statement.literals = std::exchange(literals_, {});
     bind_ = false;
     return statement;
 }

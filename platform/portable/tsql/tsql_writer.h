@@ -16,8 +16,9 @@ public:
     void add_column(std::string_view table, std::string_view column);
     void add_all_columns(std::string_view table);
     void add_temporary_table(std::string_view name);
-    void add_number(std::string_view digits, TsqlParameter value);  ///< digits: the value as it was written
-    void add_text(std::string text);
+    void add_number(std::string_view digits, TsqlParameter value,
+                    TsqlLiteral literal);  ///< digits: with sign
+    void add_text(std::string text, TsqlLiteral literal);
 
     /// Whether numbers and texts become parameters from now on. Returns what held before.
     bool bind_literals(bool bind);
@@ -37,10 +38,12 @@ public:
 
 private:
     void quote(std::string_view name);
+    void add_parameter(TsqlParameter value, TsqlLiteral literal);
     bool binds() const { return bind_ && parameters_.size() < most_parameters; }
 
     std::string text_;
     std::vector<TsqlParameter> parameters_;
+    std::vector<TsqlLiteral> literals_;
     bool bind_ = false;
 };
 

@@ -76,7 +76,7 @@ TEST(TsqlTokens, UndoublesDelimiters) {
         {"''''", "'", "one apostrophe alone"},           {"N'ä'", "ä", "national text"},
         {"n'x'", "x", "national text, small letter"},
     };
-    for (const Row& row : strings) EXPECT_EQ(string_of(only(row.sql)), row.meaning) << row.why;
+    for (const Row& row : strings) EXPECT_EQ(string_of(only(row.sql).text), row.meaning) << row.why;
 }
 
 TEST(TsqlTokens, KnowsKeywordsInAnyLetterCaseButNotInBrackets) {
