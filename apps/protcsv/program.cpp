@@ -10,6 +10,7 @@
 #include "apps/protcsv/options/options.h"
 #include "apps/protcsv/options/usage_error.h"
 #include "platform/automation/error.h"
+#include "platform/portable/time/system_clock.h"
 #include "sections/section_table.h"
 
 namespace prot {
@@ -40,7 +41,8 @@ int run_program(std::span<const std::string> arguments, const Console& console, 
         return exit_usage;
     }
     try {
-        return dispatch(parse_options(arguments, sections), console, sections);
+        const OptionContext context{sections, to_date(SystemClock().now())};
+        return dispatch(parse_options(arguments, context), console, sections);
     } catch (const UsageError& error) {
         complain(console, error.what());
         return exit_usage;

@@ -107,6 +107,7 @@ public:
                                        ? read_run_parameters(options_.parameters, sections_, environment_)
                                        : options_.request;
         require_separator(options_.csv);
+        for (const std::string& warning : options_.warnings) complain(console_, warning);
         if (!options_.statement_log.empty()) require_own_file(options_);
         const auto access =
             options_.command == Command::delete_log ? SqliteAccess::read_write : SqliteAccess::read_only;

@@ -180,7 +180,7 @@ std::optional<Date> read_iso_day(std::string_view text) {
 std::optional<Date> read_german_day(std::string_view text) {
     DateReader reader(text);
     CivilTime civil;
-    read_day_first(reader, civil, 2);
+    read_day_first(reader, civil, 1);
     return reader.date(civil);
 }
 

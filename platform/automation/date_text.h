@@ -28,8 +28,11 @@ std::string iso_text(const CivilTime& civil);
 /// server's dates.
 std::optional<Date> read_iso_date(std::string_view text);
 
-/// The day that `text` writes in the form yyyy-mm-dd or dd.mm.yyyy; nothing for any other text.
+/// The day that `text` writes in the form yyyy-mm-dd; nothing for any other text.
 std::optional<Date> read_iso_day(std::string_view text);
+
+/// The day that `text` writes in the form dd.mm.yyyy, day and month with one digit or two; nothing for any
+/// other text.
 std::optional<Date> read_german_day(std::string_view text);
 
 }  // namespace prot

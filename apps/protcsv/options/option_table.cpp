@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "apps/protcsv/options/days.h"
 #include "apps/protcsv/options/option_values.h"
 #include "apps/protcsv/options/usage_error.h"
 #include "platform/automation/utf8.h"
@@ -31,6 +32,15 @@ const std::string& as_text(const std::string& value) {
 const std::string& as_database(const std::string& value) {
     if (value.starts_with("odbc:")) throw UsageError("„odbc:“ wird von dieser Fassung nicht unterstützt");
     return not_empty(value);
+}
+
+void ask_for_events(Options& options, const std::string& value) {
+    const std::int32_t events = parse_events(value);
+    options.request.events = events & all_events;
+    if (events != options.request.events)
+        options.warnings.push_back("--events: „" + value + "“ wird als " +
+                                   std::to_string(options.request.events) +
+                                   " gelesen; nur 1, 2 und 4 haben eine Bedeutung");
 }
 
 // clang-format off
@@ -66,67 +76,71 @@ constexpr CommandRow command_rows[] = {
 
 constexpr OptionRow option_rows[] = {
     {"DATEI", "DATEI", sampling, sampling, "Argumente", "Pfad der neuen Beispieldatenbank",
-     [](Options& o, const std::string& value, SectionTable) { o.sample_file = not_empty(value); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.sample_file = not_empty(value); }},
     {"--db", "ZIEL", any_log, any_log, "Datenbank", "Pfad der SQLite-Datei",
-     [](Options& o, const std::string& value, SectionTable) { o.database = as_database(value); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.database = as_database(value); }},
     {"--section", "NR|NAME", filtered, filtered, "Auswahl", "Bereich, Nummer oder Name (siehe protcsv sections)",
-     [](Options& o, const std::string& value, SectionTable sections) {
-         o.request.section = find_section(value, sections).number;
+     [](Options& o, const std::string& value, const OptionContext& context) {
+         o.request.section = find_section(value, context.sections).number;
      }},
     {"--user", "NAME", filtered, 0, "Auswahl", "nur Änderungen dieses Mitarbeiters",
-     [](Options& o, const std::string& value, SectionTable) { o.request.user = as_text(value); }},
-    {"--from", "DATUM", filtered, 0, "Auswahl", "erster Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
-     [](Options& o, const std::string& value, SectionTable) { o.request.from = parse_date(value); }},
-    {"--to", "DATUM", filtered & ~deleting, 0, "Auswahl", "letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
-     [](Options& o, const std::string& value, SectionTable) { o.request.to = parse_date(value); }},
-    {"--to", "DATUM", deleting, 0, "Auswahl", "letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ",
-     [](Options& o, const std::string& value, SectionTable) {
-         o.request.to = parse_last_day_of_deletion(value);
+     [](Options& o, const std::string& value, const OptionContext&) { o.request.user = as_text(value); }},
+    {"--from", "DATUM", filtered, 0, "Auswahl", "erster Tag: TT.MM.JJJJ, JJJJ-MM-TT, heute, gestern oder\nein Monat, JJJJ-MM",
+     [](Options& o, const std::string& value, const OptionContext& context) {
+         o.request.from = parse_days(value, context.today).first;
+     }},
+    {"--to", "DATUM", filtered & ~deleting, 0, "Auswahl", "letzter Tag, ebenso",
+     [](Options& o, const std::string& value, const OptionContext& context) {
+         o.request.to = parse_days(value, context.today).last;
+     }},
+    {"--to", "DATUM", deleting, 0, "Auswahl", "letzter Tag, ebenso",
+     [](Options& o, const std::string& value, const OptionContext& context) {
+         o.request.to = parse_last_day_of_deletion(value, context.today);
      }},
     {"--events", "LISTE", filtered, 0, "Auswahl",
-     "created, changed, deleted (durch Komma getrennt);\nall (Vorgabe), none oder als Zahl die Summe aus\n1 (created), 2 (changed) und 4 (deleted)",
-     [](Options& o, const std::string& value, SectionTable) { o.request.events = parse_events(value); }},
+     "created, changed, deleted oder angelegt, geändert,\ngelöscht (durch Komma getrennt); all (Vorgabe), none\noder die Summe aus 1 (created), 2 (changed) und\n4 (deleted)",
+     [](Options& o, const std::string& value, const OptionContext&) { ask_for_events(o, value); }},
     {"--params", "TEXT", any_log, running, "Auswahl",
      "Parametertext, etwa \"/autostart/vondevi:EUR\"; ohne\nautostart werden die Filter am Terminal erfragt",
-     [](Options& o, const std::string& value, SectionTable) { o.parameters = as_text(value); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.parameters = as_text(value); }},
     {"--out", "ORDNER", writing, 0, "Ausgabe", "Zielordner, wird angelegt (Vorgabe: aktueller Ordner)",
-     [](Options& o, const std::string& value, SectionTable) { o.csv.folder = text_path(not_empty(value)); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.csv.folder = text_path(not_empty(value)); }},
     {"--out", "ORDNER", deleting, 0, "", "",   // a script may swap the commands and keep its options
-     [](Options&, const std::string&, SectionTable) {}},
+     [](Options&, const std::string&, const OptionContext&) {}},
     {"--separator", "ZEICHEN", writing, 0, "Ausgabe", "Trennzeichen oder tab (Vorgabe: ;)",
-     [](Options& o, const std::string& value, SectionTable) { o.csv.separator = parse_separator(value); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.csv.separator = parse_separator(value); }},
     {"--encoding", "NAME", writing, 0, "Ausgabe", "utf-8-bom (Vorgabe), utf-8 oder windows-1252",
-     [](Options& o, const std::string& value, SectionTable) { o.csv.encoding = parse_encoding(value); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.csv.encoding = parse_encoding(value); }},
     {"--raw-cells", "", writing, 0, "Ausgabe", "Zellen, die wie Formeln aussehen, nicht entschärfen",
-     [](Options& o, const std::string&, SectionTable) { o.csv.raw_cells = true; }},
+     [](Options& o, const std::string&, const OptionContext&) { o.csv.raw_cells = true; }},
     {"--yes", "", deleting, 0, "Ablauf", "beantwortet die Löschfrage mit Ja",
-     [](Options& o, const std::string&, SectionTable) { o.yes = true; }},
+     [](Options& o, const std::string&, const OptionContext&) { o.yes = true; }},
     {"--answers", "DATEI", any_log, 0, "Ablauf",
      "Antworten auf die Fragen, eine je Zeile; - liest\ndie Standardeingabe",
-     [](Options& o, const std::string& value, SectionTable) { o.answers = not_empty(value); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.answers = not_empty(value); }},
     {"--plain", "", any_log, 0, "Ablauf", "Fragen Zeile für Zeile statt als Bildschirmformular",
-     [](Options& o, const std::string&, SectionTable) { o.plain = true; }},
+     [](Options& o, const std::string&, const OptionContext&) { o.plain = true; }},
     {"--threads", "1|2", writing, 0, "Ablauf",
      "2 (Vorgabe) liest das Protokoll voraus, während Zeilen\ngeschrieben werden; 1 tut eins nach dem anderen",
-     [](Options& o, const std::string& value, SectionTable) { o.threads = static_cast<int>(parse_number(value, 1, 2)); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.threads = static_cast<int>(parse_number(value, 1, 2)); }},
     {"--sql-log", "DATEI", any_log, 0, "Ablauf", "schreibt jede SQL-Anweisung als JSON-Zeile mit",
-     [](Options& o, const std::string& value, SectionTable) { o.statement_log = not_empty(value); }},
+     [](Options& o, const std::string& value, const OptionContext&) { o.statement_log = not_empty(value); }},
     {"--quiet", "", any_log, 0, "Ablauf", "kein Fortschrittsbalken, keine Hinweise",
-     [](Options& o, const std::string&, SectionTable) { o.quiet = true; }},
+     [](Options& o, const std::string&, const OptionContext&) { o.quiet = true; }},
     {"--seed", "ZAHL", sampling, 0, "Ablauf", "gleiche Zahl, gleicher Inhalt (Vorgabe: 1)",
-     [](Options& o, const std::string& value, SectionTable) {
+     [](Options& o, const std::string& value, const OptionContext&) {
          o.sample.seed = parse_number(value, 0, std::numeric_limits<std::uint64_t>::max());
      }},
     {"--rows", "ZAHL", sampling, 0, "Ablauf", "Protokollsätze (Vorgabe: ein kleines Protokoll)",
-     [](Options& o, const std::string& value, SectionTable) {
+     [](Options& o, const std::string& value, const OptionContext&) {
          o.sample.rows = static_cast<std::int64_t>(parse_number(value, 1, most_sample_rows));
      }},
     {"--section", "NR|NAME", sampling, 0, "Ablauf", "nur Protokollsätze dieses Bereichs (Vorgabe: aller)",
-     [](Options& o, const std::string& value, SectionTable sections) {
-         o.sample.section = find_section(value, sections).number;
+     [](Options& o, const std::string& value, const OptionContext& context) {
+         o.sample.section = find_section(value, context.sections).number;
      }},
     {"--overwrite", "", sampling, 0, "Ablauf", "ersetzt auch eine Datei, die keine Beispieldatenbank ist",
-     [](Options& o, const std::string&, SectionTable) { o.overwrite = true; }},
+     [](Options& o, const std::string&, const OptionContext&) { o.overwrite = true; }},
 };
 // clang-format on
 

@@ -29,7 +29,7 @@ struct OptionRow {
     Commands required;            ///< where it must be given
     std::string_view group;       ///< its heading in the help; empty: not shown
     std::string_view help;
-    void (*apply)(Options& options, const std::string& value, SectionTable sections);
+    void (*apply)(Options& options, const std::string& value, const OptionContext& context);
 
     bool is_flag() const { return value_name.empty(); }
     bool is_positional() const { return !name.starts_with('-'); }

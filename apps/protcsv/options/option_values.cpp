@@ -3,9 +3,10 @@
 #include <charconv>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "apps/protcsv/options/suggestion.h"
 #include "apps/protcsv/options/usage_error.h"
-#include "platform/automation/date_text.h"
 #include "platform/automation/letter_case.h"
 #include "platform/automation/utf8.h"
 
@@ -19,8 +20,10 @@ struct Word {
     T value;
 };
 
-constexpr Word<std::int32_t> event_kinds[] = {{"created", 1}, {"changed", 2}, {"deleted", 4}};
-constexpr Word<std::int32_t> event_masks[] = {{"all", 7}, {"none", 0}};
+constexpr Word<std::int32_t> event_kinds[] = {{"created", 1},  {"changed", 2},   {"deleted", 4},
+                                              {"angelegt", 1}, {"geändert", 2},  {"gelöscht", 4},
+                                              {"neu", 1},      {"geaendert", 2}, {"geloescht", 4}};
+constexpr Word<std::int32_t> event_masks[] = {{"all", 7}, {"none", 0}, {"alle", 7}, {"keine", 0}};
 constexpr Word<CsvEncoding> encodings[] = {{"utf-8-bom", CsvEncoding::utf8_bom},
                                            {"utf-8", CsvEncoding::utf8},
                                            {"windows-1252", CsvEncoding::windows_1252}};
@@ -48,6 +51,13 @@ std::string without_blanks(std::string_view text) {
     return result;
 }
 
+/// A name as it is compared: in small letters, without the blanks and dashes between its words.
+std::string compact(std::string_view name) {
+    std::string result = to_lower(name);
+    std::erase_if(result, [](char c) { return c == ' ' || c == '-'; });
+    return result;
+}
+
 [[noreturn]] void refuse(std::string_view value, std::string_view accepted) {
     throw UsageError("„" + std::string(value) + "“ " + std::string(accepted));
 }
@@ -63,26 +73,16 @@ std::string names_of(SectionTable sections) {
 
 }  // namespace
 
-Date parse_date(std::string_view text) {
-    for (const auto read : {read_iso_day, read_german_day})
-        if (const std::optional<Date> day = read(text)) return *day;
-    refuse(text, "ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ");
-}
-
-Date parse_last_day_of_deletion(std::string_view text) {
-    const Date date = parse_date(text);
-    if (date.is_null()) refuse(text, "ist der Nulltag; er stünde für eine Löschung ohne Grenze");
-    return date;
-}
-
 std::int32_t parse_events(std::string_view text) {
     constexpr std::string_view accepted =
-        "ist keine Liste von Ereignissen; erwartet wird created, changed, deleted (durch Komma getrennt), "
-        "all, none "
-        "oder eine Zahl";
+        "ist keine Liste von Ereignissen; erwartet wird created, changed, deleted oder angelegt, geändert, "
+        "gelöscht (durch Komma getrennt), all, none oder eine Summe aus 1, 2 und 4";
     const std::string list = without_blanks(to_lower(text));
     if (const auto mask = find_word(event_masks, list)) return *mask;
-    if (const auto mask = parse_decimal<std::int32_t>(list)) return *mask;
+    if (const auto mask = parse_decimal<std::int32_t>(list)) {
+        if (*mask != 0 && (*mask & all_events) == 0) refuse(text, accepted);
+        return *mask;
+    }
     std::int32_t mask = 0;
     for (std::string_view rest = list;;) {
         const std::size_t comma = rest.find(',');
@@ -95,11 +95,16 @@ std::int32_t parse_events(std::string_view text) {
 }
 
 const Section& find_section(std::string_view text, SectionTable sections) {
-    const std::string name = to_lower(text);
+    const std::string name = compact(text);
     const std::optional<std::int32_t> number = parse_decimal<std::int32_t>(text);
-    for (const Section& section : sections)
-        if (section.name == name || section.number == number) return section;
-    refuse(text, "ist kein Bereich; es gibt: " + names_of(sections));
+    std::vector<std::string_view> names;
+    for (const Section& section : sections) {
+        if (section.number == number || compact(section.name) == name || compact(section.title) == name)
+            return section;
+        names.insert(names.end(), {section.name, section.title});
+    }
+    const std::string meant = suggestion(text, names);
+    refuse(text, "ist kein Bereich" + (meant.empty() ? "; es gibt: " + names_of(sections) : meant));
 }
 
 std::string parse_separator(std::string_view text) {

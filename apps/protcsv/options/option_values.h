@@ -4,25 +4,22 @@
 #include <string_view>
 
 #include "core/section_table.h"
-#include "platform/automation/date.h"
 #include "platform/portable/csv/csv_file_writer.h"
 
 /// The values of options as a person writes them. Each function raises UsageError with the value and what is
 /// accepted.
 namespace prot {
 
-/// A day, YYYY-MM-DD or DD.MM.YYYY.
-Date parse_date(std::string_view text);
+/// created, changed and deleted as bits of an event mask.
+inline constexpr std::int32_t all_events = 7;
 
-/// As parse_date, but not the null day, 30 December 1899: it means "no bound", so that a deletion up to it
-/// would be a deletion of everything.
-Date parse_last_day_of_deletion(std::string_view text);
-
-/// The event mask: a comma list of created, changed, deleted; all; none; or the mask as a decimal number of
-/// 31 bits, which is taken as it is. Blanks and letter case do not matter.
+/// The event mask: a comma list of created, changed, deleted or of angelegt (neu), geändert, gelöscht,
+/// umlauts also as two letters; all, none, alle, keine; or the mask as a decimal number, 0 or one with any
+/// bit of all_events, which is returned with its other bits. Blanks and letter case do not matter.
 std::int32_t parse_events(std::string_view text);
 
-/// The section of that number or name (any letter case).
+/// The section of that number, name or title; letter case, blanks and dashes do not matter ("Offene Posten",
+/// offene-posten).
 const Section& find_section(std::string_view text, SectionTable sections);
 
 /// One character, or the word tab. Not a quote, CR, LF or NUL.

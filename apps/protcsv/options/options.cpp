@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include "apps/protcsv/options/option_table.h"
+#include "apps/protcsv/options/suggestion.h"
 #include "apps/protcsv/options/usage_error.h"
 
 namespace prot {
@@ -15,7 +16,7 @@ namespace {
 
 constexpr std::string_view program_summary = "Exportiert das Stammdatenprotokoll in CSV-Dateien.";
 constexpr std::string_view program_footer =
-    "Hilfe zu einem Befehl: protcsv BEFEHL --help\n"
+    "Hilfe zu einem Befehl: protcsv help BEFEHL oder protcsv BEFEHL --help\n"
     "\n"
     "Rückgabewert: 0 erledigt (auch ohne Daten), 1 Fehler, 2 falscher Aufruf,\n"
     "3 abgebrochen.";
@@ -54,7 +55,7 @@ struct CommandParser {
 class CommandLine {
 public:
     CommandLine() : app_(text_of(program_summary), "protcsv") {
-        app_.set_version_flag("--version", text_of("protcsv " PROT_VERSION), "zeigt die Version")
+        app_.set_version_flag("-V,--version", text_of("protcsv " PROT_VERSION), "zeigt die Version")
             ->group(general);
         set_up(app_, "protcsv BEFEHL [Optionen]", program_footer);
         app_.require_subcommand(0, 1);
@@ -150,6 +151,25 @@ std::string names_of_commands() {
     return names;
 }
 
+[[noreturn]] void refuse_command(std::string_view name) {
+    std::vector<std::string_view> names;
+    for (const CommandRow& row : command_table()) names.push_back(row.name);
+    const std::string meant = suggestion(name, names);
+    throw UsageError("„" + text_of(name) + "“ ist kein Befehl" +
+                     (meant.empty() ? "; es gibt: " + names_of_commands() : meant));
+}
+
+/// `command`: null before there is one.
+[[noreturn]] void refuse_option(std::string_view name, const CommandRow* command) {
+    std::vector<std::string_view> names;
+    for (const OptionRow& row : option_table())
+        if (command != nullptr && row.commands & set_of(command->command) && !row.group.empty())
+            names.push_back(row.name);
+    const std::string place = command == nullptr ? "vor dem Befehl" : "bei " + text_of(command->name);
+    throw UsageError("die Option " + text_of(name) + " gibt es " + place + " nicht" +
+                     suggestion(name, names));
+}
+
 [[noreturn]] void refuse_extras(const CommandLine& line) {
     const std::vector<std::string> before_command = line.app().remaining(false);
     const CommandParser* const command = before_command.empty() ? line.chosen() : nullptr;
@@ -157,17 +177,13 @@ std::string names_of_commands() {
     std::erase(extras, end_of_options);
     if (extras.empty()) throw UsageError("die Argumente sind nicht zu verstehen");
     const std::string& extra = extras.front();
-    if (extra.starts_with("-") && extra.size() > 1) {
-        const std::string place =
-            command == nullptr ? "vor dem Befehl" : "bei " + text_of(command->row->name);
-        throw UsageError("die Option " + extra.substr(0, extra.find('=')) + " gibt es " + place + " nicht");
-    }
-    if (command == nullptr)
-        throw UsageError("„" + extra + "“ ist kein Befehl; es gibt: " + names_of_commands());
+    if (extra.starts_with("-") && extra.size() > 1)
+        refuse_option(extra.substr(0, extra.find('=')), command == nullptr ? nullptr : command->row);
+    if (command == nullptr) refuse_command(extra);
     throw UsageError("überzähliges Argument „" + extra + "“");
 }
 
-void apply(const CommandParser& command, Options& options, SectionTable sections) {
+void apply(const CommandParser& command, Options& options, const OptionContext& context) {
     for (const auto& [row, option] : command.options) {
         const std::string name = text_of(row->name);
         if (option->count() == 0) {
@@ -176,11 +192,17 @@ void apply(const CommandParser& command, Options& options, SectionTable sections
         }
         if (option->count() > 1) throw UsageError(name + " ist mehrfach angegeben");
         try {
-            row->apply(options, option->results().front(), sections);
+            row->apply(options, option->results().front(), context);
         } catch (const UsageError& error) {
             throw UsageError(name + ": " + error.what());
         }
     }
+}
+
+/// A period that ends before it begins holds nothing, which nobody asks for.
+void require_period(const LogRequest& request) {
+    if (!request.to.is_null() && request.from.serial > request.to.serial)
+        throw UsageError("--from liegt hinter --to");
 }
 
 /// The help of the command that was chosen, else the program's.
@@ -189,7 +211,7 @@ std::string help_of(CommandLine& line) {
     return (chosen == nullptr ? line.app() : *chosen->app).help();
 }
 
-Options read(std::vector<std::string> arguments, SectionTable sections) {
+Options read(std::vector<std::string> arguments, const OptionContext& context) {
     CommandLine line;
     Options options;
     try {
@@ -207,23 +229,35 @@ Options read(std::vector<std::string> arguments, SectionTable sections) {
     const CommandParser* const chosen = line.chosen();
     if (chosen == nullptr) throw UsageError("es fehlt ein Befehl; es gibt: " + names_of_commands());
     options.command = chosen->row->command;
-    apply(*chosen, options, sections);
+    apply(*chosen, options, context);
+    require_period(options.request);
     return options;
+}
+
+bool is_command(std::string_view name) {
+    return std::ranges::find(command_table(), name, &CommandRow::name) != command_table().end();
 }
 
 /// The command whose help explains `arguments`, after a blank; empty for the program's own help.
 std::string help_path(std::span<const std::string> arguments) {
-    if (arguments.empty()) return {};
-    const bool is_command =
-        std::ranges::find(command_table(), arguments.front(), &CommandRow::name) != command_table().end();
-    return is_command ? " " + arguments.front() : std::string();
+    return !arguments.empty() && is_command(arguments.front()) ? " " + arguments.front() : std::string();
+}
+
+/// `help` and `help COMMAND` as the options that say the same; anything else as it is.
+std::vector<std::string> with_help_as_option(std::span<const std::string> arguments) {
+    if (arguments.empty() || arguments.front() != "help") return {arguments.begin(), arguments.end()};
+    if (arguments.size() > 2) throw UsageError("help nimmt einen Befehl, nicht mehrere");
+    if (arguments.size() == 2 && !is_command(arguments.back())) refuse_command(arguments.back());
+    std::vector<std::string> asked(arguments.begin() + 1, arguments.end());
+    asked.emplace_back("--help");
+    return asked;
 }
 
 }  // namespace
 
-Options parse_options(std::span<const std::string> arguments, SectionTable sections) {
+Options parse_options(std::span<const std::string> arguments, const OptionContext& context) {
     try {
-        return read(with_values_checked(arguments), sections);
+        return read(with_values_checked(with_help_as_option(arguments)), context);
     } catch (const UsageError& error) {
         throw UsageError(text_of(error.what()) + " (Hilfe: protcsv" + help_path(arguments) + " --help)");
     }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "apps/protcsv/sample/sample_database.h"
 #include "core/section_table.h"
@@ -39,10 +40,17 @@ struct Options {
     std::string sample_file;
     SampleOptions sample;
     bool overwrite = false;
+    std::vector<std::string> warnings;  ///< about what was taken otherwise than it was written; German lines
+};
+
+/// What the values of options are read by.
+struct OptionContext {
+    SectionTable sections;
+    Date today;  ///< any time of the present day
 };
 
 /// Reads the command line without the program's own name. Raises UsageError.
-Options parse_options(std::span<const std::string> arguments, SectionTable sections);
+Options parse_options(std::span<const std::string> arguments, const OptionContext& context);
 
 /// The help shown when the program is called without arguments.
 std::string short_help();

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/protcsv/options/days.h"
 #include "apps/protcsv/options/option_values.h"
 #include "apps/protcsv/options/usage_error.h"
 #include "core/Prot0000UtilitiesBAS.h"
@@ -67,8 +68,9 @@ LogRequest read_run_parameters(std::string_view parameters, SectionTable section
     if (!reader.read("sektion", read_section))
         throw UsageError("--params: sektion fehlt, etwa /sektion:15/autostart");
     reader.read("mitarbeiter", [&](const std::string& text) { request.user = text; });
-    reader.read("datvon", [&](const std::string& text) { request.from = parse_date(text); });
-    reader.read("datbis", [&](const std::string& text) { request.to = parse_date(text); });
+    const Date today = to_date(environment.clock.now());
+    reader.read("datvon", [&](const std::string& text) { request.from = parse_days(text, today).first; });
+    reader.read("datbis", [&](const std::string& text) { request.to = parse_days(text, today).last; });
 
     bool any_event_key = false;
     std::int32_t events = 0;

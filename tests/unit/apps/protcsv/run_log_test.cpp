@@ -45,7 +45,18 @@ TEST_F(RunLog, ReadsAnUnattendedRunFromItsParameterText) {
 TEST_F(RunLog, RefusesAnUnattendedRunWithAnUnreadableKey) {
     EXPECT_EQ(run({"run", "--db", database(), "--params", "/sektion:1/datbis:bald"}), 2);
     EXPECT_EQ(errors,
-              "protcsv: --params: datbis: „bald“ ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ\n");
+              "protcsv: --params: datbis: „bald“ ist kein Tag; erwartet wird TT.MM.JJJJ, JJJJ-MM-TT, "
+              "JJJJ-MM, heute oder gestern\n");
+}
+
+TEST_F(RunLog, WarnsOfWhatItTakesOtherwiseThanItIsWritten) {
+    EXPECT_EQ(run({"export", "--db", database(), "--section", "1", "--params", "/autostart", "--out",
+                   path(""), "--quiet", "--events", "9"}),
+              0);
+    EXPECT_EQ(errors, "protcsv: --events: „9“ wird als 1 gelesen; nur 1, 2 und 4 haben eine Bedeutung\n");
+    EXPECT_EQ(read("Prot.csv"),
+              "\xEF\xBB\xBF"
+              "1;;00:00:00;00:00:00;1;/autostart;exportieren\r\n");
 }
 
 TEST_F(RunLog, ShowsAnErrorAsAProblemReport) {

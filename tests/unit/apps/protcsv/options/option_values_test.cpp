@@ -23,43 +23,6 @@ std::string refusal(Parse parse) {
 constexpr Section sections[] = {{9, "customers", "Kunden", nullptr},
                                 {15, "exchange-rates", "Devisenkurse", nullptr}};
 
-TEST(OptionValues, ReadsDatesInBothForms) {
-    const Date expected = to_date(CivilTime{2026, 2, 1});
-    EXPECT_EQ(parse_date("2026-02-01"), expected);
-    EXPECT_EQ(parse_date("01.02.2026"), expected);
-}
-
-TEST(OptionValues, RefusesToDeleteUpToTheNullDayWhichWouldMeanNoBound) {
-    for (const char* day : {"30.12.1899", "1899-12-30"}) {
-        EXPECT_TRUE(parse_date(day).is_null());
-        EXPECT_EQ(refusal([&] { parse_last_day_of_deletion(day); }),
-                  "„" + std::string(day) + "“ ist der Nulltag; er stünde für eine Löschung ohne Grenze");
-    }
-    EXPECT_EQ(parse_last_day_of_deletion("31.12.1899"), Date{1});
-}
-
-TEST(OptionValues, RefusesWhatIsNoDay) {
-    const struct {
-        const char* text;
-        const char* why;
-    } rows[] = {
-        {"2026-02-30", "February has no 30th"},
-        {"29.02.2025", "no leap year"},
-        {"2026-13-01", "no month 13"},
-        {"0099-01-01", "before year 100"},
-        {"1.2.2026", "digits are missing"},
-        {"2026-2-1", "digits are missing"},
-        {"2026/02/01", "another separator"},
-        {"2026-02-01 ", "trailing blank"},
-        {"", "empty"},
-        {"+026-02-01", "a sign is no digit"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(refusal([&] { parse_date(row.text); }),
-                  "„" + std::string(row.text) + "“ ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ")
-            << row.why;
-}
-
 TEST(OptionValues, ReadsEvents) {
     const struct {
         const char* text;
@@ -74,24 +37,43 @@ TEST(OptionValues, ReadsEvents) {
         {"all", 7, "word"},
         {"None", 0, "word"},
         {"5", 5, "the mask itself"},
-        {"2147483647", 2147483647, "handed on as it is"},
+        {"2147483647", 2147483647, "other bits are the caller's"},
+        {"9", 9, "beside one of the three"},
+        {"0", 0, "no kind at all"},
+        {"angelegt,geändert", 3, "German"},
+        {"GELÖSCHT", 4, "in capitals"},
+        {"neu, geaendert, geloescht", 7, "without umlauts"},
+        {"changed,gelöscht", 6, "mixed"},
+        {"alle", 7, "word"},
+        {"keine", 0, "word"},
     };
     for (const auto& row : rows) EXPECT_EQ(parse_events(row.text), row.mask) << row.why;
 }
 
 TEST(OptionValues, RefusesOtherEvents) {
-    for (const char* text : {"", "made", "created,", ",created", "all,created", "-1", "2147483648", "1,2"})
+    for (const char* text :
+         {"", "made", "created,", ",created", "all,created", "-1", "2147483648", "1,2", "8", "2147483640"})
         EXPECT_EQ(
             refusal([&] { parse_events(text); }),
             "„" + std::string(text) +
-                "“ ist keine Liste von Ereignissen; erwartet wird created, changed, deleted (durch Komma "
-                "getrennt), all, none oder eine Zahl");
+                "“ ist keine Liste von Ereignissen; erwartet wird created, changed, deleted oder angelegt, "
+                "geändert, gelöscht (durch Komma getrennt), all, none oder eine Summe aus 1, 2 und 4");
 }
 
 TEST(OptionValues, FindsASectionByNumberOrName) {
     EXPECT_EQ(find_section("15", sections).number, 15);
     EXPECT_EQ(find_section("Exchange-Rates", sections).number, 15);
     EXPECT_EQ(find_section("customers", sections).number, 9);
+}
+
+TEST(OptionValues, FindsASectionByItsTitle) {
+    constexpr Section titled[] = {{6, "open-items", "Offene Posten", nullptr},
+                                  {8, "suppliers", "Lieferanten", nullptr}};
+    for (const char* text : {"Offene Posten", "offene-posten", "OFFENEPOSTEN", "open-items", "Open Items"})
+        EXPECT_EQ(find_section(text, titled).number, 6) << text;
+    EXPECT_EQ(find_section("lieferanten", titled).number, 8);
+    EXPECT_EQ(refusal([&] { find_section("Liferanten", titled); }),
+              "„Liferanten“ ist kein Bereich; meinten Sie Lieferanten?");
 }
 
 TEST(OptionValues, NamesTheSectionsThatExistWhenOneDoesNot) {

@@ -14,7 +14,9 @@ namespace {
 constexpr Section sections[] = {{15, "exchange-rates", "Devisenkurse", nullptr}};
 using Arguments = std::vector<std::string>;
 
-Options parse(const Arguments& arguments) { return parse_options(arguments, sections); }
+Options parse(const Arguments& arguments) {
+    return parse_options(arguments, {sections, to_date(CivilTime{2026, 3, 1, 12})});
+}
 
 std::string refusal(const Arguments& arguments) {
     try {
@@ -48,6 +50,37 @@ TEST(Options, ReadsAnExport) {
     EXPECT_EQ(options.answers, "-");
     EXPECT_TRUE(options.plain);
     EXPECT_TRUE(options.quiet);
+}
+
+TEST(Options, CountsDaysFromThePresentOne) {
+    const LogRequest request =
+        parse({"delete", "--db", "x", "--section", "15", "--from", "2026-02", "--to", "heute"}).request;
+    EXPECT_EQ(request.from, to_date(CivilTime{2026, 2, 1}));
+    EXPECT_EQ(request.to, to_date(CivilTime{2026, 3, 1}));
+    const LogRequest last =
+        parse({"export", "--db", "x", "--section", "15", "--from", "gestern", "--to", "2026-03"}).request;
+    EXPECT_EQ(last.from, to_date(CivilTime{2026, 2, 28}));
+    EXPECT_EQ(last.to, to_date(CivilTime{2026, 3, 31}));
+    const Arguments one_day = {"export", "--db", "x", "--section", "15", "--from", "heute", "--to", "heute"};
+    EXPECT_EQ(refusal(one_day), "");
+    EXPECT_EQ(refusal({"export", "--db", "x", "--section", "15", "--from", "heute"}), "") << "without an end";
+}
+
+TEST(Options, WarnsOfBitsOfAnEventMaskThatMeanNothing) {
+    const auto asked = [](const char* events) {
+        return parse({"export", "--db", "x", "--section", "15", "--events", events});
+    };
+    const Options options = asked("13");
+    EXPECT_EQ(options.request.events, 5);
+    ASSERT_EQ(options.warnings.size(), 1U);
+    EXPECT_EQ(options.warnings[0], "--events: „13“ wird als 5 gelesen; nur 1, 2 und 4 haben eine Bedeutung");
+    EXPECT_TRUE(asked("7").warnings.empty());
+}
+
+TEST(Options, ShowHelpForTheWordHelp) {
+    EXPECT_EQ(parse({"help"}).text, parse({"--help"}).text);
+    EXPECT_EQ(parse({"help", "export"}).text, parse({"export", "--help"}).text);
+    EXPECT_EQ(parse({"-V"}).text, parse({"--version"}).text);
 }
 
 TEST(Options, LeavesTheDefaultsOfAnExportWithoutOptions) {
@@ -114,8 +147,30 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
         const char* why;
     } rows[] = {
         {{"exprot", "--db", "x"},
-         "„exprot“ ist kein Befehl; es gibt: export, delete, run, sample, sections (Hilfe: protcsv --help)",
+         "„exprot“ ist kein Befehl; meinten Sie export? (Hilfe: protcsv --help)",
+         "a command mistyped"},
+        {{"kopieren"},
+         "„kopieren“ ist kein Befehl; es gibt: export, delete, run, sample, sections (Hilfe: protcsv --help)",
          "unknown command"},
+        {{"help", "exprot"},
+         "„exprot“ ist kein Befehl; meinten Sie export? (Hilfe: protcsv --help)",
+         "help of an unknown command"},
+        {{"help", "export", "run"},
+         "help nimmt einen Befehl, nicht mehrere (Hilfe: protcsv --help)",
+         "help of two commands"},
+        {{"export", "--sektion", "15"},
+         "die Option --sektion gibt es bei export nicht; meinten Sie --section? (Hilfe: protcsv export "
+         "--help)",
+         "an option mistyped"},
+        {{"delete", "--ot=x"},
+         "die Option --ot gibt es bei delete nicht; meinten Sie --to? (Hilfe: protcsv delete --help)",
+         "not --out, which the help does not show"},
+        {{"export", "--db", "x", "--section", "15", "--from", "2.1.2026", "--to", "1.1.2026"},
+         "--from liegt hinter --to (Hilfe: protcsv export --help)",
+         "a period that ends before it begins"},
+        {{"delete", "--db", "x", "--section", "15", "--from", "heute", "--to", "gestern"},
+         "--from liegt hinter --to (Hilfe: protcsv delete --help)",
+         "of a deletion"},
         {{"--", "--quiet"},
          "die Option --quiet gibt es vor dem Befehl nicht (Hilfe: protcsv --help)",
          "no command"},
@@ -172,7 +227,8 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
          "--section: „7“ ist kein Bereich; es gibt: 15 exchange-rates (Hilfe: protcsv export --help)",
          "unknown section"},
         {{"export", "--db", "x", "--section", "15", "--to", "31.11.2026"},
-         "--to: „31.11.2026“ ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ (Hilfe: protcsv export "
+         "--to: „31.11.2026“ ist kein Tag; erwartet wird TT.MM.JJJJ, JJJJ-MM-TT, JJJJ-MM, heute oder gestern "
+         "(Hilfe: protcsv export "
          "--help)",
          "no such day"},
         {{"export", "--db", "x", "--section", "15", "--user", "\xFF"},

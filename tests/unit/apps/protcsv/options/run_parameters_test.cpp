@@ -67,7 +67,8 @@ TEST(RunParameters, NamesTheKeyThatIsMissingOrUnreadable) {
     EXPECT_EQ(refusal("/sektion:/autostart"), "--params: sektion fehlt, etwa /sektion:15/autostart");
     EXPECT_EQ(refusal("/sektion:7"), "--params: sektion: „7“ ist kein Bereich; es gibt: 15 exchange-rates");
     EXPECT_EQ(refusal("/sektion:15/datbis:morgen"),
-              "--params: datbis: „morgen“ ist kein Datum; erwartet wird JJJJ-MM-TT oder TT.MM.JJJJ");
+              "--params: datbis: „morgen“ ist kein Tag; erwartet wird TT.MM.JJJJ, JJJJ-MM-TT, JJJJ-MM, heute "
+              "oder gestern");
     EXPECT_EQ(refusal("/sektion:15/loe:2"), "--params: loe: „2“ ist weder 1 oder ja noch 0 oder nein");
 }
 
