@@ -14,6 +14,7 @@
 #include "apps/protcsv/whole_statements.h"
 #include "core/ProtCsvClass.h"
 #include "platform/automation/error.h"
+#include "platform/automation/text_parts.h"
 #include "platform/portable/csv/csv_encoding.h"
 #include "platform/portable/files/atomic_file.h"
 #include "platform/portable/sqlite/sqlite_database.h"
@@ -82,6 +83,13 @@ void require_separator(const CsvFileOptions& csv) {
         throw UsageError("--separator: windows-1252 kennt das Zeichen „" + csv.separator + "“ nicht");
 }
 
+/// The exporter puts the name between apostrophes as it gets it.
+std::string as_literal(std::string_view name) {
+    std::string text;
+    append_doubled(text, name, '\'');
+    return text;
+}
+
 /// Makes the folder of the file, so that a wrong one shows before the log is read.
 void require_folder(const std::filesystem::path& folder) {
     if (!folder.empty()) system_files().make_folder(folder);
@@ -136,7 +144,7 @@ private:
         entry.pbLoeschen = options_.command == Command::delete_log;
         Value spare;
         try {
-            entry.gCSVAusgabe(database, request.section, request.user, request.from, request.to,
+            entry.gCSVAusgabe(database, request.section, as_literal(request.user), request.from, request.to,
                               request.events, spare);
         } catch (const AutomationError& error) {
             report(error);

@@ -42,6 +42,14 @@ TEST_F(RunLog, ReadsAnUnattendedRunFromItsParameterText) {
     EXPECT_EQ(read("Prot.csv"), "1;AB;01.01.2026;00:00:00;1;" + parameters + ";exportieren\r\n");
 }
 
+TEST_F(RunLog, HandsAUserOnSoThatAnApostropheIsPartOfTheName) {
+    const std::string parameters = "/sektion:1/mitarbeiter:Seán O'Brien/autostart";
+    EXPECT_EQ(
+        run({"run", "--db", database(), "--params", parameters, "--out", path(""), "--encoding", "utf-8"}),
+        0);
+    EXPECT_EQ(read("Prot.csv"), "1;Seán O''Brien;00:00:00;00:00:00;7;" + parameters + ";exportieren\r\n");
+}
+
 TEST_F(RunLog, RefusesAnUnattendedRunWithAnUnreadableKey) {
     EXPECT_EQ(run({"run", "--db", database(), "--params", "/sektion:1/datbis:bald"}), 2);
     EXPECT_EQ(errors,
