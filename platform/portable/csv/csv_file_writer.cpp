@@ -33,7 +33,7 @@ public:
             if (!choice) return false;
             if (!choice->empty()) name = *choice;
         }
-        start(name);
+        start(name, ask_user ? Existing::replaced : Existing::kept);
         file_name = std::move(name);
         return true;
     }
@@ -54,6 +54,7 @@ public:
         try {
             flush();
             file_->complete();
+            path_ = path_text(shortest_path(file_->place()));
         } catch (...) {
             abandon();
             throw;
@@ -78,7 +79,7 @@ public:
     }
 
 private:
-    void start(const std::string& name) {
+    void start(const std::string& name, Existing existing) {
         if (name.find('\0') != std::string::npos) {
             throw file_error(text_path(name), "der Name enthält ein Nullzeichen");
         }
@@ -86,7 +87,7 @@ private:
         const std::filesystem::path target = joined_path(options_.folder, file);
         if (!is_absolute_path(file) && !options_.folder.empty()) files_.make_folder(options_.folder);
         require_own_file(target);  // with its folder: what leads through a missing one is nobody's file yet
-        std::unique_ptr<PendingFile> pending = files_.prepare(target);
+        std::unique_ptr<PendingFile> pending = files_.prepare(target, existing);
         encoder_.emplace(options_.separator, options_.encoding, options_.raw_cells);
         path_ = path_text(shortest_path(target));
         file_ = std::move(pending);

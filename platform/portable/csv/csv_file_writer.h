@@ -48,10 +48,12 @@ public:
 /// is not a number (optional sign, digits, at most one point or comma) gets a leading apostrophe, so that a
 /// spreadsheet does not run it. The file is written under a temporary name of its own in the target's folder,
 /// readable by its owner only, and renamed over the target by close, which also gives it the permissions of
-/// the user's umask. A target that exists and is not a regular file (a device, a pipe) is written directly. A
-/// writer that is destroyed before close removes its temporary file. Every failure is an AutomationError
-/// (ErrorNumber::file, source "CsvFileWriter") that names the path; it ends the file, of which nothing is
-/// left, and until the next open there is no file to write to.
+/// the user's umask. A name that nobody chose (open without ask_user) replaces nothing: the file gets
+/// -2, -3 and so on before its extension where others have it. A target that a person chose and that is not a
+/// regular file (a device, a pipe) is written directly. A writer that is destroyed before close removes its
+/// temporary file. Every failure is an AutomationError (ErrorNumber::file, source "CsvFileWriter") that names
+/// the path; it ends the file, of which nothing is left, and until the next open there is no file to write
+/// to.
 class CsvFileWriter : public CsvWriter {
 public:
     /// `host` and `files` outlive the writer.

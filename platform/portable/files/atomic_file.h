@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -10,6 +11,12 @@
 #include "platform/portable/files/paths.h"
 
 namespace prot {
+
+/// What becomes of a file that is in the target's place already.
+enum class Existing : std::uint8_t {
+    replaced,
+    kept  ///< the new one gets another name, see FileLayer::prepare
+};
 
 /// A file on its way to its place: create, then write as often as needed, then complete. Until complete the
 /// earlier file at that place is whole. Each step fails with an AutomationError (see file_error); after that,
@@ -29,6 +36,9 @@ public:
 
     /// Puts the file in its place, safe from a loss of power.
     virtual void complete() = 0;
+
+    /// Where the file is once it is complete: the target, or the name that it got instead.
+    virtual const std::filesystem::path& place() const = 0;
 
     /// Removes what was made. Harmless at any time, also when there is nothing to remove.
     virtual void discard() noexcept = 0;
@@ -54,7 +64,13 @@ public:
     ///
     /// Windows: it has the permissions that its folder hands down; a symbolic link itself is replaced. A
     /// target that another program has open for more than a second is an error at complete.
-    virtual std::unique_ptr<PendingFile> prepare(const std::filesystem::path& target) = 0;
+    ///
+    /// With Existing::kept no file is replaced, and no link followed: complete gives the file the
+    /// first of the names target, target-2, target-3 ... (the number before the extension) that is free. That
+    /// is decided by the renaming itself, so that of two programs that complete a file at once each gets a
+    /// name of its own.
+    virtual std::unique_ptr<PendingFile> prepare(const std::filesystem::path& target,
+                                                 Existing existing = Existing::replaced) = 0;
 };
 
 /// The files of the system that the program runs on.

@@ -5,9 +5,11 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <utility>
 
 #include "platform/portable/files/folder_access.h"
+#include "platform/portable/files/numbered_name.h"
 #include "platform/portable/files/temporary_name.h"
 
 namespace prot {
@@ -30,8 +32,9 @@ struct Place {
     bool direct = false;  // written in place, never renamed over
 };
 
-// Where the bytes of `target` belong, at the end of its symbolic links.
-Place place_of(const fs::path& target) {
+// Where the bytes of `target` belong: at the end of its symbolic links, but that a link which is kept is a
+// name like any other.
+Place place_of(const fs::path& target, Existing existing) {
     std::error_code error;
     const fs::file_status status = fs::status(target, error);
     if (fs::is_directory(status) || !target.has_filename()) {
@@ -43,6 +46,7 @@ Place place_of(const fs::path& target) {
     fs::path path = target;
     for (int links = 0; fs::is_symlink(fs::symlink_status(path, error)); ++links) {
         if (is_system_link(path)) return {target, true};
+        if (existing == Existing::kept) break;
         if (links == most_links) {
             throw file_error(target, std::make_error_code(std::errc::too_many_symbolic_link_levels));
         }
@@ -73,9 +77,26 @@ void sync_folder(const fs::path& folder) {
     ::close(descriptor);
 }
 
+// False, with the reason in errno, when `to` is taken (EEXIST) or for any other reason.
+bool rename_onto_nothing(const fs::path& from, const fs::path& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
+    if (errno != EINVAL && errno != ENOSYS) return false;
+    // File systems that cannot do that can link, most of them, and all of them can make a file that is new.
+    if (::link(from.c_str(), to.c_str()) == 0) {
+        ::unlink(from.c_str());
+        return true;
+    }
+    if (errno == EEXIST) return false;
+    const int descriptor = open_retried(to, O_WRONLY | O_CREAT | O_EXCL, 0600);
+    if (descriptor < 0) return false;
+    ::close(descriptor);
+    return ::rename(from.c_str(), to.c_str()) == 0;
+}
+
 class PosixFile : public PendingFile {
 public:
-    explicit PosixFile(const fs::path& target) : shown_(target), place_(place_of(target)) {
+    PosixFile(const fs::path& target, Existing existing)
+        : shown_(target), place_(place_of(target, existing)), existing_(existing), final_(target) {
         if (!place_.direct) temporary_ = temporary_name(place_.path);
     }
     ~PosixFile() override { PosixFile::discard(); }
@@ -109,10 +130,12 @@ public:
         // After an interrupted close the descriptor is gone; closing again could hit another file.
         if (::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR) fail();
         if (!made_) return;
-        if (::rename(temporary_.c_str(), place_.path.c_str()) != 0) fail();
+        if (!put_in_place()) fail();
         made_ = false;
         sync_folder(place_.path.parent_path());
     }
+
+    const fs::path& place() const override { return final_; }
 
     void discard() noexcept override {
         if (descriptor_ >= 0) ::close(std::exchange(descriptor_, -1));
@@ -120,10 +143,22 @@ public:
     }
 
 private:
+    bool put_in_place() {
+        if (existing_ == Existing::replaced) return ::rename(temporary_.c_str(), place_.path.c_str()) == 0;
+        for (int number = 1; number <= most_numbered_names; ++number) {
+            final_ = numbered_name(place_.path, number);
+            if (rename_onto_nothing(temporary_, final_)) return true;
+            if (errno != EEXIST) return false;
+        }
+        return false;
+    }
+
     [[noreturn]] void fail() const { throw file_error(shown_, last_error()); }
 
     const fs::path shown_;
     const Place place_;
+    const Existing existing_;
+    fs::path final_;
     fs::path temporary_;
     int descriptor_ = -1;
     bool made_ = false;  // the temporary file exists
@@ -138,8 +173,8 @@ public:
         if (error) throw folder_error(folder, error);
     }
 
-    std::unique_ptr<PendingFile> prepare(const fs::path& target) override {
-        return std::make_unique<PosixFile>(target);
+    std::unique_ptr<PendingFile> prepare(const fs::path& target, Existing existing) override {
+        return std::make_unique<PosixFile>(target, existing);
     }
 };
 

@@ -6,6 +6,7 @@
 #include "platform/portable/files/atomic_file.h"
 #include "platform/portable/files/brief_use_windows.h"
 #include "platform/portable/files/folder_access.h"
+#include "platform/portable/files/numbered_name.h"
 #include "platform/portable/files/temporary_name.h"
 #include "platform/portable/files/windows_error.h"
 
@@ -36,7 +37,8 @@ fs::path at_any_length(const fs::path& path) {
 
 class WindowsFile : public PendingFile {
 public:
-    explicit WindowsFile(const fs::path& target) : shown_(target) {
+    WindowsFile(const fs::path& target, Existing existing)
+        : shown_(target), existing_(existing), final_(target) {
         std::error_code ignored;
         if (!target.has_filename() || fs::is_directory(target, ignored))
             throw file_error(shown_, std::make_error_code(std::errc::is_a_directory));
@@ -74,9 +76,11 @@ public:
         if (made_ && FlushFileBuffers(handle_) == 0) fail_with_last_error();
         if (CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE)) == 0) fail_with_last_error();
         if (!made_) return;
-        if (const std::error_code error = after_brief_use([&] { return put_in_place(); })) fail(error);
+        if (const std::error_code error = put_in_place()) fail(error);
         made_ = false;
     }
+
+    const fs::path& place() const override { return final_; }
 
     void discard() noexcept override {
         if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE));
@@ -87,19 +91,32 @@ private:
     [[noreturn]] void fail(std::error_code reason) const { throw file_error(shown_, reason); }
     [[noreturn]] void fail_with_last_error() const { fail(windows_error(GetLastError())); }
 
-    std::error_code put_in_place() const {
-        constexpr DWORD whole = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-        if (MoveFileExW(temporary_.c_str(), place_.c_str(), whole) != 0) return {};
-        return reason_of_refusal(GetLastError());
+    std::error_code put_in_place() {
+        if (existing_ == Existing::replaced) return move_to(place_, MOVEFILE_REPLACE_EXISTING);
+        std::error_code error;
+        for (int number = 1; number <= most_numbered_names; ++number) {
+            final_ = numbered_name(shown_, number);
+            error = move_to(at_any_length(final_), 0);
+            if (error != std::errc::file_exists) return error;
+        }
+        return error;
+    }
+
+    std::error_code move_to(const fs::path& place, DWORD replacing) const {
+        return after_brief_use([&]() -> std::error_code {
+            if (MoveFileExW(temporary_.c_str(), place.c_str(), MOVEFILE_WRITE_THROUGH | replacing) != 0)
+                return {};
+            return reason_of_refusal(GetLastError(), place);
+        });
     }
 
     // Access to the place is denied for a folder and for a file that is open elsewhere, too.
-    std::error_code reason_of_refusal(DWORD code) const {
+    static std::error_code reason_of_refusal(DWORD code, const fs::path& place) {
         if (code != ERROR_ACCESS_DENIED) return windows_error(code);
         std::error_code ignored;
-        if (fs::is_directory(place_, ignored)) return std::make_error_code(std::errc::is_a_directory);
+        if (fs::is_directory(place, ignored)) return std::make_error_code(std::errc::is_a_directory);
         const HANDLE probe =
-            CreateFileW(place_.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+            CreateFileW(place.c_str(), DELETE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                         nullptr, OPEN_EXISTING, 0, nullptr);
         if (probe == INVALID_HANDLE_VALUE) return windows_error(GetLastError());
         CloseHandle(probe);
@@ -107,6 +124,8 @@ private:
     }
 
     const fs::path shown_;
+    const Existing existing_;
+    fs::path final_;
     fs::path place_;
     fs::path temporary_;  // empty: the target is a device
     HANDLE handle_ = INVALID_HANDLE_VALUE;
@@ -138,8 +157,8 @@ public:
         if (error) throw folder_error(folder, error);
     }
 
-    std::unique_ptr<PendingFile> prepare(const fs::path& target) override {
-        return std::make_unique<WindowsFile>(target);
+    std::unique_ptr<PendingFile> prepare(const fs::path& target, Existing existing) override {
+        return std::make_unique<WindowsFile>(target, existing);
     }
 };
 

@@ -21,9 +21,9 @@ public:
         files_.make_folder(folder);
         pass(folder);
     }
-    std::unique_ptr<PendingFile> prepare(const std::filesystem::path& target) override {
+    std::unique_ptr<PendingFile> prepare(const std::filesystem::path& target, Existing existing) override {
         pass(target);
-        return std::make_unique<File>(*this, target, files_.prepare(target));
+        return std::make_unique<File>(*this, target, files_.prepare(target, existing));
     }
 
 private:
@@ -50,6 +50,7 @@ private:
             file_->complete();
             layer_.pass(target_);
         }
+        const std::filesystem::path& place() const override { return file_->place(); }
         void discard() noexcept override { file_->discard(); }
 
     private:

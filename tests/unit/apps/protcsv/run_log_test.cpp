@@ -318,7 +318,7 @@ TEST_F(RunLog, TellsOfFailedLookupsEvenWhenQuiet) {
                           "1 Protokollsatz mit unlesbarem Änderungsdokument: 5\n");
     EXPECT_EQ(export_batch("lookups", {"--quiet"}), 0);
     EXPECT_EQ(errors, failed);
-    EXPECT_EQ(output, path("Prot.csv") + "\n");
+    EXPECT_EQ(output, path("Prot-2.csv") + "\n") << "beside the file of the run before";
 }
 
 TEST_F(RunLog, TellsOfAFailedRunNothingButWhatFailed) {

@@ -21,20 +21,21 @@ public:
     explicit FailingFiles(int failing_step) : steps_left_(failing_step) {}
 
     void make_folder(const fs::path& folder) override { system_files().make_folder(folder); }
-    std::unique_ptr<PendingFile> prepare(const fs::path& target) override {
-        return std::make_unique<File>(*this, target);
+    std::unique_ptr<PendingFile> prepare(const fs::path& target, Existing existing) override {
+        return std::make_unique<File>(*this, target, existing);
     }
     bool failed() const { return steps_left_ < 0; }
 
 private:
     class File : public PendingFile {
     public:
-        File(FailingFiles& files, const fs::path& target)
-            : files_(files), target_(target), file_(system_files().prepare(target)) {}
+        File(FailingFiles& files, const fs::path& target, Existing existing)
+            : files_(files), target_(target), file_(system_files().prepare(target, existing)) {}
         const fs::path& temporary_path() const override { return file_->temporary_path(); }
         void create() override { step(), file_->create(); }
         void write(std::string_view bytes) override { step(), file_->write(bytes); }
         void complete() override { step(), file_->complete(); }
+        const fs::path& place() const override { return file_->place(); }
         void discard() noexcept override { file_->discard(); }
 
     private:
@@ -156,6 +157,7 @@ TEST_F(CsvFileWriterFailures, RemovesItsFileAlsoWhenTheHostCannotTakeTheNotice) 
 }
 
 TEST_F(CsvFileWriterFailures, LeavesTheEarlierFileWholeWhicheverStepFails) {
+    host.choice = "";  // a name that a person takes is replaced
     const std::string big(300'000, 'x');
     for (int step = 0;; ++step) {
         write_file(folder / "a.csv", "earlier");
@@ -163,7 +165,7 @@ TEST_F(CsvFileWriterFailures, LeavesTheEarlierFileWholeWhicheverStepFails) {
         CsvFileWriter writer(options(), host, files);
         std::string name = "a.csv";
         const std::string error = error_of([&] {
-            writer.open(name, false);
+            writer.open(name, true);
             for (int line = 0; line < 3; ++line) write(writer, {big});
             writer.close();
         });

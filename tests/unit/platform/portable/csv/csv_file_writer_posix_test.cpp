@@ -73,14 +73,15 @@ TEST_F(CsvFileWriterPosix, EndsTheFileWhenTheDiskIsFull) {
 }
 
 TEST_F(CsvFileWriterPosix, EndsTheFileWhenItCannotTakeItsPlace) {
+    host.choice = "";  // a name that a person takes is replaced
     write_file(folder / "a.csv", "earlier");
     SystemCalls calls;
     calls.fail("rename", EACCES);
     CsvFileWriter writer(options(), host);
-    open(writer, "a.csv");
+    open(writer, "a.csv", true);
     write(writer, {"x"});
     EXPECT_THAT(error_of([&] { writer.close(); }), HasSubstr("keine Berechtigung"));
-    EXPECT_THAT(host.told, ElementsAre("unfinished file", "no unfinished file"));
+    EXPECT_THAT(host.told, ElementsAre("ask a.csv", "unfinished file", "no unfinished file"));
     EXPECT_EQ(content_of(folder / "a.csv"), "earlier");
     EXPECT_EQ(folder.entries(), 1U);
 }

@@ -65,15 +65,31 @@ TEST_F(CsvFileWriterTest, NeverReplacesAFileThatTheRunItselfNeedsByWayOfAFolderS
 }
 
 TEST_F(CsvFileWriterTest, LeavesTheEarlierFileUntilClose) {
+    host.choice = "";  // a name that a person takes is replaced
     write_file(folder / "a.csv", "earlier");
     CsvFileWriter writer(options(), host);
-    open(writer, "a.csv");
+    open(writer, "a.csv", true);
     write(writer, {"new"});
     EXPECT_EQ(content_of(folder / "a.csv"), "earlier");
     EXPECT_EQ(folder.entries(), 2U);
     writer.close();
     EXPECT_EQ(content_of(folder / "a.csv"), "new\r\n");
     EXPECT_EQ(folder.entries(), 1U);
+}
+
+TEST_F(CsvFileWriterTest, ReplacesNothingUnderANameThatNobodyChose) {
+    for (const char* name : {"a.csv", "a-2.csv", "a-3.csv"}) {
+        CsvFileWriter writer(options(), host);
+        EXPECT_EQ(open(writer, "a.csv"), "a.csv");
+        write(writer, {name});
+        writer.close();
+        EXPECT_EQ(host.told.back(), "finished " + path_text(folder / name));
+        writer.show();
+        EXPECT_EQ(host.told.back(), "show " + path_text(folder / name));
+    }
+    for (const char* name : {"a.csv", "a-2.csv", "a-3.csv"})
+        EXPECT_EQ(content_of(folder / name), std::string(name) + "\r\n");
+    EXPECT_EQ(folder.entries(), 3U);
 }
 
 TEST_F(CsvFileWriterTest, LeavesNothingWhenDestroyedBeforeClose) {
@@ -139,12 +155,13 @@ TEST_F(CsvFileWriterTest, TellsThePathInItsShortestForm) {
 }
 
 TEST_F(CsvFileWriterTest, TellsOnlyTheNameInTheCurrentFolder) {
+    host.choice = "";  // a name that a person takes is replaced
     const CurrentFolder in(folder.path());
     for (const char* current : {"", ".", "./"}) {
         CsvFileOptions here = options();
         here.folder = current;
         CsvFileWriter writer(here, host);
-        open(writer, "a.csv");
+        open(writer, "a.csv", true);
         writer.close();
         EXPECT_EQ(host.told.back(), "finished a.csv");
     }

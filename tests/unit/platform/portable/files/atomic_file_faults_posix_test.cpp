@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 #include "tests/unit/platform/portable/files/atomic_file_fixture.h"
@@ -55,6 +56,64 @@ TEST_F(AtomicFileFaults, AFailedStepLeavesTheEarlierFileAndNothingElse) {
         EXPECT_EQ(content_of(folder / "a.csv"), "earlier");
         EXPECT_EQ(folder.entries(), 1U);
         EXPECT_EQ(calls.open_descriptors(), 0);
+    }
+}
+
+TEST_F(AtomicFileFaults, AFileThatReplacesNothingFindsItsNameOnFileSystemsOfEveryKind) {
+    const struct {
+        int renaming;  // error of a renaming onto nothing
+        int linking;   // error of a link
+        std::vector<std::string> calls;
+        const char* why;
+    } cases[] = {
+        {0, 0, {"renameat2", "renameat2"}, "most"},
+        {EINVAL, 0, {"renameat2", "link", "renameat2", "link", "unlink"}, "one that cannot rename so"},
+        {ENOSYS, 0, {"renameat2", "link", "renameat2", "link", "unlink"}, "a system that cannot"},
+        {EINVAL,
+         EPERM,
+         {"renameat2", "link", "open", "renameat2", "link", "open", "close", "rename"},
+         "one that knows no links either"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.why);
+        write_file(folder / "a.csv", "earlier");
+        const auto file = system_files().prepare(folder / "a.csv", Existing::kept);
+        file->create();
+        file->write("new");
+        SystemCalls calls;
+        for (int name = 1; name <= 2; ++name) {  // a failure counts calls that no earlier one took
+            if (each.renaming != 0) calls.fail("renameat2", each.renaming);
+            if (each.linking != 0) calls.fail("link", each.linking);
+        }
+        file->complete();
+        std::vector<std::string> names = calls.names();
+        const auto start = std::ranges::find(names, "renameat2");
+        const auto end = std::find(start, names.end(), "fsync");  // of the folder
+        // Opening the folder is not part of it.
+        names.assign(start, end == names.end() ? end : end - 1);
+        EXPECT_EQ(names, each.calls);
+        EXPECT_EQ(file->place(), folder / "a-2.csv");
+        EXPECT_EQ(content_of(folder / "a.csv"), "earlier");
+        EXPECT_EQ(content_of(folder / "a-2.csv"), "new");
+        EXPECT_EQ(folder.entries(), 2U);
+        EXPECT_EQ(calls.open_descriptors(), -1) << "but for the file's own, opened before";
+        fs::remove(folder / "a-2.csv");
+    }
+}
+
+TEST_F(AtomicFileFaults, AFileThatReplacesNothingAndFindsNoNameLeavesNothing) {
+    const struct {
+        const char* call;
+        int error;
+    } cases[] = {{"renameat2", EACCES}, {"renameat2", EIO}};
+    for (const auto& each : cases) {
+        const auto file = system_files().prepare(folder / "a.csv", Existing::kept);
+        file->create();
+        SystemCalls calls;
+        calls.fail(each.call, each.error);
+        EXPECT_THAT(description_of([&] { file->complete(); }), HasSubstr(folder.text("a.csv")));
+        file->discard();
+        EXPECT_EQ(folder.entries(), 0U);
     }
 }
 

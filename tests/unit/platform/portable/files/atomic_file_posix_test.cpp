@@ -59,6 +59,20 @@ TEST_F(AtomicFilePosix, ReplacesTheFileBehindSymbolicLinks) {
     EXPECT_FALSE(fs::is_symlink(folder / "real" / "a.csv"));
 }
 
+TEST_F(AtomicFilePosix, FollowsNoLinkWhereItReplacesNothing) {
+    write_file(folder / "real.csv", "earlier");
+    fs::create_symlink("real.csv", folder / "a.csv");
+    fs::create_symlink("nowhere.csv", folder / "a-2.csv");
+    const auto file = system_files().prepare(folder / "a.csv", Existing::kept);
+    file->create();
+    file->write("new");
+    file->complete();
+    EXPECT_EQ(file->place(), folder / "a-3.csv");
+    EXPECT_EQ(content_of(folder / "a-3.csv"), "new");
+    EXPECT_EQ(content_of(folder / "real.csv"), "earlier");
+    EXPECT_EQ(folder.entries(), 4U);
+}
+
 TEST_F(AtomicFilePosix, MakesTheFileThatADanglingLinkNames) {
     fs::create_symlink("a.csv", folder / "link");
     write_whole(folder / "link", "new");

@@ -92,6 +92,39 @@ TEST_F(AtomicFile, LetsTheLastCompletionOfTwoWin) {
     EXPECT_EQ(folder.entries(), 1U);
 }
 
+TEST_F(AtomicFile, GivesEachOfTwoThatReplaceNothingANameOfItsOwn) {
+    const auto first = system_files().prepare(folder / "a.b.csv", Existing::kept);
+    const auto second = system_files().prepare(folder / "a.b.csv", Existing::kept);
+    first->create();
+    second->create();
+    first->write("first");
+    second->write("second");
+    second->complete();
+    first->complete();
+    EXPECT_EQ(second->place(), folder / "a.b.csv");
+    EXPECT_EQ(first->place(), folder / "a.b-2.csv");
+    EXPECT_EQ(content_of(folder / "a.b.csv"), "second");
+    EXPECT_EQ(content_of(folder / "a.b-2.csv"), "first");
+    EXPECT_EQ(folder.entries(), 2U);
+}
+
+TEST_F(AtomicFile, KeepsAFolderThatTookThePlaceMeanwhile) {
+    const auto file = system_files().prepare(folder / "a", Existing::kept);
+    file->create();
+    fs::create_directory(folder / "a");
+    fs::create_directory(folder / "a-2");
+    file->complete();
+    EXPECT_EQ(file->place(), folder / "a-3");
+    EXPECT_EQ(folder.entries(), 3U);
+}
+
+TEST_F(AtomicFile, TellsItsPlaceWhenItReplaces) {
+    const auto file = system_files().prepare(folder / "a.csv");
+    file->create();
+    file->complete();
+    EXPECT_EQ(file->place(), folder / "a.csv");
+}
+
 TEST_F(AtomicFile, RefusesAFolderAndANamelessTarget) {
     for (const fs::path& target :
          {folder.path(), folder.path() / "", folder / "new" / "", fs::path(""), fs::path("..")}) {

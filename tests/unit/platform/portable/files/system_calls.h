@@ -11,8 +11,8 @@ namespace prot {
 class SystemCalls {
 public:
     struct Call {
-        std::string name;    ///< open, write, fchmod, fsync, close, rename, unlink
-        std::string path;    ///< of open, rename (the new name) and unlink
+        std::string name;    ///< open, write, fchmod, fsync, close, rename, renameat2, link, unlink
+        std::string path;    ///< of open, rename, renameat2, link (the new name) and unlink
         int flags = 0;       ///< of open
         int descriptor = 0;  ///< that the call uses, or that open returned
     };

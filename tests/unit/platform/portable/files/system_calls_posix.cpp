@@ -80,6 +80,8 @@ int __real_fchmod(int descriptor, mode_t mode);
 int __real_fsync(int descriptor);
 int __real_close(int descriptor);
 int __real_rename(const char* from, const char* to);
+int __real_renameat2(int from_folder, const char* from, int to_folder, const char* to, unsigned flags);
+int __real_link(const char* from, const char* to);
 int __real_unlink(const char* path);
 
 int __wrap_open(const char* path, int flags, ...) {
@@ -126,6 +128,16 @@ int __wrap_close(int descriptor) {
 int __wrap_rename(const char* from, const char* to) {
     if (prot::state != nullptr && prot::fails("rename", to, 0, -1)) return -1;
     return __real_rename(from, to);
+}
+
+int __wrap_renameat2(int from_folder, const char* from, int to_folder, const char* to, unsigned flags) {
+    if (prot::state != nullptr && prot::fails("renameat2", to, 0, -1)) return -1;
+    return __real_renameat2(from_folder, from, to_folder, to, flags);
+}
+
+int __wrap_link(const char* from, const char* to) {
+    if (prot::state != nullptr && prot::fails("link", to, 0, -1)) return -1;
+    return __real_link(from, to);
 }
 
 int __wrap_unlink(const char* path) {
