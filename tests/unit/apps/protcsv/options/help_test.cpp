@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+
+#include "apps/protcsv/options/options.h"
+
+/// The whole help, as a person reads it: words, columns, order.
+namespace prot {
+namespace {
+
+struct Help {
+    const char* command;  ///< empty: the program's own
+    const char* text;
+};
+
+// clang-format off
+constexpr Help expected[] = {
+    {"", R"(Exportiert das Stammdatenprotokoll in CSV-Dateien.
+
+Aufruf: protcsv BEFEHL [Optionen]
+
+Allgemein:
+  --version             zeigt die Version
+  -h,--help             zeigt diese Hilfe
+
+Befehle:
+  export                Schreibt das Protokoll eines Bereichs in eine CSV-Datei
+  delete                Löscht die ausgewählten Protokollsätze
+  run                   Exportiert unbeaufsichtigt nach einem Parametertext
+  sample                Schreibt eine Beispieldatenbank
+  sections              Zeigt die Bereiche, die es gibt
+
+Hilfe zu einem Befehl: protcsv BEFEHL --help
+
+Rückgabewert: 0 erledigt (auch ohne Daten), 1 Fehler, 2 falscher Aufruf,
+3 abgebrochen.
+)"},
+    {"export", R"(Schreibt das Protokoll eines Bereichs in eine CSV-Datei
+
+Aufruf: protcsv export --db ZIEL --section NR|NAME [Optionen]
+
+Datenbank:
+  --db ZIEL             Pfad der SQLite-Datei
+
+Auswahl:
+  --section NR|NAME     Bereich, Nummer oder Name (siehe protcsv sections)
+  --user NAME           nur Änderungen dieses Mitarbeiters
+  --from DATUM          erster Tag, JJJJ-MM-TT oder TT.MM.JJJJ
+  --to DATUM            letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ
+  --events LISTE        created, changed, deleted (durch Komma getrennt);
+                        all (Vorgabe), none oder als Zahl die Summe aus
+                        1 (created), 2 (changed) und 4 (deleted)
+  --params TEXT         Parametertext, etwa "/autostart/vondevi:EUR"; ohne
+                        autostart werden die Filter am Terminal erfragt
+
+Ausgabe:
+  --out ORDNER          Zielordner, wird angelegt (Vorgabe: aktueller Ordner)
+  --separator ZEICHEN   Trennzeichen oder tab (Vorgabe: ;)
+  --encoding NAME       utf-8-bom (Vorgabe), utf-8 oder windows-1252
+  --raw-cells           Zellen, die wie Formeln aussehen, nicht entschärfen
+
+Ablauf:
+  --answers DATEI       Antworten auf die Fragen, eine je Zeile; - liest
+                        die Standardeingabe
+  --plain               Fragen Zeile für Zeile statt als Bildschirmformular
+  --threads 1|2         2 (Vorgabe) liest das Protokoll voraus, während Zeilen
+                        geschrieben werden; 1 tut eins nach dem anderen
+  --sql-log DATEI       schreibt jede SQL-Anweisung als JSON-Zeile mit
+  --quiet               kein Fortschrittsbalken, keine Hinweise
+
+Allgemein:
+  -h,--help             zeigt diese Hilfe
+
+Beispiele:
+  protcsv export --db firma.db --section exchange-rates --from 01.01.2026
+  protcsv export --db firma.db --section 15 --params "/autostart/vondevi:EUR"
+  protcsv export --db firma.db --section 6 --params "/autostart/mandant:123"
+)"},
+    {"delete", R"(Löscht die ausgewählten Protokollsätze
+
+Aufruf: protcsv delete --db ZIEL --section NR|NAME [Optionen]
+
+Datenbank:
+  --db ZIEL             Pfad der SQLite-Datei
+
+Auswahl:
+  --section NR|NAME     Bereich, Nummer oder Name (siehe protcsv sections)
+  --user NAME           nur Änderungen dieses Mitarbeiters
+  --from DATUM          erster Tag, JJJJ-MM-TT oder TT.MM.JJJJ
+  --to DATUM            letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ
+  --events LISTE        created, changed, deleted (durch Komma getrennt);
+                        all (Vorgabe), none oder als Zahl die Summe aus
+                        1 (created), 2 (changed) und 4 (deleted)
+  --params TEXT         Parametertext, etwa "/autostart/vondevi:EUR"; ohne
+                        autostart werden die Filter am Terminal erfragt
+
+Ablauf:
+  --yes                 beantwortet die Löschfrage mit Ja
+  --answers DATEI       Antworten auf die Fragen, eine je Zeile; - liest
+                        die Standardeingabe
+  --plain               Fragen Zeile für Zeile statt als Bildschirmformular
+  --sql-log DATEI       schreibt jede SQL-Anweisung als JSON-Zeile mit
+  --quiet               kein Fortschrittsbalken, keine Hinweise
+
+Allgemein:
+  -h,--help             zeigt diese Hilfe
+
+Beispiel:
+  protcsv delete --db firma.db --section 15 --to 31.12.2015 \
+      --params "/autostart" --yes
+)"},
+    {"run", R"(Exportiert unbeaufsichtigt nach einem Parametertext
+
+Aufruf: protcsv run --db ZIEL --params TEXT [Optionen]
+
+Datenbank:
+  --db ZIEL             Pfad der SQLite-Datei
+
+Auswahl:
+  --params TEXT         Parametertext, etwa "/autostart/vondevi:EUR"; ohne
+                        autostart werden die Filter am Terminal erfragt
+
+Ausgabe:
+  --out ORDNER          Zielordner, wird angelegt (Vorgabe: aktueller Ordner)
+  --separator ZEICHEN   Trennzeichen oder tab (Vorgabe: ;)
+  --encoding NAME       utf-8-bom (Vorgabe), utf-8 oder windows-1252
+  --raw-cells           Zellen, die wie Formeln aussehen, nicht entschärfen
+
+Ablauf:
+  --answers DATEI       Antworten auf die Fragen, eine je Zeile; - liest
+                        die Standardeingabe
+  --plain               Fragen Zeile für Zeile statt als Bildschirmformular
+  --threads 1|2         2 (Vorgabe) liest das Protokoll voraus, während Zeilen
+                        geschrieben werden; 1 tut eins nach dem anderen
+  --sql-log DATEI       schreibt jede SQL-Anweisung als JSON-Zeile mit
+  --quiet               kein Fortschrittsbalken, keine Hinweise
+
+Allgemein:
+  -h,--help             zeigt diese Hilfe
+
+Aus dem Parametertext werden gelesen: sektion (Pflicht), mitarbeiter, datvon,
+datbis, neu, aend, loe (1/0 oder ja/nein). Der ganze Text geht an den Export.
+
+Beispiel:
+  protcsv run --db firma.db --out /srv/protokolle \
+      --params "/sektion:15/datvon:01.01.2026/autostart/vondevi:EUR"
+)"},
+    {"sample", R"(Schreibt eine Beispieldatenbank
+
+Aufruf: protcsv sample DATEI [Optionen]
+
+Argumente:
+  DATEI                 Pfad der neuen Beispieldatenbank
+
+Ablauf:
+  --seed ZAHL           gleiche Zahl, gleicher Inhalt (Vorgabe: 1)
+  --rows ZAHL           Protokollsätze (Vorgabe: ein kleines Protokoll)
+  --section NR|NAME     nur Protokollsätze dieses Bereichs (Vorgabe: aller)
+  --overwrite           ersetzt auch eine Datei, die keine Beispieldatenbank ist
+
+Allgemein:
+  -h,--help             zeigt diese Hilfe
+
+Beispiel:
+  protcsv sample beispiel.db --seed 7
+)"},
+};
+// clang-format on
+
+TEST(Help, ReadsAsItWasReviewed) {
+    for (const Help& help : expected) {
+        std::vector<std::string> arguments = {"--help"};
+        if (*help.command != '\0') arguments.insert(arguments.begin(), help.command);
+        EXPECT_EQ(parse_options(arguments, {}).text, help.text) << help.command;
+    }
+}
+
+}  // namespace
+}  // namespace prot
