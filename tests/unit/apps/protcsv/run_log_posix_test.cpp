@@ -1,5 +1,6 @@
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 
 #include <sqlite3.h>
 
@@ -64,6 +65,42 @@ TEST_F(ProgramTest, StopsBehindADeletionThatHasBegun) {
         testing::ExitedWithCode(130), "");
     EXPECT_EQ(ask(file, "SELECT COUNT(*) FROM tProtokoll"), 0);
     EXPECT_EQ(files(), 1U) << "no journal is left";
+}
+
+std::ptrdiff_t threads_of_this_process() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
+}
+
+std::ptrdiff_t threads_while_reading = 0;
+
+/// Counts the threads in the midst of more rows than are read ahead.
+class CountingExporter : public SectionExporter {
+    void gCSVAusgabe(Database& oDBU, std::int32_t, const std::string&, Date, Date, std::int32_t,
+                     Value&) override {
+        const auto rows = oDBU.query_rows("SELECT a.idProtokoll FROM tProtokoll a, tProtokoll b");
+        for (int batch = 0; batch < 2; ++batch) rows->next_batch();
+        threads_while_reading = threads_of_this_process();
+    }
+};
+
+constexpr Section counting_sections[] = {
+    {15, "counting", "Zählen",
+     [](Environment&) -> std::unique_ptr<SectionExporter> { return std::make_unique<CountingExporter>(); }}};
+
+TEST_F(ProgramTest, ReadsAheadInAThreadOfItsOwnUnlessOneIsToDoEverything) {
+    const struct {
+        std::vector<std::string> more;
+        std::ptrdiff_t further_threads;
+    } rows[] = {{{}, 1}, {{"--threads", "2"}, 1}, {{"--threads", "1"}, 0}};
+    const std::ptrdiff_t before = threads_of_this_process();
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments = {"export", "--db", database(), "--section", "15"};
+        arguments.insert(arguments.end(), row.more.begin(), row.more.end());
+        std::istringstream in;
+        std::ostringstream out, err;
+        EXPECT_EQ(run_program(arguments, {in, out, err}, counting_sections), 0) << err.str();
+        EXPECT_EQ(threads_while_reading - before, row.further_threads) << testing::PrintToString(row.more);
+    }
 }
 
 }  // namespace
