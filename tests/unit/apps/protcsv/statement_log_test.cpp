@@ -181,6 +181,12 @@ TEST_F(StatementLogTest, ReplacesBytesThatAreNotUtf8) {
     EXPECT_EQ(lines(), std::vector<std::string>{"{\"nr\":1,\"op\":\"execute\",\"sql\":\"\uFFFD\"}"});
 }
 
+TEST_F(StatementLogTest, WritesUmlautsAsAReaderOfTheFileSeesThem) {
+    StatementLog log(database, path);
+    log.execute("SELECT 'Währung'");
+    EXPECT_NE(content_of(text_path(path)).find(R"("sql":"SELECT 'Währung'")"), std::string::npos);
+}
+
 TEST_F(StatementLogTest, AsksForTheConnectionBehindIt) {
     StatementLog log(database, path);
     log.require_connection();
