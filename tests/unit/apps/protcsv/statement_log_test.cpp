@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <fstream>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -12,6 +13,8 @@
 
 namespace prot {
 namespace {
+
+using namespace std::chrono_literals;
 
 class StatementLogTest : public testing::Test {
 protected:
@@ -148,14 +151,37 @@ TEST_F(StatementLogTest, ReplacesAnEarlierLog) {
     EXPECT_EQ(lines(), std::vector<std::string>{R"({"nr":1,"op":"execute","sql":"DELETE x"})"});
 }
 
+void take(std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    while (std::chrono::steady_clock::now() < end) continue;
+}
+
+/// One row, after twenty milliseconds, and at once the end behind it.
+class SlowRows : public RowStream {
+public:
+    const RowSet& next_batch() override {
+        batch_.clear();
+        if (std::exchange(at_end_, true)) return batch_;
+        take(20ms);
+        batch_.add_row();
+        return batch_;
+    }
+    void release() override {}
+    std::int64_t expected_rows() override { return 1; }
+
+private:
+    RowSet batch_{1};
+    bool at_end_ = false;
+};
+
 /// Takes two milliseconds for a statement.
 class SlowDatabase : public test::FakeDatabase {
 public:
     void execute(std::string_view sql) override {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(2);
-        while (std::chrono::steady_clock::now() < end) continue;
+        take(2ms);
         FakeDatabase::execute(sql);
     }
+    std::unique_ptr<RowStream> query_rows(std::string_view) override { return std::make_unique<SlowRows>(); }
 };
 
 TEST_F(StatementLogTest, WritesHowManyMillisecondsAStatementTook) {
@@ -173,6 +199,14 @@ TEST_F(StatementLogTest, WritesHowManyMillisecondsAStatementTook) {
         EXPECT_GE(taken, 2) << sql;
         EXPECT_LE(taken, most.count()) << sql;
     }
+}
+
+TEST_F(StatementLogTest, CountsTheMillisecondsOfTheFirstRowsToo) {
+    SlowDatabase slow;
+    StatementLog log(slow, path);
+    const auto rows = log.query_rows("SELECT r");
+    while (!rows->next_batch().empty()) continue;
+    EXPECT_GE(nlohmann::json::parse(content_of(text_path(path)))["ms"].get<double>(), 20);
 }
 
 TEST_F(StatementLogTest, ReplacesBytesThatAreNotUtf8) {
