@@ -12,18 +12,13 @@ std::optional<std::string> ask_file_name(FormDisplay& display, const std::string
     bool accepted = false;
     Form form;
     form.caption = "CSV-Datei schreiben";
-    form.fields = {{.kind = FieldKind::text,
-                    .name = "txtDateiname",
-                    .label = "&Dateiname",
-                    .text = suggestion,
-                    .longest = longest_path}};
-    form.ok = {.name = "cmdOK", .text = "OK", .click = [&] {
+    form.fields = {
+        {.kind = FieldKind::text, .label = "&Dateiname", .text = suggestion, .longest = longest_path}};
+    form.ok = {.text = "OK", .click = [&] {
                    accepted = true;
                    form.shown = false;
                }};
-    form.cancel = {.name = "cmdCancel", .text = "Abbrechen", .causes_validation = false, .click = [&] {
-                       form.shown = false;
-                   }};
+    form.cancel = {.text = "Abbrechen", .causes_validation = false, .click = [&] { form.shown = false; }};
     form.set_focus(0);
     display.show_modal(form);
     if (!accepted) return std::nullopt;
