@@ -54,7 +54,7 @@ struct CommandParser {
 /// given and what may be given once is decided here, so that every refusal is in German.
 class CommandLine {
 public:
-    CommandLine() : app_(text_of(program_summary), "protcsv") {
+    CommandLine() : app_(text_of(program_summary)) {
         app_.set_version_flag("-V,--version", text_of("protcsv " PROT_VERSION), "zeigt die Version")
             ->group(general);
         set_up(app_, "protcsv BEFEHL [Optionen]", program_footer);
@@ -220,8 +220,8 @@ Options read(std::vector<std::string> arguments, const OptionContext& context) {
     } catch (const CLI::CallForHelp&) {
         options.text = help_of(line);
         return options;
-    } catch (const CLI::CallForVersion&) {
-        options.text = "protcsv " PROT_VERSION "\n";
+    } catch (const CLI::CallForVersion& version) {
+        options.text = text_of(version.what()) + '\n';
         return options;
     } catch (const CLI::ParseError&) {
         refuse_extras(line);
