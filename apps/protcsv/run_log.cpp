@@ -3,7 +3,6 @@
 #include <fstream>
 #include <istream>
 #include <iterator>
-#include <new>
 #include <optional>
 
 #include "apps/protcsv/commands.h"
@@ -28,7 +27,6 @@ constexpr std::string_view refusal =
     "Dieser Lauf muss etwas fragen und braucht dazu ein Terminal oder --answers DATEI; unbeaufsichtigt geht "
     "es mit "
     "--params \"/…/autostart\".";
-constexpr std::string_view own_source = "protcsv";
 
 constexpr std::array<int, 4> exit_statuses = {exit_done, exit_cancelled, exit_error, exit_usage};
 int exit_status(Outcome outcome) { return exit_statuses[static_cast<std::size_t>(outcome)]; }
@@ -147,17 +145,9 @@ private:
             entry.gCSVAusgabe(database, request.section, as_literal(request.user), request.from, request.to,
                               request.events, spare);
         } catch (const AutomationError& error) {
-            report(error);
-        } catch (const std::bad_alloc&) {
-            report({ErrorNumber::out_of_memory, std::string(out_of_memory_text)});
-        } catch (const std::exception& error) {
-            report({ErrorNumber::internal, error.what()});
+            displays_->create_error_display()->ZQ_gShowError(error.number(), error.source(),
+                                                             error.description());
         }
-    }
-
-    void report(const AutomationError& error) {
-        const std::string source = error.source().empty() ? std::string(own_source) : error.source();
-        displays_->create_error_display()->ZQ_gShowError(error.number(), source, error.description());
     }
 
     int finish() {
