@@ -21,7 +21,7 @@ constexpr Help expected[] = {
 Aufruf: protcsv BEFEHL [Optionen]
 
 Allgemein:
-  --version             zeigt die Version
+  -V,--version          zeigt die Version
   -h,--help             zeigt diese Hilfe
 
 Befehle:
@@ -31,7 +31,7 @@ Befehle:
   sample                Schreibt eine Beispieldatenbank
   sections              Zeigt die Bereiche, die es gibt
 
-Hilfe zu einem Befehl: protcsv BEFEHL --help
+Hilfe zu einem Befehl: protcsv help BEFEHL oder protcsv BEFEHL --help
 
 Rückgabewert: 0 erledigt (auch ohne Daten), 1 Fehler, 2 falscher Aufruf,
 3 abgebrochen.
@@ -46,11 +46,13 @@ Datenbank:
 Auswahl:
   --section NR|NAME     Bereich, Nummer oder Name (siehe protcsv sections)
   --user NAME           nur Änderungen dieses Mitarbeiters
-  --from DATUM          erster Tag, JJJJ-MM-TT oder TT.MM.JJJJ
-  --to DATUM            letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ
-  --events LISTE        created, changed, deleted (durch Komma getrennt);
-                        all (Vorgabe), none oder als Zahl die Summe aus
-                        1 (created), 2 (changed) und 4 (deleted)
+  --from DATUM          erster Tag: TT.MM.JJJJ, JJJJ-MM-TT, heute, gestern oder
+                        ein Monat, JJJJ-MM
+  --to DATUM            letzter Tag, ebenso
+  --events LISTE        created, changed, deleted oder angelegt, geändert,
+                        gelöscht (durch Komma getrennt); all (Vorgabe), none
+                        oder die Summe aus 1 (created), 2 (changed) und
+                        4 (deleted)
   --params TEXT         Parametertext, etwa "/autostart/vondevi:EUR"; ohne
                         autostart werden die Filter am Terminal erfragt
 
@@ -87,11 +89,13 @@ Datenbank:
 Auswahl:
   --section NR|NAME     Bereich, Nummer oder Name (siehe protcsv sections)
   --user NAME           nur Änderungen dieses Mitarbeiters
-  --from DATUM          erster Tag, JJJJ-MM-TT oder TT.MM.JJJJ
-  --to DATUM            letzter Tag, JJJJ-MM-TT oder TT.MM.JJJJ
-  --events LISTE        created, changed, deleted (durch Komma getrennt);
-                        all (Vorgabe), none oder als Zahl die Summe aus
-                        1 (created), 2 (changed) und 4 (deleted)
+  --from DATUM          erster Tag: TT.MM.JJJJ, JJJJ-MM-TT, heute, gestern oder
+                        ein Monat, JJJJ-MM
+  --to DATUM            letzter Tag, ebenso
+  --events LISTE        created, changed, deleted oder angelegt, geändert,
+                        gelöscht (durch Komma getrennt); all (Vorgabe), none
+                        oder die Summe aus 1 (created), 2 (changed) und
+                        4 (deleted)
   --params TEXT         Parametertext, etwa "/autostart/vondevi:EUR"; ohne
                         autostart werden die Filter am Terminal erfragt
 
