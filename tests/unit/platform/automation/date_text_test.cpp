@@ -118,7 +118,8 @@ TEST(DateText, ReadsDaysOfJustOneForm) {
     EXPECT_EQ(read_german_day("5.3.2026"), at(2026, 3, 5));
     for (const char* text : {"", "05.03.2026", "2026-3-05", "2026-03-5", "2026-02-30", "2026-03-05 00:00:00"})
         EXPECT_FALSE(read_iso_day(text)) << text;
-    for (const char* text : {"", "2026-03-05", "005.03.2026", ".3.2026", "5.3.26", "30.02.2026", "05.03.2026 00:00:00"})
+    for (const char* text :
+         {"", "2026-03-05", "005.03.2026", ".3.2026", "5.3.26", "30.02.2026", "05.03.2026 00:00:00"})
         EXPECT_FALSE(read_german_day(text)) << text;
 }
 
