@@ -10,31 +10,32 @@
 
 namespace prot::fuzz {
 
-/// Files that live in memory.
+/// Files that live in memory, each under a name of its own.
 class MemoryFiles : public FileLayer {
 public:
     std::map<std::string, std::string> finished;  ///< contents by path
 
     void make_folder(const std::filesystem::path&) override {}
-    std::unique_ptr<PendingFile> prepare(const std::filesystem::path& target) override {
-        return std::make_unique<Pending>(finished, path_text(target));
+    std::unique_ptr<PendingFile> prepare(const std::filesystem::path& target, Existing) override {
+        return std::make_unique<Pending>(finished, target);
     }
 
 private:
     class Pending : public PendingFile {
     public:
-        Pending(std::map<std::string, std::string>& finished, std::string target)
+        Pending(std::map<std::string, std::string>& finished, std::filesystem::path target)
             : finished_(finished), target_(std::move(target)) {}
 
         const std::filesystem::path& temporary_path() const override { return temporary_; }
         void create() override {}
         void write(std::string_view bytes) override { bytes_ += bytes; }
-        void complete() override { finished_[target_] = std::move(bytes_); }
+        void complete() override { finished_[path_text(target_)] = std::move(bytes_); }
+        const std::filesystem::path& place() const override { return target_; }
         void discard() noexcept override { bytes_.clear(); }
 
     private:
         std::map<std::string, std::string>& finished_;
-        const std::string target_;
+        const std::filesystem::path target_;
         const std::filesystem::path temporary_;
         std::string bytes_;
     };
