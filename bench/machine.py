@@ -8,6 +8,8 @@ import subprocess
 import time
 
 BUSY = 0.3      # of one processor; from here on nothing is recorded
+TAKEN = 0.05    # of the time that programs wanted a processor; likewise
+TAKEN_FIELD = 7     # of the first line of /proc/stat: what other virtual machines had of it ("steal")
 IDLE_FIELDS = (3, 4)    # of the first line of /proc/stat: idle, and waiting for a disk
 FIELDS = 8              # the rest are parts of these
 
@@ -34,10 +36,26 @@ def load():
     return float(pathlib.Path("/proc/loadavg").read_text().split()[0])
 
 
+def ticks():
+    """Of all processors since the machine's start, by field."""
+    return [int(each) for each in pathlib.Path("/proc/stat").read_text().split("\n", 1)[0].split()[1:1 + FIELDS]]
+
+
 def work():
     """Ticks that all processors have worked since the machine's start."""
-    ticks = pathlib.Path("/proc/stat").read_text().split("\n", 1)[0].split()[1:1 + FIELDS]
-    return sum(int(each) for number, each in enumerate(ticks) if number not in IDLE_FIELDS)
+    return sum(each for number, each in enumerate(ticks()) if number not in IDLE_FIELDS)
+
+
+class Taken:
+    """What the host of a virtual machine gave to others while programs here wanted a processor."""
+
+    def __init__(self):
+        self.work, self.taken = work(), ticks()[TAKEN_FIELD]
+
+    def share(self):
+        """Since this object was made, of the time that programs wanted a processor."""
+        wanted = work() - self.work
+        return round((ticks()[TAKEN_FIELD] - self.taken) / wanted, 3) if wanted else 0.0
 
 
 def processors_busy(seconds=2):

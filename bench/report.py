@@ -11,11 +11,13 @@ from targets import MEGABYTE, number, targets
 class Size:
     """What one number of log rows gave. results: the contender's name, then its runs in the order of the rounds.
 
-    busy: processors at work while the benchmark was not, right before or after. kinds: as databases.statements gives them.
+    busy: processors at work while the benchmark was not, right before or after. taken: share of the rounds' processor time
+    that went to other virtual machines. kinds: as databases.statements gives them.
     """
     rows: int
     machine: str
     busy: float
+    taken: float
     load: float
     fetched: int
     lines: int
@@ -46,7 +48,8 @@ def table(section, sizes):
     for size in sizes:
         lines += ["", f"{number(size.rows)} log rows: {number(size.fetched)} fetched, {number(size.lines)} lines written,"
                       f" {size.bytes / MEGABYTE:.1f} MB",
-                  f"{size.machine}; {size.busy:.2f} processors busy, load {size.load:.2f}"]
+                  f"{size.machine}; {size.busy:.2f} processors busy, load {size.load:.2f},"
+                  f" {100 * size.taken:.0f} % taken by other machines"]
         for name, runs in size.results.items():
             lines.append(f"{name:28}{len(runs):4}{size.median(name, 'wall'):9.3f}  {ratio_text(size, name):19}"
                          f"{size.median(name, 'cpu'):9.3f}{size.median(name, 'memory') / MEGABYTE:9.1f}")
