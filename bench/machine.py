@@ -8,7 +8,7 @@ import subprocess
 import time
 
 BUSY = 0.3      # of one processor; from here on nothing is recorded
-TAKEN = 0.05    # of the time that programs wanted a processor; likewise
+TAKEN = 0.1    # of the time that programs wanted a processor; likewise
 TAKEN_FIELD = 7     # of the first line of /proc/stat: what other virtual machines had of it ("steal")
 IDLE_FIELDS = (3, 4)    # of the first line of /proc/stat: idle, and waiting for a disk
 FIELDS = 8              # the rest are parts of these
