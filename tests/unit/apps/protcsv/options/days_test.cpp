@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "apps/protcsv/options/usage_error.h"
+#include "tests/unit/apps/protcsv/options/refusal_of.h"
 
 namespace prot {
 namespace {
@@ -12,17 +12,6 @@ namespace {
 Date day(int year, int month, int day) { return to_date(CivilTime{year, month, day}); }
 
 const Date today = to_date(CivilTime{2026, 3, 1, 23, 59, 59});
-
-/// What `parse` refuses its text with; empty when it accepts it.
-template <typename Parse>
-std::string refusal(Parse parse) {
-    try {
-        parse();
-    } catch (const UsageError& error) {
-        return error.what();
-    }
-    return {};
-}
 
 TEST(Days, AreReadInEveryForm) {
     const struct {
@@ -46,7 +35,7 @@ TEST(Days, AreReadInEveryForm) {
 TEST(Days, OfADeletionDoNotEndWithTheNullDayWhichWouldMeanNoBound) {
     for (const char* text : {"30.12.1899", "1899-12-30"}) {
         EXPECT_TRUE(parse_days(text, today).last.is_null());
-        EXPECT_EQ(refusal([&] { parse_last_day_of_deletion(text, today); }),
+        EXPECT_EQ(refusal_of([&] { parse_last_day_of_deletion(text, today); }),
                   "„" + std::string(text) + "“ ist der Nulltag; er stünde für eine Löschung ohne Grenze");
     }
     EXPECT_EQ(parse_last_day_of_deletion("31.12.1899", today), Date{1});
@@ -76,7 +65,7 @@ TEST(Days, AreRefusedWhereThereIsNone) {
         {"+026-02-01", "a sign is no digit"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(refusal([&] { parse_days(row.text, today); }),
+        EXPECT_EQ(refusal_of([&] { parse_days(row.text, today); }),
                   "„" + std::string(row.text) +
                       "“ ist kein Tag; erwartet wird TT.MM.JJJJ, JJJJ-MM-TT, JJJJ-MM, heute oder gestern")
             << row.why;

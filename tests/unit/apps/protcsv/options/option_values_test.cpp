@@ -4,21 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include "apps/protcsv/options/usage_error.h"
+#include "tests/unit/apps/protcsv/options/refusal_of.h"
 
 namespace prot {
 namespace {
-
-/// What `parse` refuses `text` with; empty when it accepts it.
-template <typename Parse>
-std::string refusal(Parse parse) {
-    try {
-        parse();
-    } catch (const UsageError& error) {
-        return error.what();
-    }
-    return {};
-}
 
 constexpr Section sections[] = {{9, "customers", "Kunden", nullptr},
                                 {15, "exchange-rates", "Devisenkurse", nullptr}};
@@ -54,7 +43,7 @@ TEST(OptionValues, RefusesOtherEvents) {
     for (const char* text :
          {"", "made", "created,", ",created", "all,created", "-1", "2147483648", "1,2", "8", "2147483640"})
         EXPECT_EQ(
-            refusal([&] { parse_events(text); }),
+            refusal_of([&] { parse_events(text); }),
             "„" + std::string(text) +
                 "“ ist keine Liste von Ereignissen; erwartet wird created, changed, deleted oder angelegt, "
                 "geändert, gelöscht (durch Komma getrennt), all, none oder eine Summe aus 1, 2 und 4");
@@ -72,13 +61,13 @@ TEST(OptionValues, FindsASectionByItsTitle) {
     for (const char* text : {"Offene Posten", "offene-posten", "OFFENEPOSTEN", "open-items", "Open Items"})
         EXPECT_EQ(find_section(text, titled).number, 6) << text;
     EXPECT_EQ(find_section("lieferanten", titled).number, 8);
-    EXPECT_EQ(refusal([&] { find_section("Liferanten", titled); }),
+    EXPECT_EQ(refusal_of([&] { find_section("Liferanten", titled); }),
               "„Liferanten“ ist kein Bereich; meinten Sie Lieferanten?");
 }
 
 TEST(OptionValues, NamesTheSectionsThatExistWhenOneDoesNot) {
     for (const char* text : {"7", "exchange", "", "-15"})
-        EXPECT_EQ(refusal([&] { find_section(text, sections); }),
+        EXPECT_EQ(refusal_of([&] { find_section(text, sections); }),
                   "„" + std::string(text) + "“ ist kein Bereich; es gibt: 9 customers, 15 exchange-rates");
 }
 
@@ -88,15 +77,15 @@ TEST(OptionValues, ReadsASeparator) {
     EXPECT_EQ(parse_separator("\t"), "\t");
     EXPECT_EQ(parse_separator("§"), "§");
     for (const char* text : {"", ";;", "\"", "\n", "\r", "§§", "\xFF"})
-        EXPECT_NE(refusal([&] { parse_separator(text); }), "") << text;
-    EXPECT_NE(refusal([] { parse_separator(std::string_view("\0", 1)); }), "") << "NUL";
+        EXPECT_NE(refusal_of([&] { parse_separator(text); }), "") << text;
+    EXPECT_NE(refusal_of([] { parse_separator(std::string_view("\0", 1)); }), "") << "NUL";
 }
 
 TEST(OptionValues, ReadsAnEncoding) {
     EXPECT_EQ(parse_encoding("utf-8-bom"), CsvEncoding::utf8_bom);
     EXPECT_EQ(parse_encoding("UTF-8"), CsvEncoding::utf8);
     EXPECT_EQ(parse_encoding("windows-1252"), CsvEncoding::windows_1252);
-    EXPECT_EQ(refusal([] { parse_encoding("latin1"); }),
+    EXPECT_EQ(refusal_of([] { parse_encoding("latin1"); }),
               "„latin1“ ist keine Kodierung; erwartet wird utf-8-bom, utf-8 oder windows-1252");
 }
 
@@ -105,7 +94,7 @@ TEST(OptionValues, ReadsANumberWithinItsRange) {
     EXPECT_EQ(parse_number("1", 1, 9), 1u);
     EXPECT_EQ(parse_number("9", 1, 9), 9u);
     for (const char* text : {"", "-1", "0", "10", "1.5", "x", "18446744073709551616"})
-        EXPECT_EQ(refusal([&] { parse_number(text, 1, 9); }),
+        EXPECT_EQ(refusal_of([&] { parse_number(text, 1, 9); }),
                   "„" + std::string(text) + "“ ist keine ganze Zahl von 1 bis 9");
 }
 
