@@ -17,6 +17,14 @@ std::string_view bytes(const void* data, int size) {
     return {static_cast<const char*>(data), static_cast<std::size_t>(size)};
 }
 
+// SQLite answers with no place at all when it had no memory to convert or expand a value. That must not pass
+// for an empty one: a log table without a name would lose its records and keep their memo rows.
+std::string_view text_of(sqlite3_value* value) {
+    const void* const data = sqlite3_value_text(value);
+    if (data == nullptr) throw std::bad_alloc();
+    return bytes(data, sqlite3_value_bytes(value));
+}
+
 }  // namespace
 
 bool is_date_type(const char* declared_type) {
@@ -33,8 +41,6 @@ SqliteCells::SqliteCells(sqlite3_stmt* statement)
         is_date_[column] = is_date_type(sqlite3_column_decltype(statement, static_cast<int>(column))) ? 1 : 0;
 }
 
-// SQLite answers with no place at all when it had no memory to convert or expand a value. That must not pass
-// for an empty one: a log table without a name would lose its records and keep their memo rows.
 Cell SqliteCells::read(std::size_t column) const {
     // The value is asked once for the column, not once for each property. Reading it so is sound because one
     // thread alone uses the connection.
@@ -50,18 +56,21 @@ Cell SqliteCells::read(std::size_t column) const {
             // The size is asked first: a value that could not be expanded is Null afterwards, without one.
             const int size = sqlite3_value_bytes(value);
             const void* const data = sqlite3_value_blob(value);
-            if (data == nullptr && size > 0) throw std::bad_alloc();
+            if (data == nullptr && size > 0) throw std::bad_alloc();  // as in text_of
             return Cell(bytes(data, size));
         }
         default:
             return {};
     }
-    const void* const data = sqlite3_value_text(value);
-    if (data == nullptr) throw std::bad_alloc();
-    const std::string_view text = bytes(data, sqlite3_value_bytes(value));
+    const std::string_view text = text_of(value);
     if (is_date_[column] != 0)
         if (const auto date = read_iso_date(text)) return Cell(*date);
     return Cell(text);
+}
+
+std::string_view SqliteCells::text(std::size_t column) const {
+    sqlite3_value* const value = sqlite3_column_value(statement_, static_cast<int>(column));
+    return sqlite3_value_type(value) == SQLITE_TEXT ? text_of(value) : std::string_view();
 }
 
 }  // namespace prot

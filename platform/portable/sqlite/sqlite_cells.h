@@ -24,6 +24,9 @@ public:
     /// when it is one. The text is valid until the next row.
     Cell read(std::size_t column) const;
 
+    /// A text as it is stored, valid until the next row; empty for any other value.
+    std::string_view text(std::size_t column) const;
+
     /// Appends the row.
     void append_row(RowSet& rows) const {
         rows.add_row();

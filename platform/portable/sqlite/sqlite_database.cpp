@@ -4,6 +4,7 @@
 #include "platform/portable/files/paths.h"
 #include "platform/portable/sqlite/sqlite_cells.h"
 #include "platform/portable/sqlite/sqlite_connection.h"
+#include "platform/portable/sqlite/sqlite_first_rows.h"
 #include "platform/portable/sqlite/sqlite_problem.h"
 #include "platform/portable/sqlite/sqlite_row_stream.h"
 #include "platform/portable/sqlite/sqlite_statements.h"
@@ -24,7 +25,8 @@ public:
         const SqliteTurns::OfRun turn(turns_);
         connection_.require();
         const TsqlStatement& query = translations_.of_query(sql);
-        SqliteRun run = start(query);
+        if (one_state_ && !query.text_with_place.empty()) return first_behind(query);
+        SqliteRun run = start(query, query.text);
         return run.next_row() ? SqliteCells(run.statement()).read(0).value() : Value();
     }
 
@@ -32,7 +34,7 @@ public:
         const SqliteTurns::OfRun turn(turns_);
         connection_.require();
         const TsqlStatement& query = translations_.of_query(sql);
-        SqliteRun run = start(query);
+        SqliteRun run = start(query, query.text);
         if (!run.next_row()) return {};
         const SqliteCells cells(run.statement());
         RowSet rows(cells.columns());
@@ -55,7 +57,7 @@ public:
             if (statement.kind == TsqlStatement::Kind::fill_temporary_table)
                 fill_temporary_table(connection_, statement);
             else
-                start(statement).finish();
+                start(statement, statement.text).finish();
         }
     }
 
@@ -69,7 +71,8 @@ public:
         const SqliteTurns::OfRun turn(turns_);
         connection_.require();
         control("BEGIN");
-        if (control("SELECT 1 FROM sqlite_master LIMIT 1")) return;
+        one_state_ = control("SELECT 1 FROM sqlite_master LIMIT 1");
+        if (one_state_) return;
         const int code = sqlite3_extended_errcode(connection_.handle());
         const std::string message = sqlite3_errmsg(connection_.handle());
         control("ROLLBACK");
@@ -77,6 +80,8 @@ public:
     }
     void end_lookups() noexcept override {
         const SqliteTurns::OfRun turn(turns_);
+        one_state_ = false;
+        first_rows_.clear();
         control("COMMIT");
     }
 
@@ -90,8 +95,22 @@ private:
         return sqlite3_exec(connection_.handle(), statement, nullptr, nullptr, nullptr) == SQLITE_OK;
     }
 
-    SqliteRun start(const TsqlStatement& statement) {
-        sqlite3_stmt* const prepared = statements_.find_or_prepare(statement.text, statement.source);
+    Value first_behind(const TsqlStatement& query) {
+        if (const Value* const known = first_rows_.find(query)) return *known;
+        SqliteRun run = start(query, query.text_with_place);
+        if (!run.next_row()) {
+            first_rows_.remember_none(query);
+            return {};
+        }
+        const SqliteCells cells(run.statement());
+        Value value = cells.read(0).value();
+        first_rows_.remember(query, value, cells.text(1));
+        return value;
+    }
+
+    /// text: that of the statement, or the one with the place.
+    SqliteRun start(const TsqlStatement& statement, const std::string& text) {
+        sqlite3_stmt* const prepared = statements_.find_or_prepare(text, statement.source);
         return {connection_, prepared, statement.parameters, statement.source};
     }
 
@@ -99,6 +118,8 @@ private:
     SqliteTurns turns_;
     TsqlTranslations translations_;
     SqliteStatements statements_{connection_};
+    SqliteFirstRows first_rows_;
+    bool one_state_ = false;  // between begin_lookups and end_lookups
     const SqliteReading reading_;
 };
 

@@ -34,6 +34,11 @@ struct TsqlStatement {
     std::vector<TsqlLiteral> literals;      ///< that the parameters were
     std::string temporary_table;            ///< the name with its #
     std::string_view source;                ///< the statement as written; points into the translated text
+
+    // Of a query whose answer other bounds share (see tsql_first_behind.h), known to TsqlTranslations only:
+    std::string
+        text_with_place;    ///< `text` with a second column, the place of the answer; empty: no such query
+    std::size_t bound = 0;  ///< index of the parameter
 };
 
 /// Translates a batch of T-SQL statements, with or without semicolons between them, for SQLite. A pure

@@ -4,7 +4,27 @@
 #include <optional>
 #include <utility>
 
+#include "platform/portable/tsql/tsql_first_behind.h"
+
 namespace prot {
+
+namespace {
+
+std::size_t parameter_at(const TsqlStatement& statement, std::size_t offset) {
+    const auto literal = std::ranges::find(statement.literals, offset, &TsqlLiteral::offset);
+    return static_cast<std::size_t>(literal - statement.literals.begin());
+}
+
+TsqlStatement with_place(std::string_view sql) {
+    TsqlStatement statement = translate_query(sql);
+    if (const std::optional<TsqlFirstBehind> query = find_first_behind(sql)) {
+        statement.text_with_place = translate_query(query->with_place).text;
+        statement.bound = parameter_at(statement, query->bound);
+    }
+    return statement;
+}
+
+}  // namespace
 
 const TsqlStatement& TsqlTranslations::of_query(std::string_view sql) {
     if (!take_shape(sql, shape_)) return other_ = translate_query(sql);
@@ -15,7 +35,7 @@ const TsqlStatement& TsqlTranslations::of_query(std::string_view sql) {
 
 const TsqlStatement& TsqlTranslations::translate(std::string_view sql) {
     Translation fresh;
-    fresh.statement = translate_query(sql);
+    fresh.statement = with_place(sql);
     const std::string_view source = fresh.statement.source;
     fresh.places = places(sql, fresh.statement);
     fresh.before = static_cast<std::size_t>(source.data() - sql.data());
@@ -29,13 +49,13 @@ std::vector<TsqlTranslations::Place> TsqlTranslations::places(std::string_view s
     std::vector<Place> result;
     for (const std::string_view literal : shape_.literals) {
         const auto offset = static_cast<std::size_t>(literal.data() - sql.data());
-        const auto parameter = std::ranges::find(statement.literals, offset, &TsqlLiteral::offset);
+        const std::size_t parameter = parameter_at(statement, offset);
         Place& place = result.emplace_back();
-        if (parameter == statement.literals.end()) {
+        if (parameter == statement.literals.size()) {
             place.text = literal;
         } else {
-            place.parameter = static_cast<std::size_t>(parameter - statement.literals.begin());
-            place.negative = parameter->negative;
+            place.parameter = parameter;
+            place.negative = statement.literals[parameter].negative;
         }
     }
     return result;
