@@ -193,7 +193,7 @@ std::span<const FiscalYear> ClientBook::years_of(const Client& client) const {
     return std::span(years_).subspan(client.first_year, client.year_count);
 }
 
-void ClientBook::write(SampleFile& file) const {
+void ClientBook::write(SqliteFile& file) const {
     file.execute(tables);
     write_clients(file);
     write_years(file);
@@ -201,11 +201,12 @@ void ClientBook::write(SampleFile& file) const {
 }
 
 /// Some clients have a second entry in the client register, from another day on.
-void ClientBook::write_clients(SampleFile& file) const {
-    Insert person(file, "INSERT INTO Person_v4 (Ps_Id, Ps_Nr, Ps_KurzName, Ps_Name) VALUES (?, ?, ?, ?)");
-    Insert personal_data(file, "INSERT INTO Personalie VALUES (?, ?, ?)");
-    Insert entry(file, "INSERT INTO Mandant_Zeit (Pl_Id, MaZt_Kanzlei, MaZt_Von) VALUES (?, ?, ?)");
-    Insert dossier(file, "INSERT INTO Akten VALUES (?, ?, ?)");
+void ClientBook::write_clients(SqliteFile& file) const {
+    SqliteInsert person(file,
+                        "INSERT INTO Person_v4 (Ps_Id, Ps_Nr, Ps_KurzName, Ps_Name) VALUES (?, ?, ?, ?)");
+    SqliteInsert personal_data(file, "INSERT INTO Personalie VALUES (?, ?, ?)");
+    SqliteInsert entry(file, "INSERT INTO Mandant_Zeit (Pl_Id, MaZt_Kanzlei, MaZt_Von) VALUES (?, ?, ?)");
+    SqliteInsert dossier(file, "INSERT INTO Akten VALUES (?, ?, ?)");
     for (std::size_t index = 0; index < clients_.size(); ++index) {
         const Client& client = clients_[index];
         const std::int32_t personal_id = client.id + personal_data_offset;
@@ -219,11 +220,11 @@ void ClientBook::write_clients(SampleFile& file) const {
     }
 }
 
-void ClientBook::write_years(SampleFile& file) const {
-    Insert period(file, "INSERT INTO Zeitraum VALUES (?, ?, ?)");
+void ClientBook::write_years(SqliteFile& file) const {
+    SqliteInsert period(file, "INSERT INTO Zeitraum VALUES (?, ?, ?)");
     for (std::size_t index = 0; index < std::size(all_periods); ++index)
         period.row(index + 1, iso_text(all_periods[index].first), iso_text(all_periods[index].last));
-    Insert fiscal_year(file, "INSERT INTO Person_Wirtschaftsjahr VALUES (?, ?, ?, ?, ?)");
+    SqliteInsert fiscal_year(file, "INSERT INTO Person_Wirtschaftsjahr VALUES (?, ?, ?, ?, ?)");
     for (const FiscalYear& each : years_)
         fiscal_year.row(each.id, each.client_id, each.period + 1, static_cast<int>(each.type),
                         each.designation);

@@ -9,7 +9,7 @@
 
 #include "apps/protcsv/sample/sample_client_names.h"
 #include "apps/protcsv/sample/sample_records.h"
-#include "apps/protcsv/sample/sample_sqlite.h"
+#include "platform/portable/sqlite/sqlite_file.h"
 
 /// The clients and offices of a sample database and their fiscal years.
 namespace prot::sample {
@@ -59,13 +59,13 @@ public:
     static std::span<const Period> periods();
 
     /// Creates the tables and writes all of them.
-    void write(SampleFile& file) const;
+    void write(SqliteFile& file) const;
 
 private:
     void add(Client client, Years years);
     void add_any(std::int32_t number, Random& random);
-    void write_clients(SampleFile& file) const;
-    void write_years(SampleFile& file) const;
+    void write_clients(SqliteFile& file) const;
+    void write_years(SqliteFile& file) const;
 
     std::vector<Client> clients_;
     std::vector<FiscalYear> years_;

@@ -37,7 +37,7 @@ public:
           side_(side),
           captions_(partner_captions(side)) {}
 
-    void write_master_data(SampleFile& file) const override { write_partners(file, side_, desk()); }
+    void write_master_data(SqliteFile& file) const override { write_partners(file, side_, desk()); }
     std::span<const Caption> captions() const override { return captions_; }
 
 private:

@@ -11,7 +11,6 @@
 namespace prot {
 namespace {
 
-using sample::SampleFile;
 
 constexpr std::uint64_t first_moments_stream = 1000;
 
@@ -61,7 +60,7 @@ Part* next_part(std::vector<Part>& parts) {
     return earliest;
 }
 
-void write_log(SampleFile& file, std::vector<Part>& parts) {
+void write_log(SqliteFile& file, std::vector<Part>& parts) {
     sample::LogWriter log(file);
     while (Part* const part = next_part(parts)) {
         log.add(part->section->log_change(part->next));
@@ -82,7 +81,7 @@ constexpr std::streamoff sample_mark_place = 68;
 
 void write_sample_database(const std::string& path, const SampleOptions& options) {
     const std::int64_t rows = options.rows.value_or(usual_rows(options));
-    SampleFile file(path);
+    SqliteFile file(path, "Die Beispieldatenbank");
     // A file that is not complete is worth nothing, so nothing is spent on getting back to an earlier state.
     file.execute(
         "PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE; BEGIN;"

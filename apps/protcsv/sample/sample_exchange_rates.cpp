@@ -155,11 +155,11 @@ class ExchangeRates : public StorySection<RateDesk> {
 public:
     ExchangeRates(Random random, std::int64_t rows) : StorySection({random, rows}, plot) {}
 
-    void write_master_data(SampleFile& file) const override;
+    void write_master_data(SqliteFile& file) const override;
     std::span<const Caption> captions() const override { return all_captions; }
 };
 
-void write_rate(Insert& insert, const Rate& rate) {
+void write_rate(SqliteInsert& insert, const Rate& rate) {
     insert.row(rate.id, rate.currency_id, iso_text(rate.valid_from),
                static_cast<double>(rate.quote.bid) / 1e4, static_cast<double>(foreign_bid(rate.quote)) / 1e6,
                static_cast<double>(rate.quote.ask) / 1e4, static_cast<double>(foreign_ask(rate.quote)) / 1e6,
@@ -167,15 +167,15 @@ void write_rate(Insert& insert, const Rate& rate) {
                iso_text(rate.changed), rate.employee);
 }
 
-void ExchangeRates::write_master_data(SampleFile& file) const {
+void ExchangeRates::write_master_data(SqliteFile& file) const {
     file.execute(tables);
-    Insert currencies(file, "INSERT INTO tDevisenWaehr VALUES (?, ?, ?, ?)");
+    SqliteInsert currencies(file, "INSERT INTO tDevisenWaehr VALUES (?, ?, ?, ?)");
     for (const Currency& currency : desk().currencies()) {
         currencies.row(currency.id, currency.code, currency.name, currency.decimals);
     }
-    Insert rates(file,
-                 "INSERT INTO TDEVISENKURS VALUES (?, ?, ?, ?, ?, ?, ?,"
-                 " NULLIF(?, 0), NULLIF(?, ''), NULLIF(?, ''), NULLIF(?, ''), ?, ?, ?)");
+    SqliteInsert rates(file,
+                       "INSERT INTO TDEVISENKURS VALUES (?, ?, ?, ?, ?, ?, ?,"
+                       " NULLIF(?, 0), NULLIF(?, ''), NULLIF(?, ''), NULLIF(?, ''), ?, ?, ?)");
     for (const Rate& rate : desk().rates()) write_rate(rates, rate);
 }
 

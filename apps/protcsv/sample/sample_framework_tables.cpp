@@ -52,7 +52,7 @@ std::optional<std::string> stored(const ColumnValue& value) {
 template <class Record>
 class Filler {
 public:
-    explicit Filler(SampleFile& file)
+    explicit Filler(SqliteFile& file)
         : insert_((file.execute(create_table<Record>()), file),
                   insert_into(table_of<Record>().name, table_of<Record>().log.fields.size())) {}
 
@@ -64,13 +64,13 @@ public:
     }
 
 private:
-    Insert insert_;
+    SqliteInsert insert_;
     std::vector<std::optional<std::string>> values_;
 };
 
 template <class... Records>
 struct Fillers {
-    explicit Fillers(SampleFile& file) : each(Filler<Records>(file)...) {}
+    explicit Fillers(SqliteFile& file) : each(Filler<Records>(file)...) {}
 
     template <class Record>
     void write(const Record& record) {
@@ -100,7 +100,7 @@ using OfLoggedRecords = OfRecords<Framework, Density, ReportKind, ReportColumn, 
 
 }  // namespace
 
-void write_frameworks(SampleFile& file, const FrameworkDesk& desk) {
+void write_frameworks(SqliteFile& file, const FrameworkDesk& desk) {
     Filler<Chart> chart_filler(file);
     for (const Chart& chart : charts()) chart_filler.write(chart);
     OfLoggedRecords<Fillers> fillers(file);

@@ -82,7 +82,7 @@ LogRow logged_as(LogRow row, std::string_view column, std::string_view old_value
     return row;
 }
 
-LogWriter::LogWriter(SampleFile& file)
+LogWriter::LogWriter(SqliteFile& file)
     : file_(file),
       insert_(
           file,

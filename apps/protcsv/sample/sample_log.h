@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "apps/protcsv/sample/sample_people.h"
-#include "apps/protcsv/sample/sample_sqlite.h"
+#include "platform/portable/sqlite/sqlite_file.h"
 
 /// The change log of a sample database: its documents, its rows and how they are written.
 namespace prot::sample {
@@ -71,16 +71,16 @@ LogRow logged_as(LogRow row, std::string_view column, std::string_view old_value
 /// when one client commits later than another, so that the ids do not always follow the moments.
 class LogWriter {
 public:
-    explicit LogWriter(SampleFile& file);
+    explicit LogWriter(SqliteFile& file);
     void add(LogRow row);
     void finish();  ///< after the last row
 
 private:
     void write(const LogRow& row);
 
-    SampleFile& file_;
-    Insert insert_;
-    Insert insert_memo_;
+    SqliteFile& file_;
+    SqliteInsert insert_;
+    SqliteInsert insert_memo_;
     std::optional<LogRow> late_;
     std::int64_t added_ = 0;
 };

@@ -84,11 +84,11 @@ public:
         : StorySection({random, rows, clients},
                        {.story = item_story(), .everyday = everyday, .programs = programs}) {}
 
-    void write_master_data(SampleFile& file) const override;
+    void write_master_data(SqliteFile& file) const override;
     std::span<const Caption> captions() const override { return all_captions; }
 };
 
-void write_item(Insert& insert, const Item& item) {
+void write_item(SqliteInsert& insert, const Item& item) {
     insert.row(item.id, item.year_id, booking_id(item), batch_id(item), item.account, document_number(item),
                iso_text(item.document_date), item.due == Day() ? std::string() : iso_text(item.due),
                item.kind, static_cast<double>(item.amount) / 100, item.discount / 100.0, item.dunning_block,
@@ -96,13 +96,14 @@ void write_item(Insert& insert, const Item& item) {
                iso_text(item.changed), item.employee);
 }
 
-void OpenItems::write_master_data(SampleFile& file) const {
+void OpenItems::write_master_data(SqliteFile& file) const {
     desk().clients().write(file);
     file.execute(table);
-    Insert items(file,
-                 "INSERT INTO OFFENER_POSTEN VALUES (?, ?, ?, ?, ?, NULLIF(?, ''), ?, NULLIF(?, ''), ?, ?,"
-                 " NULLIF(?, 0), ?, NULLIF(?, 0), NULLIF(?, ''), NULLIF(?, ''), NULLIF(?, ''),"
-                 " NULLIF(?, 0), ?, NULLIF(?, 0))");
+    SqliteInsert items(
+        file,
+        "INSERT INTO OFFENER_POSTEN VALUES (?, ?, ?, ?, ?, NULLIF(?, ''), ?, NULLIF(?, ''), ?, ?,"
+        " NULLIF(?, 0), ?, NULLIF(?, 0), NULLIF(?, ''), NULLIF(?, ''), NULLIF(?, ''),"
+        " NULLIF(?, 0), ?, NULLIF(?, 0))");
     for (const Item& item : desk().items()) write_item(items, item);
     file.execute(indexes);
 }

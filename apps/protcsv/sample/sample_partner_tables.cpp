@@ -126,7 +126,7 @@ std::optional<std::int32_t> or_null(std::int32_t number) {
 /// Writes dossiers, each with all that belongs to it.
 class DossierWriter {
 public:
-    DossierWriter(SampleFile& file, Side side)
+    DossierWriter(SqliteFile& file, Side side)
         : partner_(file, insert_into(of_side(partner_table, side), partner_columns().size())),
           purpose_(file, insert_into(of_side(purpose_link_table, side), 2)),
           person_(file,
@@ -180,12 +180,12 @@ private:
         extra_.row(extra.id, extra.account_id, or_null(extra.note), or_null(extra.mandate), or_null(day));
     }
 
-    Insert partner_, purpose_, person_, personal_data_, address_, address_link_, account_, account_link_,
-        extra_;
+    SqliteInsert partner_, purpose_, person_, personal_data_, address_, address_link_, account_,
+        account_link_, extra_;
 };
 
-void write_terms(SampleFile& file, const PartnerLists& lists) {
-    Insert insert(file, insert_into("TKULIEFKOND", 11));
+void write_terms(SqliteFile& file, const PartnerLists& lists) {
+    SqliteInsert insert(file, insert_into("TKULIEFKOND", 11));
     for (const Terms& row : lists.terms)
         if (row.exists)
             insert.row(row.id, row.name, row.due_days, or_null(row.days1), hundredths_or_null(row.rate1),
@@ -193,13 +193,13 @@ void write_terms(SampleFile& file, const PartnerLists& lists) {
                        iso_text(row.changed));
 }
 
-void write_lists(SampleFile& file, const PartnerLists& lists) {
+void write_lists(SqliteFile& file, const PartnerLists& lists) {
     for (std::size_t list = 0; list < list_tables.size(); ++list) {
-        Insert insert(file, insert_into(list_tables[list], 2));
+        SqliteInsert insert(file, insert_into(list_tables[list], 2));
         for (const ListEntry& row : lists.entries[list])
             if (row.exists) insert.row(row.id, row.name);
     }
-    Insert insert(file, insert_into("TBANK", 3));
+    SqliteInsert insert(file, insert_into("TBANK", 3));
     for (const Bank& row : lists.banks)
         if (row.exists) insert.row(row.id, or_null(row.code), row.name);
 }
@@ -252,7 +252,7 @@ constexpr Caption shared_captions[] = {
 
 }  // namespace
 
-void write_partners(SampleFile& file, Side side, const PartnerDesk& desk) {
+void write_partners(SqliteFile& file, Side side, const PartnerDesk& desk) {
     file.execute(shared_tables);
     file.execute(create_partner_table(side) + create_purpose_link_table(side));
     DossierWriter writer(file, side);

@@ -35,7 +35,7 @@ public:
               {.story = framework_story(), .everyday = everyday, .programs = programs, .in_turn = true}),
           captions_(framework_captions()) {}
 
-    void write_master_data(SampleFile& file) const override { write_frameworks(file, desk()); }
+    void write_master_data(SqliteFile& file) const override { write_frameworks(file, desk()); }
     std::span<const Caption> captions() const override { return captions_; }
 
 private:

@@ -24,7 +24,7 @@ public:
     virtual bool goes_on() const { return false; }
 
     /// Creates the section's own tables, and those it shares when they are not there; writes its records.
-    virtual void write_master_data(SampleFile& file) const = 0;
+    virtual void write_master_data(SqliteFile& file) const = 0;
 
     virtual std::span<const Caption> captions() const = 0;
 };

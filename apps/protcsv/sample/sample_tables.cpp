@@ -61,27 +61,28 @@ constexpr int log_sections[] = {1, 2, 3, 6, 7, 8, 9, 10, 12, 15, 18};
 
 }  // namespace
 
-void create_log_tables(SampleFile& file) {
+void create_log_tables(SqliteFile& file) {
     file.execute(log_tables);
-    Insert insert(file, "INSERT INTO tSysQuvoLogSections (IDSysQuvoLogSections, dcLogTable) VALUES (?, ?)");
+    SqliteInsert insert(file,
+                        "INSERT INTO tSysQuvoLogSections (IDSysQuvoLogSections, dcLogTable) VALUES (?, ?)");
     for (const int section : log_sections) insert.row(section, std::string_view("tProtokoll"));
 }
 
-void write_captions(SampleFile& file, std::span<const Caption> captions) {
-    Insert insert_table(file,
-                        "INSERT INTO tSysQuvoTables (dcTableName) SELECT ?1"
-                        " WHERE NOT EXISTS (SELECT * FROM tSysQuvoTables WHERE dcTableName = ?1)");
-    Insert insert_column(file,
-                         "INSERT INTO tSysQuvoColumns (flTable, dcColumnName, dmDescription)"
-                         " SELECT IDSysQuvoTables, ?2, ?3 FROM tSysQuvoTables WHERE dcTableName = ?1"
-                         " AND NOT EXISTS (SELECT * FROM tSysQuvoColumns"
-                         " WHERE flTable = IDSysQuvoTables AND dcColumnName = ?2)");
+void write_captions(SqliteFile& file, std::span<const Caption> captions) {
+    SqliteInsert insert_table(file,
+                              "INSERT INTO tSysQuvoTables (dcTableName) SELECT ?1"
+                              " WHERE NOT EXISTS (SELECT * FROM tSysQuvoTables WHERE dcTableName = ?1)");
+    SqliteInsert insert_column(file,
+                               "INSERT INTO tSysQuvoColumns (flTable, dcColumnName, dmDescription)"
+                               " SELECT IDSysQuvoTables, ?2, ?3 FROM tSysQuvoTables WHERE dcTableName = ?1"
+                               " AND NOT EXISTS (SELECT * FROM tSysQuvoColumns"
+                               " WHERE flTable = IDSysQuvoTables AND dcColumnName = ?2)");
     for (const Caption& caption : captions) {
         insert_table.row(caption.table);
         insert_column.row(caption.table, caption.column, caption.text);
     }
 }
 
-void create_log_indexes(SampleFile& file) { file.execute(log_indexes); }
+void create_log_indexes(SqliteFile& file) { file.execute(log_indexes); }
 
 }  // namespace prot::sample

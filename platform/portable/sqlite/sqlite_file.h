@@ -12,14 +12,14 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-namespace prot::sample {
+namespace prot {
 
 /// A SQLite file that is being written. Every failure is an AutomationError, number 0x80040000 + SQLite's
 /// extended result code, with the path in its one German line.
-class SampleFile {
+class SqliteFile {
 public:
-    /// Creates the file when it does not exist.
-    explicit SampleFile(const std::string& path);
+    /// Creates the file when it does not exist. what: "Die Beispieldatenbank", how an error calls it.
+    SqliteFile(const std::string& path, std::string_view what);
 
     /// Runs statements that return nothing of interest, separated by semicolons.
     void execute(const std::string& sql);
@@ -30,13 +30,13 @@ public:
     void close();
 
 private:
-    friend class Insert;
+    friend class SqliteInsert;
     [[noreturn]] void fail() const;
 
     struct Closer {
         void operator()(sqlite3* connection) const noexcept;
     };
-    std::string path_;
+    std::string path_, what_;
     std::unique_ptr<sqlite3, Closer> connection_;
 };
 
@@ -44,9 +44,9 @@ private:
 std::string insert_into(std::string_view table, std::size_t columns);
 
 /// A prepared INSERT. Must not outlive its file.
-class Insert {
+class SqliteInsert {
 public:
-    Insert(SampleFile& file, std::string_view sql);
+    SqliteInsert(SqliteFile& file, std::string_view sql);
 
     /// Inserts one row; values in the order of the statement's parameters. Texts are UTF-8, an empty optional
     /// is NULL.
@@ -82,8 +82,8 @@ private:
     struct Finalizer {
         void operator()(sqlite3_stmt* statement) const noexcept;
     };
-    SampleFile& file_;
+    SqliteFile& file_;
     std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
 };
 
-}  // namespace prot::sample
+}  // namespace prot

@@ -1,12 +1,12 @@
-#include "apps/protcsv/sample/sample_sqlite.h"
+#include "platform/portable/sqlite/sqlite_file.h"
 
 #include <sqlite3.h>
 
 #include "platform/portable/sqlite/sqlite_problem.h"
 
-namespace prot::sample {
+namespace prot {
 
-SampleFile::SampleFile(const std::string& path) : path_(path) {
+SqliteFile::SqliteFile(const std::string& path, std::string_view what) : path_(path), what_(what) {
     sqlite3* connection = nullptr;
     const int code =
         sqlite3_open_v2(path.c_str(), &connection, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
@@ -15,29 +15,28 @@ SampleFile::SampleFile(const std::string& path) : path_(path) {
     sqlite3_extended_result_codes(connection, 1);
 }
 
-void SampleFile::execute(const std::string& sql) {
+void SqliteFile::execute(const std::string& sql) {
     if (sqlite3_exec(connection_.get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) fail();
 }
 
-std::int64_t SampleFile::last_key() const { return sqlite3_last_insert_rowid(connection_.get()); }
+std::int64_t SqliteFile::last_key() const { return sqlite3_last_insert_rowid(connection_.get()); }
 
-void SampleFile::close() {
+void SqliteFile::close() {
     if (sqlite3_close(connection_.get()) != SQLITE_OK) fail();
     static_cast<void>(connection_.release());
 }
 
-void SampleFile::fail() const {
+void SqliteFile::fail() const {
     sqlite3* connection = connection_.get();
     const int code = connection == nullptr ? SQLITE_NOMEM : sqlite3_extended_errcode(connection);
     std::string reason(sqlite_problem_text(code, SqliteTask::creation));
     if (reason.empty())
         reason =
             reported_by_sqlite(connection == nullptr ? sqlite3_errstr(code) : sqlite3_errmsg(connection));
-    throw sqlite_error(
-        code, "Die Beispieldatenbank „" + path_ + "“ kann nicht geschrieben werden: " + reason + ".");
+    throw sqlite_error(code, what_ + " „" + path_ + "“ kann nicht geschrieben werden: " + reason + ".");
 }
 
-void SampleFile::Closer::operator()(sqlite3* connection) const noexcept { sqlite3_close_v2(connection); }
+void SqliteFile::Closer::operator()(sqlite3* connection) const noexcept { sqlite3_close_v2(connection); }
 
 std::string insert_into(std::string_view table, std::size_t columns) {
     std::string sql = "INSERT INTO ";
@@ -46,7 +45,7 @@ std::string insert_into(std::string_view table, std::size_t columns) {
     return sql + ")";
 }
 
-Insert::Insert(SampleFile& file, std::string_view sql) : file_(file) {
+SqliteInsert::SqliteInsert(SqliteFile& file, std::string_view sql) : file_(file) {
     sqlite3_stmt* statement = nullptr;
     const int code = sqlite3_prepare_v3(file.connection_.get(), sql.data(), static_cast<int>(sql.size()),
                                         SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
@@ -54,31 +53,33 @@ Insert::Insert(SampleFile& file, std::string_view sql) : file_(file) {
     if (code != SQLITE_OK) file.fail();
 }
 
-void Insert::row_of_texts(std::span<const std::optional<std::string>> values) {
+void SqliteInsert::row_of_texts(std::span<const std::optional<std::string>> values) {
     int index = 0;
     for (const std::optional<std::string>& value : values) bind(++index, value);
     step();
 }
 
-void Insert::bind(int index, std::nullopt_t) { sqlite3_bind_null(statement_.get(), index); }
+void SqliteInsert::bind(int index, std::nullopt_t) { sqlite3_bind_null(statement_.get(), index); }
 
 // The caller's text outlives the step that follows, so SQLite needs no copy of its own.
-void Insert::bind(int index, std::string_view text) {
+void SqliteInsert::bind(int index, std::string_view text) {
     sqlite3_bind_text(statement_.get(), index, text.data() == nullptr ? "" : text.data(),
                       static_cast<int>(text.size()), SQLITE_STATIC);
 }
 
-void Insert::bind(int index, double number) { sqlite3_bind_double(statement_.get(), index, number); }
+void SqliteInsert::bind(int index, double number) { sqlite3_bind_double(statement_.get(), index, number); }
 
-void Insert::bind_integer(int index, std::int64_t number) {
+void SqliteInsert::bind_integer(int index, std::int64_t number) {
     sqlite3_bind_int64(statement_.get(), index, number);
 }
 
-void Insert::step() {
+void SqliteInsert::step() {
     if (sqlite3_step(statement_.get()) != SQLITE_DONE) file_.fail();
     sqlite3_reset(statement_.get());
 }
 
-void Insert::Finalizer::operator()(sqlite3_stmt* statement) const noexcept { sqlite3_finalize(statement); }
+void SqliteInsert::Finalizer::operator()(sqlite3_stmt* statement) const noexcept {
+    sqlite3_finalize(statement);
+}
 
-}  // namespace prot::sample
+}  // namespace prot
