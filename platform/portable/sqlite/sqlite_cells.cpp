@@ -35,8 +35,9 @@ bool is_date_type(const char* declared_type) {
                                [type](std::string_view date_type) { return upper_equals(type, date_type); });
 }
 
-SqliteCells::SqliteCells(sqlite3_stmt* statement)
+SqliteCells::SqliteCells(sqlite3_stmt* statement, Dates dates)
     : statement_(statement), is_date_(static_cast<std::size_t>(sqlite3_column_count(statement))) {
+    if (dates == Dates::as_stored) return;
     for (std::size_t column = 0; column < is_date_.size(); ++column)
         is_date_[column] = is_date_type(sqlite3_column_decltype(statement, static_cast<int>(column))) ? 1 : 0;
 }

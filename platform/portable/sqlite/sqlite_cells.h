@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cstdint>
 #include <vector>
 
 #include "platform/row_set.h"
@@ -15,8 +16,10 @@ bool is_date_type(const char* declared_type);
 /// Reads the current row of a statement.
 class SqliteCells {
 public:
+    enum class Dates : std::uint8_t { as_dates, as_stored };
+
     /// To be made when the first row is there: only then SQLite has settled what the columns are.
-    explicit SqliteCells(sqlite3_stmt* statement);
+    explicit SqliteCells(sqlite3_stmt* statement, Dates dates = Dates::as_dates);
 
     std::size_t columns() const { return is_date_.size(); }
 

@@ -16,7 +16,7 @@ namespace prot {
 
 namespace {
 
-class SqliteDatabase : public Database {
+class SqliteDatabase : public HostDatabase {
 public:
     SqliteDatabase(const std::string& path, SqliteAccess access, SqliteReading reading)
         : connection_(path, access), reading_(reading) {}
@@ -73,10 +73,9 @@ public:
         control("BEGIN");
         one_state_ = control("SELECT 1 FROM sqlite_master LIMIT 1");
         if (one_state_) return;
-        const int code = sqlite3_extended_errcode(connection_.handle());
-        const std::string message = sqlite3_errmsg(connection_.handle());
+        const AutomationError error = last_error();
         control("ROLLBACK");
-        throw sqlite_error(code, describe_sqlite_problem(code, message));
+        throw error;
     }
     void end_lookups() noexcept override {
         const SqliteTurns::OfRun turn(turns_);
@@ -90,7 +89,50 @@ public:
         connection_.require();
     }
 
+    StoredRows query_stored(std::string_view sql) override {
+        const SqliteTurns::OfRun turn(turns_);
+        connection_.require();
+        const TsqlStatement& query = translations_.of_query(sql);
+        SqliteRun run = start(query, query.text);
+        StoredRows result;
+        const int columns = sqlite3_column_count(run.statement());
+        for (int column = 0; column < columns; ++column)
+            result.columns.emplace_back(sqlite3_column_name(run.statement(), column));
+        result.rows = RowSet(result.columns.size());
+        while (run.next_row())
+            SqliteCells(run.statement(), SqliteCells::Dates::as_stored).append_row(result.rows);
+        return result;
+    }
+
+    std::int64_t deleted_rows() override { return sqlite3_changes64(connection_.handle()); }
+
+    void begin_transaction() override {
+        const SqliteTurns::OfRun turn(turns_);
+        connection_.require();
+        if (!control("BEGIN IMMEDIATE")) throw last_error();
+    }
+
+    // What SQLite cannot commit is still open, and is undone here, or SQLite has undone it. An error behind
+    // the moment that decides (the folder cannot be flushed) looks like the second.
+    void commit() override {
+        const SqliteTurns::OfRun turn(turns_);
+        if (control("COMMIT")) return;
+        const AutomationError error = last_error();
+        if (control("ROLLBACK")) throw error;
+        throw UnknownOutcome(error.number(), error.source(), error.description());
+    }
+
+    void rollback() noexcept override {
+        const SqliteTurns::OfRun turn(turns_);
+        control("ROLLBACK");
+    }
+
 private:
+    AutomationError last_error() {
+        const int code = sqlite3_extended_errcode(connection_.handle());
+        return sqlite_error(code, describe_sqlite_problem(code, sqlite3_errmsg(connection_.handle())));
+    }
+
     bool control(const char* statement) noexcept {
         return sqlite3_exec(connection_.handle(), statement, nullptr, nullptr, nullptr) == SQLITE_OK;
     }
@@ -143,8 +185,8 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Database> open_sqlite_database(const std::string& path, SqliteAccess access,
-                                               SqliteReading reading) {
+std::unique_ptr<HostDatabase> open_sqlite_database(const std::string& path, SqliteAccess access,
+                                                   SqliteReading reading) {
     return std::make_unique<SqliteDatabase>(path, access, reading);
 }
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/connection_information.h"
-#include "platform/database.h"
+#include "platform/host_database.h"
 
 namespace prot {
 
@@ -19,8 +19,8 @@ enum class SqliteReading { on_demand, ahead };
 /// delivered as dates. A file that is missing, locked, no database, or that cannot be read at all is an error
 /// whose description is one German line; a missing file is never created. Error numbers: 0x80040000 +
 /// SQLite's extended result code.
-std::unique_ptr<Database> open_sqlite_database(const std::string& path, SqliteAccess access,
-                                               SqliteReading reading = SqliteReading::on_demand);
+std::unique_ptr<HostDatabase> open_sqlite_database(const std::string& path, SqliteAccess access,
+                                                   SqliteReading reading = SqliteReading::on_demand);
 
 /// The connection information of a SQLite file: ten texts, of which, for code 1206, the tenth is the file
 /// name without its folder and the others are empty.

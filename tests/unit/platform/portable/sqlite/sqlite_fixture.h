@@ -28,8 +28,8 @@ protected:
 
     void write_bytes(const std::string& bytes) const { write_file(text_path(path()), bytes); }
 
-    std::unique_ptr<Database> open(SqliteAccess access = SqliteAccess::read_only,
-                                   SqliteReading reading = SqliteReading::on_demand) const {
+    std::unique_ptr<HostDatabase> open(SqliteAccess access = SqliteAccess::read_only,
+                                       SqliteReading reading = SqliteReading::on_demand) const {
         return open_sqlite_database(path(), access, reading);
     }
 
