@@ -25,9 +25,14 @@ public:
     void gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon, Date dtBis,
                      std::int32_t lAktion, Value& vPara);
 
+    /// While gCSVAusgabe deletes: see SectionExporter::export_selection. The same arguments.
+    void export_selection(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon,
+                          Date dtBis, std::int32_t lAktion);
+
 private:
     Environment& environment_;
     SectionTable sections_;
+    SectionExporter* running_ = nullptr;
 };
 
 }  // namespace prot

@@ -89,6 +89,8 @@ std::string log_table(Database& oDBU, std::int32_t lSection) {
                          std::to_string(lSection)));
 }
 
+std::string log_id_column(std::string_view table) { return "id" + without_first_letter(table); }
+
 std::string gsMainSelect(Database& oDBU, std::int32_t lSection, std::int32_t lAktion, Date dtVon, Date dtBis,
                          std::string_view sUser, bool bLoeschen) try {
     const std::string table = log_table(oDBU, lSection);
@@ -96,7 +98,7 @@ std::string gsMainSelect(Database& oDBU, std::int32_t lSection, std::int32_t lAk
     if (bLoeschen) {
         sql = "DELETE " + table;
     } else {
-        sql = "SELECT id" + without_first_letter(table) +
+        sql = "SELECT " + log_id_column(table) +
               ", dcTable, dcWorkstation, dcUser, ddDatum, dlEvent, dmData, "
               "dcSystemUser, dcApplication, dlPrimaryKey1, dlSuchId1,  dlSuchId2,  dlSuchId3,  dlSuchId4"
               " FROM " +

@@ -28,6 +28,9 @@ std::unique_ptr<ChangeDocumentReader> create_change_document_reader(Environment&
 /// The log table of a section, such as tProtokoll; empty when the section is unknown.
 std::string log_table(Database& oDBU, std::int32_t lSection);
 
+/// The column of a log table that holds its ids: idProtokoll of tProtokoll.
+std::string log_id_column(std::string_view table);
+
 /// The head of the statement over a section's log table: a SELECT of the fourteen columns in LogColumn's
 /// order, or a DELETE, up to " WHERE " and conditions that each end in " AND ". The caller completes it with
 /// at least one condition. sUser is inserted as it is, empty for all users; dtVon, dtBis: 0 for open;

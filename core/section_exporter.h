@@ -23,6 +23,11 @@ public:
     /// open. lAktion: event mask, 1 created, 2 changed, 4 deleted. vPara: spare, passed through.
     virtual void gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon,
                              Date dtBis, std::int32_t lAktion, Value& vPara) = 0;
+
+    /// While gCSVAusgabe deletes: exports what it selects, by the same arguments, asking for no filter. For a
+    /// host that keeps what goes. An exporter that writes no file has nothing to do.
+    virtual void export_selection(Database& /*oDBU*/, std::int32_t /*lSection*/, const std::string& /*sUser*/,
+                                  Date /*dtVon*/, Date /*dtBis*/, std::int32_t /*lAktion*/) {}
 };
 
 }  // namespace prot

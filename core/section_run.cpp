@@ -1,5 +1,7 @@
 #include "core/section_run.h"
 
+#include <utility>
+
 #include "core/ProtQRBCsvBas.h"
 #include "core/ZQErrorHandling.h"
 
@@ -8,6 +10,7 @@ namespace prot {
 void SectionRun::gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon,
                              Date dtBis, std::int32_t lAktion, Value&) try {
     if (!get_filter(oDBU, lSection, filter_text_)) return;
+    environment_.notices.filter_accepted(filter_text_);
     const Names run_names = names();
     Run run{environment_, oDBU};
     if (poParent) poParent->gRefresh();
@@ -19,6 +22,19 @@ void SectionRun::gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::s
         gMainDelete(environment_, oDBU, lSection, sql);
     else
         export_rows(run, run_names, sql + " ORDER BY ddDatum");
+} catch (...) {
+    leave(owner_, "gCSVAusgabe");
+}
+
+void SectionRun::export_selection(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon,
+                                  Date dtBis, std::int32_t lAktion) try {
+    Run run{environment_, oDBU};
+    // A section may select more for a deletion than for an export.
+    const bool deletes = std::exchange(pbLoeschen, false);
+    std::string sql = gsMainSelect(oDBU, lSection, lAktion, dtVon, dtBis, sUser, false);
+    sql += msWHERE();
+    pbLoeschen = deletes;
+    export_rows(run, names(), sql + " ORDER BY ddDatum");
 } catch (...) {
     leave(owner_, "gCSVAusgabe");
 }

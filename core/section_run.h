@@ -22,6 +22,8 @@ public:
 
     void gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon, Date dtBis,
                      std::int32_t lAktion, Value& vPara) final;
+    void export_selection(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon, Date dtBis,
+                          std::int32_t lAktion) final;
 
 protected:
     /// What a run is called. A section may know it only when its filter is known.

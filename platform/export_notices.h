@@ -10,6 +10,9 @@ class ExportNotices {
 public:
     virtual ~ExportNotices() = default;
 
+    /// The run's filter, by a person or a batch text: what the first line of a file says of it.
+    virtual void filter_accepted(std::string_view /*text*/) {}
+
     /// A changed field had no caption, so it got no line. Called once per field and record.
     virtual void field_without_caption(std::string_view table, std::string_view column) = 0;
 

@@ -59,6 +59,26 @@ void SqliteInsert::row_of_texts(std::span<const std::optional<std::string>> valu
     step();
 }
 
+void SqliteInsert::row_of_cells(const RowSet& rows, std::size_t row) {
+    for (std::size_t column = 0; column < rows.columns(); ++column)
+        bind(static_cast<int>(column) + 1, rows.at(column, row));
+    step();
+}
+
+void SqliteInsert::bind(int index, const Cell& cell) {
+    switch (cell.type()) {
+        case Cell::Type::integer:
+            return bind_integer(index, cell.integer());
+        case Cell::Type::real:
+            return bind(index, cell.real());
+        case Cell::Type::text:
+            return bind(index, cell.text());
+        case Cell::Type::null:
+        case Cell::Type::date:
+            return bind(index, std::nullopt);
+    }
+}
+
 void SqliteInsert::bind(int index, std::nullopt_t) { sqlite3_bind_null(statement_.get(), index); }
 
 // The caller's text outlives the step that follows, so SQLite needs no copy of its own.

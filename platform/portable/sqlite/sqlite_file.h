@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/row_set.h"
+
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -60,9 +62,13 @@ public:
     /// The same for values that are all texts; what the columns' types take for a number becomes one.
     void row_of_texts(std::span<const std::optional<std::string>> values);
 
+    /// A row of a result that holds no dates.
+    void row_of_cells(const RowSet& rows, std::size_t row);
+
 private:
     void bind(int index, std::nullopt_t);
     void bind(int index, std::string_view text);
+    void bind(int index, const Cell& cell);
     void bind(int index, double number);
     void bind_integer(int index, std::int64_t number);
     template <std::integral Number>

@@ -1,0 +1,120 @@
+#include "apps/protcsv/deletion/archive_file.h"
+
+#include <utility>
+
+#include "platform/automation/text_parts.h"
+#include "platform/portable/sqlite/sqlite_database.h"
+
+namespace prot {
+
+namespace {
+
+constexpr std::string_view kind = "Das Archiv";
+
+// What the first letters of a column's name say of it. Only so much is declared that the file answers the
+// statements that the database answers: dates are known by it, and texts compare without letter case. Values
+// stay what they are.
+struct ColumnType {
+    std::string_view prefix, type;
+};
+constexpr ColumnType column_types[] = {
+    {"dd", "DATETIME"}, {"dc", "COLLATE NOCASE"}, {"dm", "COLLATE NOCASE"}};
+
+std::string quoted(std::string_view name) {
+    std::string text;
+    append_quoted(text, name, '"');
+    return text;
+}
+
+std::string column_definition(std::string_view name, bool is_key) {
+    std::string definition = quoted(name);
+    if (is_key) return definition + " INTEGER PRIMARY KEY";
+    for (const ColumnType& row : column_types)
+        if (name.starts_with(row.prefix)) return definition + ' ' + std::string(row.type);
+    return definition;
+}
+
+std::string table_definition(const std::string& table, const std::vector<std::string>& columns) {
+    std::string sql = "CREATE TABLE " + quoted(table) + " (";
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        sql += (i > 0 ? ", " : "") + column_definition(columns[i], i == 0);
+    return sql + ")";
+}
+
+bool same(const Cell& a, const Cell& b) {
+    if (a.type() != b.type()) return false;
+    switch (a.type()) {
+        case Cell::Type::integer:
+            return a.integer() == b.integer();
+        case Cell::Type::real:
+            return a.real() == b.real();
+        case Cell::Type::text:
+            return a.text() == b.text();
+        case Cell::Type::null:
+        case Cell::Type::date:
+            break;
+    }
+    return a.type() == Cell::Type::null;
+}
+
+bool same(const StoredRows& a, const StoredRows& b) {
+    if (a.columns != b.columns || a.rows.rows() != b.rows.rows()) return false;
+    for (std::size_t row = 0; row < a.rows.rows(); ++row)
+        for (std::size_t column = 0; column < a.columns.size(); ++column)
+            if (!same(a.rows.at(column, row), b.rows.at(column, row))) return false;
+    return true;
+}
+
+}  // namespace
+
+ArchiveFile::ArchiveFile(std::string path) : path_(std::move(path)), file_(path_, kind) {
+    // Of a file that is not complete nothing is kept.
+    file_.execute("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
+}
+
+ArchiveFile::~ArchiveFile() { tables_.clear(); }
+
+StoredRows ArchiveFile::copy(HostDatabase& source, const std::string& table, const std::string& condition,
+                             const std::string& key) {
+    const std::string sql = "SELECT * FROM " + table + " WHERE " + condition + " ORDER BY " + key;
+    StoredRows rows = source.query_stored(sql);
+    append(table_for(table, rows.columns), rows.rows);
+    if (!reader_) reader_ = open_sqlite_database(path_, SqliteAccess::read_only);
+    if (!same(rows, reader_->query_stored(sql))) fail();
+    return rows;
+}
+
+ArchiveFile::Table& ArchiveFile::table_for(const std::string& name, const std::vector<std::string>& columns) {
+    const auto [known, is_new] = tables_.try_emplace(name);
+    Table& table = known->second;
+    if (is_new) {
+        file_.execute(table_definition(name, columns));
+        table.insert = std::make_unique<SqliteInsert>(file_, insert_into(quoted(name), columns.size()));
+    }
+    return table;
+}
+
+void ArchiveFile::append(Table& table, const RowSet& rows) {
+    file_.execute("BEGIN");
+    for (std::size_t row = 0; row < rows.rows(); ++row) table.insert->row_of_cells(rows, row);
+    file_.execute("COMMIT");
+    table.rows += static_cast<std::int64_t>(rows.rows());
+}
+
+void ArchiveFile::close() {
+    reader_.reset();
+    for (auto& [name, table] : tables_) table.insert.reset();
+    file_.close();
+    const std::unique_ptr<HostDatabase> reader = open_sqlite_database(path_, SqliteAccess::read_only);
+    for (const auto& [name, table] : tables_)
+        if (reader->query_value("SELECT COUNT(*) FROM " + name) != Value(table.rows)) fail();
+}
+
+void ArchiveFile::fail() const {
+    throw AutomationError(ErrorNumber::file,
+                          "Das Archiv „" + path_ +
+                              "“ enthält nicht, was hineingeschrieben wurde; der Datenträger "
+                              "ist vermutlich schadhaft.");
+}
+
+}  // namespace prot
