@@ -86,6 +86,7 @@ inline constexpr int key_f1 = 112;
 struct Form {
     std::string caption{};
     std::string help_id{};      ///< topic that F1 shows
+    std::string notice{};       ///< stands above the fields, LF between lines; what the host has to say
     std::vector<Field> fields;  ///< in the order of the focus
     std::vector<Group> groups;  ///< in the order of the fields, none in another
     Button ok;                  ///< pressed by Enter

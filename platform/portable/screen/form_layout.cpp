@@ -107,6 +107,7 @@ public:
 
     FormLayout layout() {
         row_ = gap_;
+        place_notice();
         for (const Block& block : blocks_) {
             if (row_ > gap_) row_ += gap_;
             place_block(block);
@@ -121,6 +122,14 @@ public:
     }
 
 private:
+    void place_notice() {
+        if (form_.notice.empty()) return;
+        layout_.notice_at = {margin, row_};
+        layout_.notice = wrapped(form_.notice, width_);
+        for (const std::string& line : layout_.notice) widen(columns(line));
+        row_ += static_cast<int>(layout_.notice.size());
+    }
+
     void place_block(const Block& block) {
         const int inset = block.group ? frame_width : 0;
         const int top = row_;

@@ -27,8 +27,10 @@ struct FieldPlace {
 
 struct FormLayout {
     Size size{};
-    std::vector<FieldPlace> fields;  ///< one a field
-    std::vector<Place> frames;       ///< one a group; width 0: none of its fields is visible
+    std::vector<FieldPlace> fields;   ///< one a field
+    std::vector<Place> frames;        ///< one a group; width 0: none of its fields is visible
+    std::vector<std::string> notice;  ///< its lines, from `notice_at` downwards
+    Position notice_at{};
     Place ok{}, cancel{};
 };
 

@@ -67,6 +67,7 @@ Picture FormWindow::picture(Size screen) {
     picture.size = layout->size;
     picture.help_line = help_line();
     first_.resize(form_.fields.size());
+    draw_notice(picture, *layout);
     draw_frames(picture, *layout);
     for (std::size_t i = 0; i < form_.fields.size(); ++i)
         if (layout->fields[i].shown) draw_field(picture, i, layout->fields[i]);
@@ -87,6 +88,14 @@ std::string FormWindow::help_line() const {
         "   Eingabe " + without_access_key(form_.ok.text) + "   Esc " + without_access_key(form_.cancel.text);
     if (form_.key_down) keys += "   F1 Hilfe";
     return keys;
+}
+
+void FormWindow::draw_notice(Picture& picture, const FormLayout& layout) const {
+    Position at = layout.notice_at;
+    for (const std::string& line : layout.notice) {
+        picture.pieces.push_back({at, printable(line)});
+        ++at.row;
+    }
 }
 
 void FormWindow::draw_frames(Picture& picture, const FormLayout& layout) const {

@@ -21,6 +21,7 @@ public:
 
 private:
     std::string help_line() const;
+    void draw_notice(Picture& picture, const FormLayout& layout) const;
     void draw_frames(Picture& picture, const FormLayout& layout) const;
     void draw_label(Picture& picture, const Field& field, const FieldPlace& place) const;
     void draw_field(Picture& picture, std::size_t index, const FieldPlace& place);

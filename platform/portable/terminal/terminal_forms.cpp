@@ -96,6 +96,7 @@ void TerminalForms::show_modal(Form& form) {
 
 void TerminalForms::write_heading(const Form& form) {
     terminal_.write(form.caption + '\n');
+    if (!form.notice.empty()) terminal_.write(form.notice + '\n');
     if (terminal_.asks_person()) terminal_.write(hint);
 }
 

@@ -21,6 +21,7 @@ struct PartRule {
     DWORD style;
 };
 constexpr PartRule part_rules[] = {
+    {ControlPart::notice, L"STATIC", SS_LEFT | SS_NOPREFIX | WS_GROUP},
     {ControlPart::frame, L"BUTTON", BS_GROUPBOX | WS_GROUP},
     {ControlPart::label, L"STATIC", SS_LEFT | WS_GROUP},
     {ControlPart::field, L"COMBOBOX", CBS_DROPDOWNLIST | WS_VSCROLL | WS_TABSTOP | WS_GROUP},
@@ -36,6 +37,8 @@ const PartRule& rule_of(ControlPart part) { return *std::ranges::find(part_rules
 
 std::string text_of(const Form& form, const FormControl& control) {
     switch (control.part) {
+        case ControlPart::notice:
+            return form.notice;
         case ControlPart::frame:
             return literal_text(form.groups[control.index].caption);
         case ControlPart::label:

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/automation/text_parts.h"
+
 namespace prot {
 
 namespace {
@@ -52,6 +54,7 @@ public:
     FormLayout arrange(int least_width) {
         measure_columns(least_width);
         top_ = down(margin);
+        place_notice();
         for (std::size_t field = 0; field < form_.fields.size(); ++field) {
             if (const Group* group = group_that_begins(form_, field); group && any_visible(form_, *group))
                 begin_frame();
@@ -128,6 +131,7 @@ private:
             if (!field.label.empty())
                 labels_width_ = std::max(labels_width_, broken_width(field, across(longest_label_line)));
         }
+        if (!form_.notice.empty()) content = std::max(content, notice_width());
         for (const Group& group : form_.groups)
             content = std::max(content, measure_.width(group.caption) + across(frame_inset));
         const int gap = labels_width_ > 0 ? across(label_gap) : 0;
@@ -138,6 +142,22 @@ private:
         field_left_ = left_ + labels_width_ + gap;
         fields_width_ = content - labels_width_ - gap;
         layout_.width = content + 2 * left_;
+    }
+
+    /// A line that breaks is as wide as a text field may be.
+    int notice_width() const {
+        int widest = 0;
+        for (const std::string& line : split(form_.notice, '\n'))
+            widest = std::max(widest, measure_.width(line));
+        return std::min(widest, across(longest_text_line));
+    }
+
+    void place_notice() {
+        if (form_.notice.empty()) return;
+        const int left = across(margin), width = layout_.width - 2 * left;
+        const int height = measure_.height(form_.notice, width);
+        place({ControlPart::notice}, {left, top_, width, height});
+        top_ += height + down(row_gap);
     }
 
     void begin_frame() {
@@ -235,6 +255,7 @@ int into(int begin, int size, int area_begin, int area_size) {
 
 std::vector<FormControl> controls_of(const Form& form) {
     std::vector<FormControl> controls;
+    if (!form.notice.empty()) controls.push_back({ControlPart::notice});
     for (std::size_t i = 0; i < form.fields.size(); ++i) {
         const Field& field = form.fields[i];
         if (const Group* group = group_that_begins(form, i))

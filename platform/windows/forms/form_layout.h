@@ -33,6 +33,7 @@ public:
 };
 
 enum class ControlPart {
+    notice,       ///< above all fields
     frame,        ///< around a group
     label,        ///< before its field; all there is of a field that is a label
     field,        ///< list, text, or a picker's line to type in
@@ -50,13 +51,15 @@ struct FormControl {
     std::size_t entry = 0;  ///< option: of the field's entry
 
     bool belongs_to_field() const {
-        return part != ControlPart::frame && part != ControlPart::ok && part != ControlPart::cancel;
+        return part != ControlPart::notice && part != ControlPart::frame && part != ControlPart::ok &&
+               part != ControlPart::cancel;
     }
     bool operator==(const FormControl&) const = default;
 };
 
-/// All controls, also hidden ones: each frame before its fields, each label before its field, the parts of a
-/// picker from top to bottom, OK and Cancel last. A field without label has none, unless it is one.
+/// All controls, also hidden ones: the notice where there is one, each frame before its fields, each label
+/// before its field, the parts of a picker from top to bottom, OK and Cancel last. A field without label has
+/// none, unless it is one.
 std::vector<FormControl> controls_of(const Form& form);
 
 /// Whether the control is on view: its field is, or one field of its group.

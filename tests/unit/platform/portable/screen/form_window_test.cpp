@@ -54,6 +54,29 @@ TEST_F(FormWindowTest, ListsStandSideBySideInTheirFrame) {
                               ""}));
 }
 
+TEST_F(FormWindowTest, TheNoticeStandsAboveTheFields) {
+    add(FieldKind::list, "&von", 1);
+    form.notice = "Was hier gewählt wird, wird gelöscht.\nZeitraum: bis 31.12.2015";
+    EXPECT_EQ(shown(), (Lines{"",                                        //
+                              " Was hier gewählt wird, wird gelöscht.",  //
+                              " Zeitraum: bis 31.12.2015",               //
+                              "",                                        //
+                              " von",                                    //
+                              " • E0",                                   //
+                              "",                                        //
+                              "        < OK >   < Abbrechen >",          //
+                              ""}));
+}
+
+TEST_F(FormWindowTest, ANoticeThatIsTooWideBreaks) {
+    add(FieldKind::list, "&von", 1);
+    form.notice = std::string(60, 'a') + " " + std::string(60, 'b');
+    const Lines lines = shown();
+    EXPECT_EQ(lines[1], " " + std::string(60, 'a'));
+    EXPECT_EQ(lines[2], " " + std::string(60, 'b'));
+    EXPECT_EQ(lines[4], " von");
+}
+
 TEST_F(FormWindowTest, LabelsOfTextsAndOptionsStandInOneColumn) {
     add(FieldKind::label, "Was ausgegeben wird");
     add(FieldKind::text, "&Name").longest = 5;

@@ -60,6 +60,14 @@ TEST_F(TerminalFormsTest, AsksFieldByFieldAndTakesTheSuggestionForAnEmptyAnswer)
     EXPECT_EQ(output.str(), "Protokollausgabe\nvon [AUD]: EUR\nbis [ÖRE]: \n");
 }
 
+TEST_F(TerminalFormsTest, SaysTheNoticeAboveTheFields) {
+    form.notice = "Achtung!\nZeitraum: alle Tage";
+    settings.answers = "EUR\n";
+    show();
+    EXPECT_EQ(output.str(),
+              "Protokollausgabe\nAchtung!\nZeitraum: alle Tage\nvon [AUD]: EUR\nbis [ÖRE]: \n");
+}
+
 TEST_F(TerminalFormsTest, PrefersAnExactEntryAndElseIgnoresLetterCase) {
     form.fields[0].add(0, "eur");
     settings.answers = "eur\nöre";

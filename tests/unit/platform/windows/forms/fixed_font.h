@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "platform/automation/text_parts.h"
 #include "platform/automation/utf8.h"
 #include "platform/windows/forms/form_layout.h"
 
@@ -19,6 +20,13 @@ public:
         return static_cast<int>(decode_utf8(text).size()) * unit_width();
     }
     int height(std::string_view text, int longest) const override {
+        int all = 0;
+        for (const std::string& line : split(text, '\n')) all += height_of_line(line, longest);
+        return all;
+    }
+
+private:
+    int height_of_line(std::string_view text, int longest) const {
         int lines = 1, used = 0;
         for (std::size_t begin = 0; begin <= text.size();) {
             const std::size_t end = std::min(text.find(' ', begin), text.size());
@@ -33,7 +41,6 @@ public:
         return lines * unit_height();
     }
 
-private:
     int dots_per_inch_;
 };
 

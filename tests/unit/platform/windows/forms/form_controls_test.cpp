@@ -8,6 +8,7 @@ namespace {
 
 Form sample_form() {
     Form form;
+    form.notice = "Gelöscht & fort";
     form.fields = {
         {.kind = FieldKind::options, .label = "&Art", .entries = {{0, "A & B"}, {1, "C"}}},
         {.label = "&von"},
@@ -30,6 +31,7 @@ TEST(FormControl, IsWhatTheSystemKnowsForItsPart) {
         DWORD style;
         const char* why;
     } rows[] = {
+        {{ControlPart::notice}, L"STATIC", "Gelöscht & fort", SS_NOPREFIX, "a notice has no access key"},
         {{ControlPart::frame, 0}, L"BUTTON", "Soll && Haben", BS_GROUPBOX, "a caption has no access key"},
         {{ControlPart::label, 0}, L"STATIC", "&Art", SS_LEFT, "a label keeps its access key"},
         {{ControlPart::option, 0, 0},

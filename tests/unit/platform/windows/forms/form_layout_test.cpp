@@ -14,6 +14,7 @@ namespace {
 Form rich_form() {
     Form form;
     form.caption = "Protokollausgabe";
+    form.notice = "Was hier gewählt wird, wird gelöscht.\nZeitraum: bis 31.12.2015";
     form.fields = {
         {.kind = FieldKind::options, .label = "&Art", .entries = {{0, "Debitoren"}, {1, "Kreditoren"}}},
         {.label = "&von Konto", .entries = {{0, "10000 Müller"}, {1, "20000 Maier"}}},
@@ -100,6 +101,13 @@ TEST_P(FormLayoutAt, ALabelHasRoomForItsText) {
         const Rectangle place = arranged.place(control);
         EXPECT_GE(place.height, arranged.font.height(text, place.width)) << text;
     }
+}
+
+TEST_P(FormLayoutAt, TheNoticeStandsAboveAllWithRoomForItsLines) {
+    const Rectangle notice = arranged.place({ControlPart::notice});
+    EXPECT_GE(notice.width, arranged.font.width("Was hier gewählt wird, wird gelöscht."));
+    EXPECT_GE(notice.height, arranged.font.height(arranged.form.notice, notice.width));
+    EXPECT_LT(bottom_of(notice), arranged.place({ControlPart::frame, 0}).top);
 }
 
 TEST_P(FormLayoutAt, ALabelStandsBeforeItsField) {
@@ -214,13 +222,14 @@ TEST(FormLayout, AWindowWithoutFieldsHasItsButtons) {
 
 TEST(FormControls, ComeInTheOrderOfTheTabKey) {
     const std::vector<FormControl> expected = {
-        {ControlPart::frame, 0},     {ControlPart::label, 0}, {ControlPart::option, 0, 0},
-        {ControlPart::option, 0, 1}, {ControlPart::label, 1}, {ControlPart::field, 1},
-        {ControlPart::label, 2},     {ControlPart::field, 2}, {ControlPart::frame, 1},
-        {ControlPart::label, 3},     {ControlPart::field, 3}, {ControlPart::label, 4},
-        {ControlPart::field, 4},     {ControlPart::label, 5}, {ControlPart::frame, 2},
-        {ControlPart::label, 6},     {ControlPart::field, 6}, {ControlPart::match_count, 6},
-        {ControlPart::matches, 6},   {ControlPart::ok},       {ControlPart::cancel},
+        {ControlPart::notice},         {ControlPart::frame, 0},     {ControlPart::label, 0},
+        {ControlPart::option, 0, 0},   {ControlPart::option, 0, 1}, {ControlPart::label, 1},
+        {ControlPart::field, 1},       {ControlPart::label, 2},     {ControlPart::field, 2},
+        {ControlPart::frame, 1},       {ControlPart::label, 3},     {ControlPart::field, 3},
+        {ControlPart::label, 4},       {ControlPart::field, 4},     {ControlPart::label, 5},
+        {ControlPart::frame, 2},       {ControlPart::label, 6},     {ControlPart::field, 6},
+        {ControlPart::match_count, 6}, {ControlPart::matches, 6},   {ControlPart::ok},
+        {ControlPart::cancel},
     };
     EXPECT_EQ(controls_of(rich_form()), expected);
 }
