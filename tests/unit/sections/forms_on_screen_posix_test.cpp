@@ -40,6 +40,13 @@ TEST_P(EveryFormOnScreen, ShowsItAllOnTheSmallestScreenWithAtLeastThreeMatchesOf
     }
 }
 
+TEST_P(EveryFormOnScreen, HasRoomOnTheSmallestScreenForWhatADeletionSays) {
+    form.notice =
+        "Die Protokollsätze, die hier gewählt werden, werden gelöscht.\n"
+        "Zeitraum: 01.01.2015 bis 31.12.2015\nMitarbeiter: alle   Ereignisse: angelegt, geändert";
+    for (const FieldPlace& place : pickers(smallest_screen)) EXPECT_GE(place.value.height, 3);
+}
+
 TEST_P(EveryFormOnScreen, MovesNothingWhenAListIsRefilled) {
     const Size window = largest_window(smallest_screen);
     const auto before = lay_out(form, window);
