@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <span>
 #include <string>
 
 /// What happens when the program is stopped from outside: the unfinished file is removed. The exit status is
@@ -13,6 +15,11 @@ void handle_interruptions();
 
 /// The file to be removed when the program is stopped, as UTF-8; empty: there is none.
 void set_unfinished_file(const std::string& path);
+
+/// The folder to be removed behind that, with these files of it, as UTF-8; empty: there is none. At most
+/// `most_unfinished_files`. Windows: a file that is still open stays, and the folder with it.
+void set_unfinished_folder(const std::string& folder, std::span<const std::string> files);
+inline constexpr std::size_t most_unfinished_files = 4;
 
 /// While it lives, the program is not stopped, but when the last one ends. On one thread only.
 class InterruptionsWait {

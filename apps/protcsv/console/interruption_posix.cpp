@@ -12,8 +12,20 @@ namespace {
 
 constexpr int stopping_signals[] = {SIGINT, SIGTERM, SIGHUP};
 
-// The handler reads it; set_unfinished_file writes it while the signals are blocked.
-char unfinished_path[PATH_MAX] = "";
+/// A path that the handler may read; empty: none. It changes while the signals are blocked.
+struct HandlersPath {
+    char text[PATH_MAX] = "";
+
+    // A path of that length cannot be opened, so nothing is left to be removed.
+    void set(const std::string& path) {
+        const std::size_t size = path.size() < sizeof text ? path.size() : 0;
+        std::memcpy(text, path.data(), size);
+        text[size] = '\0';
+    }
+    bool is_set() const { return text[0] != '\0'; }
+};
+HandlersPath unfinished_file, unfinished_folder;
+HandlersPath files_of_folder[most_unfinished_files];
 
 int waits = 0;  // one within the other
 sigset_t mask_before_waits;
@@ -27,7 +39,10 @@ sigset_t stopping_set() {
 
 /// Only calls that POSIX allows in a signal handler.
 void stop(int signal) {
-    if (unfinished_path[0] != '\0') unlink(unfinished_path);
+    if (unfinished_file.is_set()) unlink(unfinished_file.text);
+    for (const HandlersPath& file : files_of_folder)
+        if (file.is_set()) unlink(file.text);
+    if (unfinished_folder.is_set()) rmdir(unfinished_folder.text);
     _exit(128 + signal);
 }
 
@@ -50,10 +65,14 @@ void handle_interruptions() {
 
 void set_unfinished_file(const std::string& path) {
     const InterruptionsWait wait;
-    // A path of this length cannot be opened, so nothing is left to be removed.
-    const std::size_t size = path.size() < sizeof unfinished_path ? path.size() : 0;
-    std::memcpy(unfinished_path, path.data(), size);
-    unfinished_path[size] = '\0';
+    unfinished_file.set(path);
+}
+
+void set_unfinished_folder(const std::string& folder, std::span<const std::string> files) {
+    const InterruptionsWait wait;
+    unfinished_folder.set(folder);
+    for (std::size_t i = 0; i < most_unfinished_files; ++i)
+        files_of_folder[i].set(i < files.size() ? folder + '/' + files[i] : std::string());
 }
 
 InterruptionsWait::InterruptionsWait() {

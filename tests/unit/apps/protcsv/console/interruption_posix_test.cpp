@@ -55,6 +55,36 @@ TEST_P(InterruptionPosixTest, LeavesAFinishedFile) {
     EXPECT_TRUE(std::filesystem::exists(path));
 }
 
+TEST_P(InterruptionPosixTest, RemovesTheUnfinishedFolderWithItsFiles) {
+    const std::filesystem::path folder = path + ".ordner";
+    std::filesystem::create_directory(folder);
+    for (const char* name : {"a", "b"}) std::ofstream(folder / name) << "halb";
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            set_unfinished_folder(folder, std::vector<std::string>{"a", "fehlt", "b"});
+            std::raise(GetParam());
+        },
+        testing::ExitedWithCode(128 + GetParam()), "");
+    EXPECT_FALSE(std::filesystem::exists(folder));
+}
+
+TEST_P(InterruptionPosixTest, LeavesAFinishedFolder) {
+    const std::filesystem::path folder = path + ".fertig";
+    std::filesystem::create_directory(folder);
+    std::ofstream(folder / "a") << "ganz";
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            set_unfinished_folder(folder, std::vector<std::string>{"a"});
+            set_unfinished_folder({}, {});
+            std::raise(GetParam());
+        },
+        testing::ExitedWithCode(128 + GetParam()), "");
+    EXPECT_TRUE(std::filesystem::exists(folder / "a"));
+    std::filesystem::remove_all(folder);
+}
+
 INSTANTIATE_TEST_SUITE_P(Signals, InterruptionPosixTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
 
 TEST(InterruptionPosix, WaitsForAStatementThatMustRunToItsEnd) {
