@@ -5,7 +5,7 @@
 namespace prot {
 
 BoxAnswer DeletionBoxes::show(std::string_view text, BoxStyle style, std::string_view title) {
-    const bool question = style == BoxStyle::question_yes_no;
+    const bool question = is_question(style);
     if (silent_) return question ? BoxAnswer::no : BoxAnswer::ok;
     if (!question) return boxes_.show(text, style, title);
     std::string whole = subject_();

@@ -20,7 +20,7 @@ public:
         : LineDisplays(means),
           screen_(std::move(screen)),
           forms_(*screen_, means.terminal, LineDisplays::forms()),
-          message_boxes_(*screen_, means.message_boxes) {}
+          message_boxes_(*screen_, forms_, means.message_boxes) {}
 
     FormDisplay& forms() override { return forms_; }
     MessageBoxes& message_boxes() override { return message_boxes_; }

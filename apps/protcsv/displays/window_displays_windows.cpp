@@ -23,8 +23,9 @@ public:
 
     BoxAnswer show(std::string_view text, BoxStyle style, std::string_view box_title) override {
         progress_.close();
-        if (style == BoxStyle::question_yes_no && means_.message_boxes.answers_yes())
+        if (is_question(style) && means_.message_boxes.answers_yes())
             return means_.message_boxes.note(BoxAnswer::yes, box_title);
+        if (is_question(style)) style = BoxStyle::question_default_no;
         return means_.message_boxes.note(boxes_.show(text, style, box_title), box_title);
     }
 

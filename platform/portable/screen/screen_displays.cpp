@@ -11,7 +11,7 @@ namespace {
 enum QuestionButton : std::size_t { yes_button, no_button };
 
 TextWindowSettings box_settings(std::string_view text, BoxStyle style, std::string_view title) {
-    if (style == BoxStyle::question_yes_no)
+    if (is_question(style))
         // No is what a hasty Enter says, as in a question on the terminal's lines.
         return {std::string(title), std::string(text), {"&Ja", "&Nein"}, no_button, no_button};
     return {std::string(title), std::string(text), {"OK"}};
@@ -20,12 +20,17 @@ TextWindowSettings box_settings(std::string_view text, BoxStyle style, std::stri
 }  // namespace
 
 BoxAnswer ScreenMessageBoxes::show(std::string_view text, BoxStyle style, std::string_view title) {
-    const bool question = style == BoxStyle::question_yes_no;
-    if (!screen_.is_open()) return plain_.show(text, style, title);
+    const bool question = is_question(style);
+    if (!has_screen(style)) return plain_.show(text, style, title);
     if (question && plain_.answers_yes()) return plain_.note(BoxAnswer::yes, title);
     const std::optional<std::size_t> button = show_text_window(screen_, box_settings(text, style, title));
+    if (!button && !screen_.is_open()) return plain_.show(text, style, title);
     if (!question) return plain_.note(BoxAnswer::ok, title);
     return plain_.note(button == yes_button ? BoxAnswer::yes : BoxAnswer::no, title);
+}
+
+bool ScreenMessageBoxes::has_screen(BoxStyle style) const {
+    return screen_.is_open() || (is_question(style) && forms_.have_been_shown());
 }
 
 void ScreenErrorDisplay::ZQ_gShowError(std::int32_t lNummer, std::string_view sQuelle,

@@ -9,6 +9,7 @@
 #include "platform/error_display.h"
 #include "platform/help_display.h"
 #include "platform/portable/screen/screen.h"
+#include "platform/portable/screen/screen_forms.h"
 #include "platform/portable/terminal/terminal.h"
 #include "platform/portable/terminal/terminal_message_boxes.h"
 
@@ -16,15 +17,20 @@
 /// to the displays for the terminal's lines.
 namespace prot {
 
-/// A question that the run was told the answer to beforehand is not shown.
+/// A question that the run was told the answer to beforehand is not shown. One behind a form of the run has a
+/// screen of its own.
 class ScreenMessageBoxes : public MessageBoxes {
 public:
-    ScreenMessageBoxes(Screen& screen, TerminalMessageBoxes& plain) : screen_(screen), plain_(plain) {}
+    ScreenMessageBoxes(Screen& screen, const ScreenForms& forms, TerminalMessageBoxes& plain)
+        : screen_(screen), forms_(forms), plain_(plain) {}
 
     BoxAnswer show(std::string_view text, BoxStyle style, std::string_view title) override;
 
 private:
+    bool has_screen(BoxStyle style) const;
+
     Screen& screen_;
+    const ScreenForms& forms_;
     TerminalMessageBoxes& plain_;
 };
 

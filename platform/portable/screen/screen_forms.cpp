@@ -17,6 +17,7 @@ bool ScreenForms::show(Form& form) {
     FormWindow window(form, session);
     const OpenWindow open(screen_, window);
     if (!open.is_open()) return false;
+    have_been_shown_ = true;
     while (form.shown) {
         if (const std::optional<Key> key = screen_.next_key())
             session.press(*key);

@@ -15,12 +15,16 @@ public:
 
     void show_modal(Form& form) override;
 
+    /// Whether the person has had a form on the screen.
+    bool have_been_shown() const { return have_been_shown_; }
+
 private:
     bool show(Form& form);
 
     Screen& screen_;
     Terminal& terminal_;
     FormDisplay& plain_;
+    bool have_been_shown_ = false;
 };
 
 }  // namespace prot

@@ -14,7 +14,7 @@ bool is_no(std::string_view answer) { return answer.empty() || answer == "nein" 
 
 BoxAnswer TerminalMessageBoxes::show(std::string_view text, BoxStyle style, std::string_view title) {
     terminal_.write("[" + std::string(title) + "] " + std::string(text) + '\n');
-    return note(style == BoxStyle::question_yes_no ? ask() : BoxAnswer::ok, title);
+    return note(is_question(style) ? ask() : BoxAnswer::ok, title);
 }
 
 BoxAnswer TerminalMessageBoxes::note(BoxAnswer answer, std::string_view title) {

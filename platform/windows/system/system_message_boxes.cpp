@@ -32,7 +32,7 @@ BoxAnswer SystemMessageBoxes::show(std::string_view text, BoxStyle style, std::s
     }
     if (pressed <= 0) {
         refused_(unseen(text, title, reason));
-        return style == BoxStyle::question_yes_no ? BoxAnswer::no : BoxAnswer::ok;
+        return is_question(style) ? BoxAnswer::no : BoxAnswer::ok;
     }
     return static_cast<BoxAnswer>(pressed);
 }

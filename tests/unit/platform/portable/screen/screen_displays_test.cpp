@@ -54,7 +54,7 @@ protected:
     }
     void show(std::initializer_list<Key> keys) {
         screen.keys = keys;
-        ScreenForms(screen, terminal, plain_forms).show_modal(form);
+        forms.show_modal(form);
     }
 
     Form form;
@@ -64,7 +64,8 @@ protected:
     NoForms plain_forms;
     ScriptedScreen screen;
     TerminalMessageBoxes plain_boxes{terminal, false};
-    ScreenMessageBoxes boxes{screen, plain_boxes};
+    ScreenForms forms{screen, terminal, plain_forms};
+    ScreenMessageBoxes boxes{screen, forms, plain_boxes};
 };
 
 TEST_F(ScreenDisplaysTest, AFormIsShownUntilAKeyEndsIt) {
@@ -142,7 +143,7 @@ TEST_F(ScreenDisplaysTest, AQuestionIsAnsweredByItsButtons) {
 
 TEST_F(ScreenDisplaysTest, AnAnswerGivenBeforehandShowsNoWindow) {
     TerminalMessageBoxes told(terminal, true);
-    ScreenMessageBoxes told_boxes(screen, told);
+    ScreenMessageBoxes told_boxes(screen, forms, told);
     on_ok = [&] { EXPECT_EQ(told_boxes.show("?", BoxStyle::question_yes_no, "Frage"), BoxAnswer::yes); };
     show({key(Kind::enter)});
     EXPECT_EQ(screen.titles, Lines{"Ausgabe"});
@@ -153,6 +154,28 @@ TEST_F(ScreenDisplaysTest, WithoutAFormMessagesAreLines) {
     ScreenErrorDisplay(screen, terminal).ZQ_gShowError(5, "A", "B");
     EXPECT_TRUE(screen.titles.empty());
     EXPECT_TRUE(output.str().starts_with("[Titel] Keine Daten\nProblembericht\n")) << output.str();
+}
+
+TEST_F(ScreenDisplaysTest, AQuestionBehindAFormHasAScreenOfItsOwn) {
+    show({key(Kind::enter)});
+    screen.keys = {letter(U'j')};
+    EXPECT_EQ(boxes.show("Löschen?", BoxStyle::question_yes_no, "Frage"), BoxAnswer::yes);
+    EXPECT_EQ(screen.titles, (Lines{"Ausgabe", "Frage"}));
+    EXPECT_FALSE(screen.is_open());
+    EXPECT_EQ(output.str(), "");
+}
+
+TEST_F(ScreenDisplaysTest, AQuestionWithoutAFormIsAskedOnLines) {
+    EXPECT_EQ(boxes.show("Löschen?", BoxStyle::question_yes_no, "Frage"), BoxAnswer::no);
+    EXPECT_TRUE(screen.titles.empty());
+    EXPECT_TRUE(output.str().starts_with("[Frage] Löschen?\n")) << output.str();
+}
+
+TEST_F(ScreenDisplaysTest, AQuestionThatTheScreenDoesNotShowIsAskedOnLines) {
+    show({key(Kind::enter)});
+    screen.usable = false;
+    EXPECT_EQ(boxes.show("Löschen?", BoxStyle::question_yes_no, "Frage"), BoxAnswer::no);
+    EXPECT_TRUE(output.str().starts_with("[Frage] Löschen?\n")) << output.str();
 }
 
 TEST_F(ScreenDisplaysTest, AProblemReportIsAWindow) {
