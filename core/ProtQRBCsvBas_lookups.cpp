@@ -1,6 +1,7 @@
 #include "core/ProtQRBCsvBas.h"
 #include "core/ZQErrorHandling.h"
 #include "core/value_search.h"
+#include "platform/automation/ascii.h"
 #include "platform/automation/error.h"
 #include "platform/automation/letter_case.h"
 #include "platform/automation/text_forms.h"
@@ -17,6 +18,19 @@ const std::string& server_name(Run& run) {
     if (!run.memory.server_name)
         run.memory.server_name = run.environment.connection_information.fields(connection_fields)[9];
     return *run.memory.server_name;
+}
+
+/// Whether `text` is a number as SQL writes one: digits, at most one point, a sign before them.
+bool is_plain_number(std::string_view text) {
+    if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+    bool digits = false, point = false;
+    for (const char c : text) {
+        const bool is_point = c == '.' && !point;
+        if (!is_point && !is_ascii_digit(c)) return false;
+        point |= is_point;
+        digits |= !is_point;
+    }
+    return digits;
 }
 
 }  // namespace
@@ -48,7 +62,11 @@ std::string PROT_gsGetValueByDate(std::string_view sTabelle, std::string_view sS
     const std::string deletion = deletion_of(key, oDBU);
     return remember(deletion.empty() ? std::string(undefined) : value_in(deletion), true);
 } catch (...) {
-    end_with_notice(run.environment);
+    // A key that is no number makes no statement, so that nothing could have been found.
+    if (is_plain_number(sSchluessel))
+        end_with_notice(run.environment);
+    else
+        end_quietly();
     return std::string(undefined);
 }
 

@@ -123,26 +123,31 @@ void ExportFrame::write_records(CsvWriter& writer, LogRows& rows) {
     RecordProgress progress(parent_, rows, rules_.progress_end);
     while (const LogRow* const row = rows.next()) {
         progress.begin_record();
-        write_record(writer, *row, document);
+        lines_ = 0;
+        const NoLine why = write_record(writer, *row, document);
+        run_.environment.notices.record_read(row->id(), lines_, lines_ > 0 ? NoLine::none : why);
     }
 }
 
-void ExportFrame::write_record(CsvWriter& writer, const LogRow& row, ChangeDocument& document) {
+/// Why the record has no line, when it has none.
+NoLine ExportFrame::write_record(CsvWriter& writer, const LogRow& row, ChangeDocument& document) {
     using Description = LineRules::Description;
     line_.clear();
-    if (rules_.described == Description::first && !section_.describe_record(row, line_)) return;
+    if (rules_.described == Description::first && !section_.describe_record(row, line_))
+        return NoLine::not_described;
     fill_common_cells(row);
-    if (rules_.described == Description::behind_common_cells && !section_.describe_record(row, line_)) return;
-    if (rules_.only_dated && !row.has_moment()) return;
+    if (rules_.described == Description::behind_common_cells && !section_.describe_record(row, line_))
+        return NoLine::not_described;
+    if (rules_.only_dated && !row.has_moment()) return NoLine::without_moment;
     switch (document.load(row.text(LogColumn::dmData, scratch_))) {
         case ChangeDocument::Loaded::yes:
-            write_fields(writer, row, document);
-            break;
+            return write_fields(writer, row, document);
+        case ChangeDocument::Loaded::unreadable:
+            return NoLine::unreadable_document;
         case ChangeDocument::Loaded::empty:
             break;
-        case ChangeDocument::Loaded::unreadable:
-            run_.environment.notices.unreadable_document(row.id());
     }
+    return NoLine::without_changes;
 }
 
 void ExportFrame::fill_common_cells(const LogRow& row) {
@@ -156,7 +161,9 @@ void ExportFrame::fill_common_cells(const LogRow& row) {
     fill(cell(CommonCell::application), LogColumn::dcApplication);
 }
 
-void ExportFrame::write_fields(CsvWriter& writer, const LogRow& row, ChangeDocument& document) {
+/// Likewise.
+NoLine ExportFrame::write_fields(CsvWriter& writer, const LogRow& row, ChangeDocument& document) {
+    if (document.columns() == 0) return NoLine::without_changes;
     const std::string_view table = row.text(LogColumn::dcTable, scratch_);
     bool described = rules_.described != LineRules::Description::with_first_line;
     for (std::int32_t i = 0; i < document.columns(); ++i) {
@@ -165,7 +172,7 @@ void ExportFrame::write_fields(CsvWriter& writer, const LogRow& row, ChangeDocum
         const std::string_view caption = section_.caption(field);
         if (caption.empty()) continue;
         cell(CommonCell::field) = caption;
-        if (!described && !section_.describe_record(row, line_)) return;
+        if (!described && !section_.describe_record(row, line_)) return NoLine::not_described;
         described = true;
         cell(CommonCell::old_value) = document.old_value();
         cell(CommonCell::new_value) = document.new_value();
@@ -175,7 +182,9 @@ void ExportFrame::write_fields(CsvWriter& writer, const LogRow& row, ChangeDocum
         fill_value(CommonCell::old_value, field, std::move(marked_old));
         fill_value(CommonCell::new_value, field, std::move(marked_new));
         writer.write_line(line_.cells());
+        ++lines_;
     }
+    return NoLine::no_field_exported;
 }
 
 void ExportFrame::fill_value(CommonCell which, const ChangedField& field, std::optional<std::string> marked) {

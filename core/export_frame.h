@@ -14,6 +14,7 @@
 #include "core/log_rows.h"
 #include "core/run.h"
 #include "platform/csv_writer.h"
+#include "platform/export_notices.h"
 #include "platform/progress_parent.h"
 
 /// The frame that the exports of all sections share: file name, no-data case, lines of the file.
@@ -100,9 +101,9 @@ public:
 private:
     void write_head(CsvWriter& writer);
     void write_records(CsvWriter& writer, LogRows& rows);
-    void write_record(CsvWriter& writer, const LogRow& row, ChangeDocument& document);
+    NoLine write_record(CsvWriter& writer, const LogRow& row, ChangeDocument& document);
     void fill_common_cells(const LogRow& row);
-    void write_fields(CsvWriter& writer, const LogRow& row, ChangeDocument& document);
+    NoLine write_fields(CsvWriter& writer, const LogRow& row, ChangeDocument& document);
     void fill_value(CommonCell which, const ChangedField& field, std::optional<std::string> marked);
     std::string& cell(CommonCell which) {
         return line_[head_.captions.size() + static_cast<std::size_t>(which)];
@@ -115,6 +116,7 @@ private:
     const FileHead head_;
     CsvLine line_;
     FieldNumbers fields_;
+    std::int64_t lines_ = 0;  // of the record at hand
     std::string scratch_;
 };
 

@@ -5,7 +5,18 @@
 
 namespace prot {
 
-/// Hears what an export leaves out by the log's rules, so that a host can say so; nothing is lost unseen.
+/// Why a record of the log got no line.
+enum class NoLine : std::uint8_t {
+    none,                 ///< it got lines
+    not_described,        ///< its section does not describe it
+    without_moment,       ///< it has no moment, and its section exports none without
+    unreadable_document,  ///< its change document does not load
+    without_changes,      ///< its change document is empty or names no field
+    no_field_exported,    ///< each changed field is never exported, or has no caption
+};
+
+/// Hears what an export makes of the log and what it leaves out by the log's rules, so that a host can say
+/// so; nothing is lost unseen.
 class ExportNotices {
 public:
     virtual ~ExportNotices() = default;
@@ -20,8 +31,9 @@ public:
     /// may be missing from the file.
     virtual void lookup_failed(std::string_view error) = 0;
 
-    /// The change document of this log record does not load, so the record got no line.
-    virtual void unreadable_document(std::int64_t log_id) = 0;
+    /// A record of the log was read and got this many lines; `why` when it got none. Behind what else is told
+    /// of it.
+    virtual void record_read(std::int64_t log_id, std::int64_t lines, NoLine why) = 0;
 };
 
 }  // namespace prot

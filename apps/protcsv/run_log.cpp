@@ -162,7 +162,7 @@ private:
             terminal_.complain("Die Löschfrage ließ sich nicht stellen; es wurde nichts gelöscht.");
         }
         if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
-        if (!options_.quiet) tell(host_.notices().text());
+        if (!options_.quiet) tell(host_.notices().fields_text() + host_.notices().documents_text());
         return host_.finished_file().empty() ? exit_done : print(console_, host_.finished_file() + '\n');
     }
 

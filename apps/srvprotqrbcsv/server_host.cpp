@@ -113,7 +113,8 @@ void ServerHost::lookup_failed(std::string_view error) {
     trace("Nachschlagen misslungen: " + std::string(error));
 }
 
-void ServerHost::unreadable_document(std::int64_t log_id) {
+void ServerHost::record_read(std::int64_t log_id, std::int64_t /*lines*/, NoLine why) {
+    if (why != NoLine::unreadable_document) return;
     trace("Protokollsatz nicht lesbar: " + std::to_string(log_id));
 }
 

@@ -53,7 +53,7 @@ private:
 
     void field_without_caption(std::string_view table, std::string_view column) override;
     void lookup_failed(std::string_view error) override;
-    void unreadable_document(std::int64_t log_id) override;
+    void record_read(std::int64_t log_id, std::int64_t lines, NoLine why) override;
 
     void refuse_form();
     void refuse(AutomationError error);

@@ -321,6 +321,39 @@ TEST_F(WrittenFile, LeavesOutARecordWithoutMomentWhereMomentsCount) {
     EXPECT_EQ(parent.calls.size(), 4U) << "progress counts them all the same";
 }
 
+TEST_F(WrittenFile, TellsTheHostOfEachRecordHowManyLinesItGotOrWhyNone) {
+    host.documents["two"] = {{"A", "x", "y"}, {"HIDDEN", "x", "y"}, {"B", "x", "y"}};
+    host.documents["hidden"] = {{"HIDDEN", "x", "y"}};
+    host.documents["no column"] = {};
+    RowSet six(log_columns);
+    std::int64_t id = 0;
+    for (const char* document : {"two", "hidden", "no column", "", "kaputt"})
+        add_record(six, {.id = ++id, .date = Date{46000}, .document = document});
+    add_record(six, {.id = ++id, .document = "two"});
+    section.wanted.only_dated = true;
+    write(std::move(six));
+    EXPECT_EQ(host.records, (std::vector<test::ReadRecord>{{1, 2, NoLine::none},
+                                                           {2, 0, NoLine::no_field_exported},
+                                                           {3, 0, NoLine::without_changes},
+                                                           {4, 0, NoLine::without_changes},
+                                                           {5, 0, NoLine::unreadable_document},
+                                                           {6, 0, NoLine::without_moment}}));
+}
+
+TEST_F(WrittenFile, TellsTheHostOfARecordThatItsSectionCannotDescribe) {
+    host.documents["doc"] = {{"A", "x", "y"}};
+    section.has_record = false;
+    for (const Description described :
+         {Description::first, Description::behind_common_cells, Description::with_first_line}) {
+        host.records.clear();
+        section.wanted.described = described;
+        RowSet one(log_columns);
+        add_record(one, {.id = 7, .document = "doc"});
+        write(std::move(one));
+        EXPECT_EQ(host.records, (std::vector<test::ReadRecord>{{7, 0, NoLine::not_described}}));
+    }
+}
+
 TEST_F(WrittenFile, KeepsTheLookupsOfTheRecordsInOneBracket) {
     class Bracketed : public test::FakeDatabase {
     public:

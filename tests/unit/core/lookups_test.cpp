@@ -90,6 +90,24 @@ TEST_F(ValueByDate, IsUndefinedWhenAQueryFails) {
     EXPECT_EQ(value(), "_UNDEFINIERT_");
 }
 
+TEST_F(ValueByDate, TellsTheHostOfAFailureOnlyWhenTheKeyIsANumber) {
+    class Failing : public FakeDatabase {
+        Value query_value(std::string_view) override { throw server_error("Syntax"); }
+    } failing;
+    prot::Run failing_run{host.environment, failing};
+    const struct {
+        const char* key;
+        bool is_told;
+    } cases[] = {{"7", true},    {"-7", true},     {"7.5", true}, {"", false},  {"x", false},
+                 {"7,5", false}, {"7.5.1", false}, {"-", false},  {".", false}, {"7 OR 1", false}};
+    for (const auto& row : cases) {
+        host.failed_lookups.clear();
+        EXPECT_EQ(PROT_gsGetValueByDate("TBANK", "dcBLZ", "idBank", row.key, moment, failing_run),
+                  "_UNDEFINIERT_");
+        EXPECT_EQ(host.failed_lookups.size(), row.is_told ? 1U : 0U) << row.key;
+    }
+}
+
 TEST_F(ValueByDate, IsUndefinedWhenTheLiveRowHasNoColumn) {
     oDBU.answers[live] = {{}};
     EXPECT_EQ(value(), "_UNDEFINIERT_");

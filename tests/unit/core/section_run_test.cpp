@@ -194,6 +194,18 @@ TEST_F(OneSection, RunsInThisOrder) {
                                         "Fibu", "Standardbenutzer"}));
 }
 
+TEST_F(OneSection, TellsTheHostWhatIsSelectedWhetherOrNotThereIsAnything) {
+    oDBU.answers.erase(ordered);
+    run("/autostart");
+    EXPECT_EQ(host.selections, std::vector<std::string>{"Filter"});
+    section.pbLoeschen = true;
+    run();
+    EXPECT_EQ(host.selections, (std::vector<std::string>{"Filter", "Filter"})) << "a deletion, too";
+    section.accepted = false;
+    run();
+    EXPECT_EQ(host.selections.size(), 2U) << "nothing is selected";
+}
+
 TEST_F(OneSection, EndsWithAFormThatIsNotAccepted) {
     section.accepted = false;
     section.poParent = &parent;

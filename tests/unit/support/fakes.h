@@ -181,6 +181,14 @@ struct ShownBox {
     bool operator==(const ShownBox&) const = default;
 };
 
+/// A record of the log, as an export tells of it.
+struct ReadRecord {
+    std::int64_t log_id = 0;
+    std::int64_t lines = 0;
+    NoLine why = NoLine::none;
+    bool operator==(const ReadRecord&) const = default;
+};
+
 /// A whole host in memory; each of its parts may be told to fail.
 class FakeHost : public Components,
                  public MessageBoxes,
@@ -210,6 +218,8 @@ public:
     std::vector<std::string> fields_without_caption;
     std::vector<std::string> failed_lookups;
     std::vector<std::int64_t> unreadable;
+    std::vector<std::string> selections;
+    std::vector<ReadRecord> records;
 
     Environment environment{*this, *this, *this, *this, *this, *this, *this};
 
@@ -255,7 +265,11 @@ public:
         fields_without_caption.push_back(std::string(table) + "." + std::string(column));
     }
     void lookup_failed(std::string_view error) override { failed_lookups.emplace_back(error); }
-    void unreadable_document(std::int64_t log_id) override { unreadable.push_back(log_id); }
+    void filter_accepted(std::string_view text) override { selections.emplace_back(text); }
+    void record_read(std::int64_t log_id, std::int64_t lines, NoLine why) override {
+        records.push_back({log_id, lines, why});
+        if (why == NoLine::unreadable_document) unreadable.push_back(log_id);
+    }
 };
 
 class FakeParent : public ProgressParent {

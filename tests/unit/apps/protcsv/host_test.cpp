@@ -130,8 +130,8 @@ TEST_F(HostTest, SaysWhereCharactersWereReplaced) {
 
 TEST_F(HostTest, CountsWhatTheExporterLeavesOut) {
     Host host(options, terminal, displays);
-    host.environment().notices.unreadable_document(17);
-    EXPECT_EQ(host.notices().text(), "1 Protokollsatz mit unlesbarem Änderungsdokument: 17\n");
+    host.environment().notices.record_read(17, 0, NoLine::unreadable_document);
+    EXPECT_EQ(host.notices().documents_text(), "1 Protokollsatz mit unlesbarem Änderungsdokument: 17\n");
 }
 
 }  // namespace

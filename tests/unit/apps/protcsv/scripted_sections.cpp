@@ -80,7 +80,7 @@ void ask_to_delete(Call& call) {
 
 void leave_something_out(Call& call) {
     call.environment.notices.field_without_caption("T", "f");
-    call.environment.notices.unreadable_document(5);
+    call.environment.notices.record_read(5, 0, NoLine::unreadable_document);
     write_file(call);
 }
 
@@ -106,7 +106,7 @@ void fail_to_look_up(Call& call) {
 
 void leave_something_out_and_fail(Call& call) {
     call.environment.notices.lookup_failed("Es fehlt tX.");
-    call.environment.notices.unreadable_document(5);
+    call.environment.notices.record_read(5, 0, NoLine::unreadable_document);
     raise_error(call);
 }
 
