@@ -61,7 +61,7 @@ void require_free_place(const fs::path& path, bool overwrite) {
 int print(const Console& console, std::string_view text) {
     console.out << text << std::flush;
     if (console.out) return exit_done;
-    complain(console, "Die Standardausgabe lässt sich nicht beschreiben.");
+    complain(console, standard_output_refuses);
     return exit_error;
 }
 

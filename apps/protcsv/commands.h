@@ -15,6 +15,11 @@ inline constexpr int exit_done = 0;
 inline constexpr int exit_error = 1;
 inline constexpr int exit_usage = 2;
 inline constexpr int exit_cancelled = 3;
+inline constexpr int exit_incomplete = 4;  ///< written, but something that should be in the file is not
+inline constexpr int exit_no_data = 5;     ///< there is nothing to be written, and that was not to be
+
+inline constexpr std::string_view standard_output_refuses =
+    "Die Standardausgabe lässt sich nicht beschreiben.";
 
 /// Writes `text` to standard output; an error when it does not arrive.
 int print(const Console& console, std::string_view text);

@@ -4,24 +4,26 @@
 #include <string>
 
 #include "apps/protcsv/displays/displays.h"
-#include "apps/protcsv/notices_report.h"
 #include "apps/protcsv/options/options.h"
+#include "apps/protcsv/report/run_account.h"
 #include "platform/environment.h"
-#include "platform/portable/terminal/terminal.h"
 #include "platform/portable/time/system_clock.h"
 
 namespace prot {
 
 /// The outside world of one run at the command line: displays, CSV files, the system's clock. Keeps what the
-/// program tells at the end.
+/// program tells at the end in its account.
 class Host : public Components, public CsvFileHost {
 public:
-    Host(const Options& options, Terminal& terminal, Displays& displays);
+    /// All of them outlive it.
+    Host(const Options& options, Displays& displays, RunAccount& account);
 
     Environment environment();
 
-    const std::string& finished_file() const { return finished_file_; }  ///< empty: none was written
-    const NoticesReport& notices() const { return notices_; }
+    /// Every CSV file gets this name, seen from the run's folder, and nobody is asked.
+    void set_output(const std::string& name, Existing existing);
+    /// Every CSV file goes to `files`, which outlives it.
+    void set_output(FileLayer& files);
 
     std::unique_ptr<CsvWriter> create_csv_writer() override;
     std::unique_ptr<ChangeDocumentReader> create_change_document_reader() override;
@@ -31,7 +33,9 @@ public:
     std::optional<std::string> ask_file_name(const std::string& suggestion) override;
     void unfinished_file(const std::string& path) override;
     void file_finished(const std::string& path) override;
-    void characters_replaced(const std::string& path) override;
+    void characters_replaced(const std::string& path, const ReplacedCharacters& characters) override;
+    void file_begins() override;
+    void bytes_written(std::string_view bytes) override;
     void show_file(const std::string& path) override;
 
 private:
@@ -41,13 +45,12 @@ private:
     };
 
     CsvFileOptions csv_;
-    Terminal& terminal_;
+    FileLayer* files_ = &system_files();
     Displays& displays_;
+    RunAccount& account_;
     NoPointer pointer_;
     SystemClock clock_;
     std::unique_ptr<ConnectionInformation> connection_information_;
-    NoticesReport notices_;
-    std::string finished_file_;
 };
 
 }  // namespace prot

@@ -1,6 +1,7 @@
 #include "apps/protcsv/notices_report.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace prot {
 
@@ -85,8 +86,8 @@ std::string NoticesReport::fields_text() const {
                                 : std::to_string(sum) + " Felder ohne Beschriftung blieben weg: ";
     for (std::size_t i = 0; i < std::min(fields.size(), listed); ++i) {
         const CountedField& field = fields[i];
-        text +=
-            (i > 0 ? ", " : "") + field.table + "." + field.column + " (" + std::to_string(field.count) + ")";
+        text.append(i > 0 ? ", " : "").append(field.table).append(".").append(field.column);
+        text += " (" + std::to_string(field.count) + ")";
     }
     return text + and_more(fields.size()) + '\n';
 }

@@ -28,9 +28,9 @@ struct CountedRecords {
     std::vector<std::int64_t> first;  ///< as many as are listed
 };
 
-/// A field without caption, and how many times it was changed.
+/// A field without caption, and how many times it was changed; valid as long as whoever counted it.
 struct CountedField {
-    std::string table, column;
+    std::string_view table, column;
     std::int64_t count = 0;
 };
 
@@ -53,6 +53,7 @@ public:
         return left_out_[static_cast<std::size_t>(reason)];
     }
     std::int64_t left_out() const;
+    bool lacks_captions() const { return !fields_.empty(); }
     /// The most frequent first, then by name.
     std::vector<CountedField> fields_without_caption() const;
     std::int64_t failed_lookups() const { return failure_count_; }

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -6,11 +7,18 @@
 #include <optional>
 
 #include "apps/protcsv/commands.h"
+#include "apps/protcsv/console/stream_files.h"
 #include "apps/protcsv/host.h"
+#include "apps/protcsv/options/output_name.h"
 #include "apps/protcsv/options/run_parameters.h"
 #include "apps/protcsv/options/usage_error.h"
+#include "apps/protcsv/own_files.h"
+#include "apps/protcsv/report/closing_text.h"
+#include "apps/protcsv/report/run_report.h"
+#include "apps/protcsv/report/statement_count.h"
 #include "apps/protcsv/statement_log.h"
 #include "apps/protcsv/whole_statements.h"
+#include "core/Prot0000UtilitiesBAS.h"
 #include "core/ProtCsvClass.h"
 #include "platform/automation/error.h"
 #include "platform/automation/text_parts.h"
@@ -22,11 +30,13 @@ namespace prot {
 
 namespace {
 
-constexpr std::string_view standard_input = "-";
 constexpr std::string_view refusal =
     "Dieser Lauf muss etwas fragen und braucht dazu ein Terminal oder --answers DATEI; unbeaufsichtigt geht "
     "es mit "
     "--params \"/…/autostart\".";
+
+constexpr std::string_view no_question = "Die Löschfrage ließ sich nicht stellen; es wurde nichts gelöscht.";
+constexpr std::int64_t head_lines = 2;  // of a file, above its records
 
 constexpr std::array<int, 4> exit_statuses = {exit_done, exit_cancelled, exit_error, exit_usage};
 int exit_status(Outcome outcome) { return exit_statuses[static_cast<std::size_t>(outcome)]; }
@@ -36,7 +46,7 @@ std::string read_all(std::istream& in) { return {std::istreambuf_iterator<char>(
 
 std::optional<std::string> read_answers(const Options& options, const Console& console) {
     if (!options.answers) return std::nullopt;
-    if (*options.answers == standard_input) return read_all(console.in);
+    if (*options.answers == standard_stream) return read_all(console.in);
     std::ifstream file(text_path(*options.answers), std::ios::binary);
     try {
         if (file.peek() != std::ifstream::traits_type::eof() || file.eof()) return read_all(file);
@@ -51,7 +61,7 @@ TerminalSettings terminal_settings(const Options& options, const Console& consol
     settings.program = "protcsv";
     settings.output = &console.err;
     // Questions appear on standard error: without a terminal there, nobody would see them.
-    if (console.in_is_terminal && console.err_is_terminal && options.answers != standard_input)
+    if (console.in_is_terminal && console.err_is_terminal && options.answers != standard_stream)
         settings.keyboard = &console.in;
     settings.answers = read_answers(options, console);
     settings.refusal = refusal;
@@ -61,17 +71,6 @@ TerminalSettings terminal_settings(const Options& options, const Console& consol
 /// Prepared answers are given to questions line by line.
 bool full_screen(const Options& options, const Console& console) {
     return console.full_screen && !options.plain && !options.answers;
-}
-
-/// The log is about to be created anew, which must cost neither the database nor the answers.
-void require_own_file(const Options& options) {
-    const auto is_log = [&](const std::string& file) {
-        std::error_code ignored;
-        return std::filesystem::equivalent(text_path(file), text_path(options.statement_log), ignored);
-    };
-    const std::string log = "--sql-log: „" + options.statement_log + "“ ";
-    if (is_log(options.database)) throw UsageError(log + "ist die Datenbank selbst");
-    if (options.answers && is_log(*options.answers)) throw UsageError(log + "ist die Datei der Antworten");
 }
 
 /// A separator that the encoding turned into a question mark would separate nothing.
@@ -88,39 +87,47 @@ std::string as_literal(std::string_view name) {
     return text;
 }
 
-/// Makes the folder of the file, so that a wrong one shows before the log is read.
-void require_folder(const std::filesystem::path& folder) {
-    if (!folder.empty()) system_files().make_folder(folder);
+/// The file that a person named must not be there. What is no file (a device, a pipe) loses nothing.
+void require_no_file(const std::filesystem::path& place) {
+    std::error_code ignored;
+    const std::filesystem::file_status status = std::filesystem::symlink_status(place, ignored);
+    if (!std::filesystem::is_regular_file(status) && !std::filesystem::is_symlink(status)) return;
+    throw AutomationError(ErrorNumber::file, "Die Datei „" + path_text(place) +
+                                                 "“ gibt es schon; ohne --no-clobber wird sie ersetzt.");
 }
 
 /// One run of an exporter, from the opened database to the exit status.
 class LogRun {
 public:
     LogRun(const Options& options, const Console& console, SectionTable sections,
-           const MakeDisplays& displays)
+           const MakeDisplays& displays, RunAccount& account)
         : options_(options),
           console_(console),
           sections_(sections),
+          account_(account),
+          standard_output_(console.out),
           terminal_(terminal_settings(options, console)),
           message_boxes_(terminal_, options.yes),
           displays_(
               displays({terminal_, message_boxes_, full_screen(options, console), console.err_is_terminal})),
-          host_(options, terminal_, *displays_),
+          host_(options, *displays_, account),
           environment_(host_.environment()) {}
 
     int run() {
         const LogRequest request = options_.command == Command::run
                                        ? read_run_parameters(options_.parameters, sections_, environment_)
                                        : options_.request;
+        account_.request = request;
         require_separator(options_.csv);
         for (const std::string& warning : options_.warnings) complain(console_, warning);
-        if (!options_.statement_log.empty()) require_own_file(options_);
-        const auto access =
-            options_.command == Command::delete_log ? SqliteAccess::read_write : SqliteAccess::read_only;
+        if (!options_.statement_log.empty()) require_own_statement_log(options_);
+        choose_output(request);
+        const auto access = exports() ? SqliteAccess::read_only : SqliteAccess::read_write;
         const auto reading = options_.threads > 1 ? SqliteReading::ahead : SqliteReading::on_demand;
         const std::unique_ptr<Database> database = open_sqlite_database(options_.database, access, reading);
-        if (options_.command != Command::delete_log) require_folder(options_.csv.folder);
-        WholeStatements whole(*database);
+        if (exports() && !folder_.empty()) system_files().make_folder(folder_);
+        StatementCount counted(*database, account_.statements);
+        WholeStatements whole(counted);
         if (options_.statement_log.empty()) {
             run_section(request, whole);
         } else {
@@ -132,6 +139,39 @@ public:
     }
 
 private:
+    bool exports() const { return options_.command != Command::delete_log; }
+
+    /// Where the file will be, as far as that is known before the run.
+    void choose_output(const LogRequest& request) {
+        folder_ = options_.csv.folder;
+        if (options_.output.empty()) return;
+        if (options_.output == standard_stream) {
+            folder_.clear();
+            host_.set_output(standard_output_);
+            return;
+        }
+        const std::string name = with_csv_ending(
+            output_name(options_.output, {section_name(request.section), client(), environment_.clock.now()}),
+            options_.csv.folder);
+        const std::filesystem::path place = joined_path(options_.csv.folder, text_path(name));
+        require_own_output(options_, path_text(place));
+        if (options_.no_clobber) require_no_file(place);
+        folder_ = place.parent_path();
+        host_.set_output(name, options_.no_clobber ? Existing::kept : Existing::replaced);
+    }
+
+    std::string_view section_name(std::int32_t number) const {
+        return std::ranges::find(sections_, number, &Section::number)->name;
+    }
+
+    /// Of a run that asks for its client, nobody knows it in time.
+    std::string client() {
+        if (!asks_for_client(options_.output)) return {};
+        if (!pbCommandVorhanden(options_.parameters, "autostart"))
+            throw UsageError("--output: {client} braucht --params mit autostart");
+        return client_of(options_.parameters, environment_);
+    }
+
     /// An error that leaves the exporter is shown like those that it shows itself.
     void run_section(const LogRequest& request, Database& database) {
         const std::unique_ptr<ProgressParent> progress =
@@ -145,34 +185,66 @@ private:
             entry.gCSVAusgabe(database, request.section, as_literal(request.user), request.from, request.to,
                               request.events, spare);
         } catch (const AutomationError& error) {
-            displays_->create_error_display()->ZQ_gShowError(error.number(), error.source(),
-                                                             error.description());
+            host_.create_error_display()->ZQ_gShowError(error.number(), error.source(), error.description());
         }
     }
 
     int finish() {
         if (message_boxes_.left_unanswered())
             terminal_.complain("Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.");
-        tell(host_.notices().failures_text());
+        const bool is_done = terminal_.outcome() == Outcome::done;
+        tell_what_is_missing(is_done);
         // A deletion says how many records it found before it deletes them. The question that fails counts as
         // answered no, without a word.
-        if (options_.command == Command::delete_log && terminal_.outcome() == Outcome::done &&
-            !message_boxes_.shown()) {
+        if (!exports() && is_done && !message_boxes_.shown()) {
             terminal_.note(Outcome::failed);
-            terminal_.complain("Die Löschfrage ließ sich nicht stellen; es wurde nichts gelöscht.");
+            account_.note_error(no_question);
+            terminal_.complain(no_question);
         }
+        if (terminal_.outcome() == Outcome::refused) account_.note_error(refusal);
         if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
-        if (!options_.quiet) tell(host_.notices().fields_text() + host_.notices().documents_text());
-        return host_.finished_file().empty() ? exit_done : print(console_, host_.finished_file() + '\n');
+        if (exports() && !options_.quiet)
+            terminal_.write(closing_line(account_.notices, account_.duration()));
+        const int status = exports() ? status_of_export() : exit_done;
+        const bool prints_path = !account_.file.empty() && account_.file != standard_stream;
+        if (prints_path && options_.report != standard_stream &&
+            print(console_, account_.file + '\n') != exit_done) {
+            account_.note_error(standard_output_refuses);
+            return exit_error;
+        }
+        return status;
     }
 
-    void tell(const std::string& text) {
-        if (!text.empty()) displays_->tell(text);
+    /// A failed run has no file that could lack anything but what made it fail.
+    void tell_what_is_missing(bool is_done) {
+        const NoticesReport& notices = account_.notices;
+        const std::string failures = notices.failures_text();
+        std::string fields, losses;
+        if (is_done) {
+            if (!options_.quiet || options_.strict) fields = notices.fields_text();
+            losses = notices.documents_text() + replaced_text(account_.replaced, account_.file) +
+                     too_long_text(notices.lines() + head_lines);
+        }
+        const std::string text = failures + fields + losses;
+        if (text.empty()) return;
+        const bool is_warning = !failures.empty() || !losses.empty() || options_.strict;
+        displays_->tell(is_warning ? Telling::warning : Telling::notice, text);
+    }
+
+    int status_of_export() const {
+        const NoticesReport& notices = account_.notices;
+        const bool lacks_records =
+            notices.lacks_captions() || notices.left_out(LeftOut::unreadable_document).count > 0;
+        if (notices.failed_lookups() > 0 || (options_.strict && lacks_records)) return exit_incomplete;
+        return notices.records() == 0 && options_.fail_on_empty ? exit_no_data : exit_done;
     }
 
     const Options& options_;
     const Console& console_;
     SectionTable sections_;
+    RunAccount& account_;
+    StreamFiles standard_output_;
+    std::filesystem::path folder_;  // of the file; empty: the current one, or none
     Terminal terminal_;
     TerminalMessageBoxes message_boxes_;
     std::unique_ptr<Displays> displays_;
@@ -184,7 +256,10 @@ private:
 
 int run_log(const Options& options, const Console& console, SectionTable sections,
             const MakeDisplays& displays) {
-    return LogRun(options, console, sections, displays).run();
+    RunAccount account;
+    return RunReport(options, console, sections, account).around([&] {
+        return LogRun(options, console, sections, displays, account).run();
+    });
 }
 
 }  // namespace prot

@@ -3,8 +3,7 @@
 #include <chrono>
 #include <utility>
 
-#include <nlohmann/json.hpp>
-
+#include "apps/protcsv/report/json_text.h"
 #include "platform/automation/error.h"
 #include "platform/portable/files/paths.h"
 
@@ -55,7 +54,7 @@ public:
         const auto microseconds = std::chrono::duration_cast<std::chrono::microseconds>(time_);
         fields_["ms"] = static_cast<double>(microseconds.count()) / 1000;
         if (error != nullptr) fields_["error"] = error;
-        file_ << fields_.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << std::endl;
+        file_ << json_text(fields_) << std::endl;
     }
 
     /// Writes what there is. A line that is lost leaves an incomplete file.

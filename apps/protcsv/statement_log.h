@@ -16,6 +16,8 @@ namespace prot {
 /// come in batches has one line, written with its last row, or when it is given up: ms is the time spent on
 /// all of them, and of rows read anew only the last reading counts as rows. Dialect questions are not
 /// statements and are not written.
+inline constexpr std::string_view statement_log_beginning = "{\"nr\":";  ///< of its every line
+
 class StatementLog : public ForwardingDatabase {
 public:
     /// Creates the file `path`, replacing an earlier one. AutomationError (file) when that is impossible.

@@ -93,7 +93,9 @@ std::optional<std::string> ServerHost::ask_file_name(const std::string& suggesti
 
 void ServerHost::unfinished_file(const std::string& /*path*/) {}
 void ServerHost::file_finished(const std::string& path) { trace("geschrieben: " + path); }
-void ServerHost::characters_replaced(const std::string& path) { trace("Zeichen ersetzt: " + path); }
+void ServerHost::characters_replaced(const std::string& path, const ReplacedCharacters& /*characters*/) {
+    trace("Zeichen ersetzt: " + path);
+}
 void ServerHost::show_file(const std::string& path) { open_finished_file(path, message_boxes_); }
 
 std::array<std::string, 10> ServerHost::fields(int code) {

@@ -46,7 +46,7 @@ private:
     std::optional<std::string> ask_file_name(const std::string& suggestion) override;
     void unfinished_file(const std::string& path) override;
     void file_finished(const std::string& path) override;
-    void characters_replaced(const std::string& path) override;
+    void characters_replaced(const std::string& path, const ReplacedCharacters& characters) override;
     void show_file(const std::string& path) override;
 
     std::array<std::string, 10> fields(int code) override;

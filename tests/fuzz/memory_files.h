@@ -49,7 +49,7 @@ public:
     std::optional<std::string> ask_file_name(const std::string&) override { return std::string(); }
     void unfinished_file(const std::string&) override {}
     void file_finished(const std::string&) override {}
-    void characters_replaced(const std::string&) override { replaced = true; }
+    void characters_replaced(const std::string&, const ReplacedCharacters&) override { replaced = true; }
     void show_file(const std::string&) override {}
 };
 

@@ -27,7 +27,7 @@
 ///   answers.txt      standard input, when the command reads it
 ///   expected.csv     the file whose path the program printed; absent when it must print none
 ///   expected.sql     every statement sent, one a line; absent when the case does not look at them
-///   expected.txt     exit status, standard error with $STAMP for the version, and what the log holds afterwards
+///   expected.txt     exit status, standard error with $STAMP for the version and $TIME for how long it took, and what the log holds afterwards
 // clang-format on
 /// PROT_UPDATE_GOLDEN=1 rewrites the expected files; the difference is reviewed before it is committed.
 /// PROT_PROGRAM_COMMAND names another program to run, such as the Windows one under Wine.
@@ -114,7 +114,8 @@ protected:
         std::string text = with_own_paths(read(work / "stderr"), "out");
         replace(text, work.string(), "$WORK");
         replace(text, PROT_STAMP, "$STAMP");
-        return text;
+        static const std::regex duration(", [0-9 ]+,[0-9] s\n");
+        return std::regex_replace(text, duration, ", $$TIME s\n");
     }
 };
 

@@ -13,6 +13,9 @@
 
 namespace prot {
 
+/// What is told at the end of a run: something to know, or something that is missing.
+enum class Telling { notice, warning };
+
 /// All that a run shows to a person and asks of one. There are three kinds: lines on a terminal, forms that
 /// take the whole of it, windows of the system. A run gets one (choose_displays) and never asks which.
 class Displays {
@@ -34,7 +37,7 @@ public:
     /// Presents the finished file.
     virtual void show_file(const std::string& path) = 0;
     /// Says what a run leaves to be said at its end.
-    virtual void tell(std::string_view text) = 0;
+    virtual void tell(Telling kind, std::string_view text) = 0;
 };
 
 }  // namespace prot

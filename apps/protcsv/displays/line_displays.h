@@ -20,7 +20,7 @@ public:
                                              const std::string& folder) override;
     /// The path on standard output is all the presentation there is.
     void show_file(const std::string& /*path*/) override {}
-    void tell(std::string_view text) override { means_.terminal.write(text); }
+    void tell(Telling /*kind*/, std::string_view text) override { means_.terminal.write(text); }
 
 protected:
     Terminal& terminal() const { return means_.terminal; }

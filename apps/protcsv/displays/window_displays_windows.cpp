@@ -132,7 +132,9 @@ public:
     std::unique_ptr<ProgressParent> create_progress() override {
         return std::make_unique<RunProgress>(progress_);
     }
-    void tell(std::string_view text) override { boxes_.show(text, BoxStyle::information, title); }
+    void tell(Telling kind, std::string_view text) override {
+        boxes_.show(text, kind == Telling::warning ? BoxStyle::exclamation : BoxStyle::information, title);
+    }
 
 private:
     Apartment apartment_;

@@ -1,9 +1,12 @@
 #include "apps/protcsv/options/option_table.h"
 
+#include <algorithm>
+#include <iterator>
 #include <limits>
 
 #include "apps/protcsv/options/days.h"
 #include "apps/protcsv/options/option_values.h"
+#include "apps/protcsv/options/output_name.h"
 #include "apps/protcsv/options/usage_error.h"
 #include "platform/automation/utf8.h"
 
@@ -32,6 +35,11 @@ const std::string& as_text(const std::string& value) {
 const std::string& as_database(const std::string& value) {
     if (value.starts_with("odbc:")) throw UsageError("„odbc:“ wird von dieser Fassung nicht unterstützt");
     return not_empty(value);
+}
+
+const std::string& as_output(const std::string& value) {
+    require_output_pattern(not_empty(value));
+    return value;
 }
 
 void ask_for_events(Options& options, const std::string& value) {
@@ -107,6 +115,11 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, const OptionContext&) { o.csv.folder = text_path(not_empty(value)); }},
     {"--out", "ORDNER", deleting, 0, "", "",   // a script may swap the commands and keep its options
      [](Options&, const std::string&, const OptionContext&) {}},
+    {"--output", "DATEI", writing, 0, "Ausgabe",
+     "Name der Datei, die auch ersetzt wird; darin stehen\n{section}, {client}, {date} und {time} für Angaben des\nLaufs; - schreibt auf die Standardausgabe",
+     [](Options& o, const std::string& value, const OptionContext&) { o.output = as_output(value); }},
+    {"--no-clobber", "", writing, 0, "Ausgabe", "lehnt den Lauf ab, wenn es die Datei von --output gibt",
+     [](Options& o, const std::string&, const OptionContext&) { o.no_clobber = true; }},
     {"--separator", "ZEICHEN", writing, 0, "Ausgabe", "Trennzeichen oder tab (Vorgabe: ;)",
      [](Options& o, const std::string& value, const OptionContext&) { o.csv.separator = parse_separator(value); }},
     {"--encoding", "NAME", writing, 0, "Ausgabe", "utf-8-bom (Vorgabe), utf-8 oder windows-1252",
@@ -125,7 +138,13 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, const OptionContext&) { o.threads = static_cast<int>(parse_number(value, 1, 2)); }},
     {"--sql-log", "DATEI", any_log, 0, "Ablauf", "schreibt jede SQL-Anweisung als JSON-Zeile mit",
      [](Options& o, const std::string& value, const OptionContext&) { o.statement_log = not_empty(value); }},
-    {"--quiet", "", any_log, 0, "Ablauf", "kein Fortschrittsbalken, keine Hinweise",
+    {"--report", "DATEI", writing, 0, "Ablauf", "schreibt einen Bericht über den Lauf als JSON, mit - auf\ndie Standardausgabe statt des Pfades",
+     [](Options& o, const std::string& value, const OptionContext&) { o.report = not_empty(value); }},
+    {"--strict", "", writing, 0, "Ablauf", "Rückgabewert 4 auch bei fehlenden Beschriftungen und\nunlesbaren Protokollsätzen",
+     [](Options& o, const std::string&, const OptionContext&) { o.strict = true; }},
+    {"--fail-on-empty", "", writing, 0, "Ablauf", "Rückgabewert 5 statt 0, wenn es keine Daten gibt",
+     [](Options& o, const std::string&, const OptionContext&) { o.fail_on_empty = true; }},
+    {"--quiet", "", any_log, 0, "Ablauf", "kein Fortschrittsbalken, keine Hinweise, keine Bilanz",
      [](Options& o, const std::string&, const OptionContext&) { o.quiet = true; }},
     {"--seed", "ZAHL", sampling, 0, "Ablauf", "gleiche Zahl, gleicher Inhalt (Vorgabe: 1)",
      [](Options& o, const std::string& value, const OptionContext&) {
@@ -147,6 +166,10 @@ constexpr OptionRow option_rows[] = {
 }  // namespace
 
 std::span<const CommandRow> command_table() { return command_rows; }
+std::string_view command_name(Command command) {
+    const CommandRow* const row = std::ranges::find(command_rows, command, &CommandRow::command);
+    return row == std::end(command_rows) ? std::string_view() : row->name;
+}
 std::span<const OptionRow> option_table() { return option_rows; }
 
 }  // namespace prot

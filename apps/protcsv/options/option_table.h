@@ -36,6 +36,8 @@ struct OptionRow {
 };
 
 std::span<const CommandRow> command_table();
+/// Empty for a command without a name of its own.
+std::string_view command_name(Command command);
 std::span<const OptionRow> option_table();
 
 }  // namespace prot

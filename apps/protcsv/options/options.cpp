@@ -205,6 +205,13 @@ void require_period(const LogRequest& request) {
         throw UsageError("--from liegt hinter --to");
 }
 
+void require_output(const Options& options) {
+    if (options.no_clobber && options.output.empty())
+        throw UsageError("--no-clobber gilt nur zusammen mit --output");
+    if (options.output == standard_stream && options.report == standard_stream)
+        throw UsageError("--output - und --report - brauchen beide die Standardausgabe");
+}
+
 /// The help of the command that was chosen, else the program's.
 std::string help_of(CommandLine& line) {
     const CommandParser* const chosen = line.chosen();
@@ -231,6 +238,7 @@ Options read(std::vector<std::string> arguments, const OptionContext& context) {
     options.command = chosen->row->command;
     apply(*chosen, options, context);
     require_period(options.request);
+    require_output(options);
     return options;
 }
 

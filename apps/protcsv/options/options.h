@@ -13,6 +13,9 @@
 
 namespace prot {
 
+/// The name that stands for a standard stream where a file is asked for.
+inline constexpr std::string_view standard_stream = "-";
+
 enum class Command { show_text, export_log, delete_log, run, sample, sections };
 
 /// What of the log is asked for; the arguments of gCSVAusgabe.
@@ -31,6 +34,11 @@ struct Options {
     LogRequest request;      ///< run reads it from `parameters`
     std::string parameters;  ///< psCommandline, verbatim
     CsvFileOptions csv;
+    std::string output;       ///< pattern of the CSV file's name, "-" for standard output; empty: none
+    bool no_clobber = false;  ///< `output` replaces no file
+    std::string report;       ///< file, "-" for standard output; empty: none
+    bool strict = false;      ///< what is left out for want of a caption or a document counts, too
+    bool fail_on_empty = false;
     std::string statement_log;           ///< file; empty: none
     std::optional<std::string> answers;  ///< file of prepared answers, "-" for standard input
     int threads = 2;                     ///< 2: rows are read ahead; 1: all in turn

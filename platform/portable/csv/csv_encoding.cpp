@@ -40,6 +40,20 @@ int windows_1252_byte(char32_t code_point) {
     return static_cast<int>(0x80 + (found - std::begin(windows_1252_block)));
 }
 
+/// Calls `use` with each character of `text`, or byte that is none, and its windows-1252 byte; -1 without
+/// one.
+template <typename Use>
+void for_each_character(std::string_view text, Use use) {
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at != end;) {
+        const Utf8Sequence character = utf8_sequence(at, end);
+        const std::size_t length = std::max<std::size_t>(character.length, 1);
+        use(std::string_view(at, character.length),
+            character.length == 0 ? -1 : windows_1252_byte(character.code_point));
+        at += length;
+    }
+}
+
 bool begins_like_formula(std::string_view cell) {
     if (cell.empty()) return false;
     const char first = cell.front();
@@ -90,14 +104,10 @@ std::string_view byte_order_mark(CsvEncoding encoding) {
 
 bool append_windows_1252(std::string_view text, std::string& out) {
     bool replaced = false;
-    const char* const end = text.data() + text.size();
-    for (const char* at = text.data(); at != end;) {
-        const Utf8Sequence character = utf8_sequence(at, end);
-        const int byte = character.length == 0 ? -1 : windows_1252_byte(character.code_point);
+    for_each_character(text, [&](std::string_view, int byte) {
         replaced |= byte < 0;
         out += byte < 0 ? '?' : static_cast<char>(byte);
-        at += std::max<std::size_t>(character.length, 1);
-    }
+    });
     return replaced;
 }
 
@@ -133,7 +143,7 @@ inline std::uint8_t CsvLineEncoder::cares_of(std::string_view cell) const {
 bool CsvLineEncoder::encode(std::string_view& cell) {
     encoded_.clear();
     if (windows_1252_) {
-        replaced_characters_ |= append_windows_1252(cell, encoded_);
+        if (append_windows_1252(cell, encoded_)) note_replaced(cell);
     } else if (is_valid_utf8(cell)) {
         return false;
     } else {
@@ -141,6 +151,16 @@ bool CsvLineEncoder::encode(std::string_view& cell) {
     }
     cell = encoded_;
     return true;
+}
+
+void CsvLineEncoder::note_replaced(std::string_view cell) {
+    for_each_character(cell, [this](std::string_view character, int byte) {
+        if (byte >= 0) return;
+        ++replaced_characters_.count;
+        std::vector<ReplacedCharacters::Place>& places = replaced_characters_.first;
+        if (places.size() < ReplacedCharacters::most_places)
+            places.push_back({line_, column_, std::string(character.empty() ? "\uFFFD" : character)});
+    });
 }
 
 /// Of several bytes, which no single byte of a cell gives away.
@@ -164,15 +184,18 @@ void CsvLineEncoder::append_with_care(std::string_view cell, std::uint8_t cares,
 }
 
 void CsvLineEncoder::append_line(std::span<const std::string> cells, std::string& out) {
+    ++line_;
     if (above_.size() < cells.size()) above_.resize(cells.size());
     for (std::size_t index = 0; index < cells.size(); ++index) {
         if (index > 0) out += separator_;
         const std::string& cell = cells[index];
         CellAbove& above = above_[index];
-        if (above.cell != cell)
+        if (above.cell != cell) {
+            column_ = index + 1;
             append_cell(cell, above, out);
-        else
+        } else {
             out += above.is_plain ? cell : above.bytes;
+        }
     }
     out += "\r\n";
 }
@@ -181,11 +204,13 @@ void CsvLineEncoder::append_cell(const std::string& cell, CellAbove& above, std:
     const std::uint8_t cares = cares_of(cell);
     const bool is_plain = cares == 0 && !begins_like_formula(cell);  // as most cells are
     const std::size_t start = out.size();
+    const std::int64_t replaced = replaced_characters_.count;
     if (is_plain)
         out += cell;
     else
         append_with_care(cell, cares, out);
-    const bool kept = cell.size() <= longest_kept;
+    // What was replaced is counted in every line.
+    const bool kept = cell.size() <= longest_kept && replaced_characters_.count == replaced;
     above.is_plain = is_plain || !kept;
     above.cell.assign(cell, 0, kept ? cell.size() : 0);
     above.bytes.assign(out, start, above.is_plain ? 0 : std::string::npos);

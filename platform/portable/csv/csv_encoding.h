@@ -11,6 +11,22 @@ namespace prot {
 
 enum class CsvEncoding { utf8_bom, utf8, windows_1252 };
 
+/// Characters that an encoding cannot hold, so that they became question marks: all counted, the first
+/// listed.
+struct ReplacedCharacters {
+    static constexpr std::size_t most_places = 1000;
+
+    struct Place {
+        std::int64_t line = 0;   ///< of the file, from 1; as a spreadsheet counts them
+        std::size_t column = 0;  ///< from 1
+        std::string character;   ///< as UTF-8; what was no character is U+FFFD
+        bool operator==(const Place&) const = default;
+    };
+
+    std::int64_t count = 0;
+    std::vector<Place> first;
+};
+
 /// The bytes of CSV lines. Cells come as UTF-8. A line ends in CR LF; a cell is quoted only when it holds the
 /// separator, a double quote, CR or LF, quotes inside doubled (RFC 4180).
 class CsvLineEncoder {
@@ -22,8 +38,8 @@ public:
     /// Appends one line to `out`.
     void append_line(std::span<const std::string> cells, std::string& out);
 
-    /// Whether windows-1252 could not hold a character of a line so far, so that it became a question mark.
-    bool replaced_characters() const { return replaced_characters_; }
+    /// What windows-1252 could not hold of the lines so far.
+    const ReplacedCharacters& replaced_characters() const { return replaced_characters_; }
 
 private:
     /// A cell of the last line, and its bytes where they are others. Most cells of a line are those of the
@@ -34,6 +50,7 @@ private:
     };
 
     void append_cell(const std::string& cell, CellAbove& above, std::string& out);
+    void note_replaced(std::string_view cell);
     void append_with_care(std::string_view cell, std::uint8_t cares, std::string& out);
     std::uint8_t cares_of(std::string_view cell) const;
     bool encode(std::string_view& cell);
@@ -43,7 +60,9 @@ private:
     std::string separator_;                  // in the file's encoding
     bool windows_1252_;
     bool guards_;
-    bool replaced_characters_ = false;
+    ReplacedCharacters replaced_characters_;
+    std::int64_t line_ = 0;
+    std::size_t column_ = 0;  // of the cell at hand, from 1
     std::string encoded_;
 
     std::vector<CellAbove> above_;

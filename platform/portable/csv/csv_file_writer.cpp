@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/portable/files/same_place.h"
+
 namespace prot {
 
 namespace {
@@ -28,12 +30,16 @@ public:
         abandon();
         path_.clear();
         std::string name = file_name;
-        if (ask_user) {
+        Existing existing = ask_user ? Existing::replaced : Existing::kept;
+        if (!options_.output.empty()) {
+            name = path_text(options_.output);
+            existing = options_.existing_output;
+        } else if (ask_user) {
             const std::optional<std::string> choice = host_.ask_file_name(file_name);
             if (!choice) return false;
             if (!choice->empty()) name = *choice;
         }
-        start(name, ask_user ? Existing::replaced : Existing::kept);
+        start(name, existing);
         file_name = std::move(name);
         return true;
     }
@@ -62,7 +68,8 @@ public:
         forget_file();
         finished_ = true;
         host_.file_finished(path_);
-        if (encoder_->replaced_characters()) host_.characters_replaced(path_);
+        const ReplacedCharacters& replaced = encoder_->replaced_characters();
+        if (replaced.count > 0) host_.characters_replaced(path_, replaced);
     }
 
     void show() {
@@ -99,14 +106,13 @@ private:
             abandon();
             throw;
         }
+        host_.file_begins();
         buffer_ = byte_order_mark(options_.encoding);
     }
 
     void require_own_file(const std::filesystem::path& target) const {
-        std::error_code ignored;
         for (const std::filesystem::path& other : options_.never_replaced) {
-            if (std::filesystem::equivalent(target, other, ignored))
-                throw file_error(target, "der Lauf selbst braucht diese Datei");
+            if (is_same_place(target, other)) throw file_error(target, "der Lauf selbst braucht diese Datei");
         }
     }
 
@@ -116,6 +122,7 @@ private:
 
     void flush() {
         file_->write(buffer_);
+        host_.bytes_written(buffer_);
         buffer_.clear();
         if (buffer_.capacity() <= kept_bytes) return;
         buffer_ = std::string();

@@ -13,6 +13,8 @@
 namespace prot {
 
 struct CsvFileOptions {
+    std::filesystem::path output;  ///< the name of every file, whoever would be asked; empty: the exporter's
+    Existing existing_output = Existing::replaced;  ///< what becomes of a file of that name
     std::filesystem::path folder;  ///< where relative file names lie; made when it does not exist
     std::vector<std::filesystem::path>
         never_replaced;           // files of the same run that a person might name by mistake
@@ -37,7 +39,11 @@ public:
     virtual void file_finished(const std::string& path) = 0;
 
     /// The encoding cannot hold some characters of the file; they became question marks. Once per file.
-    virtual void characters_replaced(const std::string& path) = 0;
+    virtual void characters_replaced(const std::string& path, const ReplacedCharacters& characters) = 0;
+
+    /// A file begins, and bytes of it have been written; in their order, many at once.
+    virtual void file_begins() {}
+    virtual void bytes_written(std::string_view /*bytes*/) {}
 
     /// Present the finished file to the person.
     virtual void show_file(const std::string& path) = 0;

@@ -1,8 +1,5 @@
-#include <sys/resource.h>
-
-#include <csignal>
-
 #include "tests/faults/support/faulty_sections.h"
+#include "tests/faults/support/file_size_limit.h"
 #include "tests/faults/support/whole_run.h"
 
 /// Each step of writing the file fails, in turn.
@@ -40,23 +37,6 @@ TEST_F(FileFaults, LeaveTheEarlierFileOrTheWholeNewOne) {
             if (HasFailure()) return;
         }
 }
-
-/// A limit of the process on the size of files, while it lives: the system writes up to it and then refuses.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(std::size_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &before_); }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    rlimit before_{};
-};
 
 TEST_F(FileFaults, AFileThatCannotGrowToItsSizeIsNotLeftHalf) {
     WholeProgram program = exporting();

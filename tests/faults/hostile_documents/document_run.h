@@ -46,10 +46,12 @@ protected:
         EXPECT_EQ(files_in_out(), 1);
     }
 
-    /// What stands on standard error behind the questions and their answers.
+    /// What stands on standard error between the questions with their answers and the closing line.
     static std::string notices(const std::string& errors) {
-        const std::size_t last_question = errors.find("Dateiname [");
-        return errors.substr(errors.find('\n', last_question) + 1);
+        const std::size_t begin = errors.find('\n', errors.find("Dateiname [")) + 1;
+        const std::size_t end = errors.rfind('\n', errors.size() - 2) + 1;
+        EXPECT_NE(errors.find(" gelesen, ", end), std::string::npos) << errors;
+        return errors.substr(begin, end - begin);
     }
 };
 

@@ -164,7 +164,8 @@ TEST_P(LargeDocuments, AreExportedInBoundedMemoryAndTime) {
     EXPECT_TRUE(written.starts_with(first));
     EXPECT_TRUE(written.ends_with(last));
     EXPECT_EQ(std::count(written.begin(), written.end(), '\n'), static_cast<std::ptrdiff_t>(4 + large.lines));
-    const bool named = text_of(folder / "stderr").ends_with("unlesbarem Änderungsdokument: 2\n");
+    const bool named =
+        text_of(folder / "stderr").find("unlesbarem Änderungsdokument: 2\n") != std::string::npos;
     EXPECT_EQ(named, !large.readable);
 }
 

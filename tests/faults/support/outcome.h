@@ -49,6 +49,11 @@ inline std::ptrdiff_t lines_left_out(const std::string& whole, const std::string
     return static_cast<std::ptrdiff_t>(all.size() - kept.size());
 }
 
+/// Whether the notices say that look-ups failed.
+inline bool tells_of_failed_lookups(const std::string& errors) {
+    return errors.find("Die Datei kann unvollständig sein: ") != std::string::npos;
+}
+
 /// How many fields without caption the notices count.
 inline std::ptrdiff_t fields_without_caption(const std::string& errors) {
     for (const std::string& line : lines_in(errors))

@@ -33,7 +33,8 @@ TEST(HostPosix, LeavesNoHalfFileWhenTheProgramIsStoppedButAFinishedOne) {
                 LineDisplays displays({terminal, boxes});
                 Options options;
                 options.csv.folder = folder.path();
-                Host host(options, terminal, displays);
+                RunAccount account;
+                Host host(options, displays, account);
                 const auto writer = host.create_csv_writer();
                 std::string name = "Prot.csv";
                 writer->open(name, false);

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "tests/unit/support/fakes.h"
 #include "tests/unit/support/temporary_folder.h"
 
@@ -28,30 +26,24 @@ public:
         return file_name;
     }
     void show_file(const std::string& path) override { shown.push_back(path); }
-    void tell(std::string_view) override {}
+    void tell(Telling, std::string_view) override {}
 };
 
 class HostTest : public testing::Test {
 protected:
-    HostTest() : terminal(settings()) {
+    HostTest() {
         options.database = folder.text("x.db");
         options.csv.folder = text_path(folder.text("Ziel"));
     }
-    TerminalSettings settings() {
-        TerminalSettings with_output;
-        with_output.output = &output;
-        return with_output;
-    }
 
     const TemporaryFolder folder;
-    std::ostringstream output;
-    Terminal terminal;
     FakeDisplays displays;
+    RunAccount account;
     Options options;
 };
 
 TEST_F(HostTest, ShowsEverythingByItsDisplays) {
-    Host host(options, terminal, displays);
+    Host host(options, displays, account);
     const Environment environment = host.environment();
     environment.message_boxes.show("Keine Daten vorhanden!", BoxStyle::information, "Protokollierung");
     Form form;
@@ -64,27 +56,26 @@ TEST_F(HostTest, ShowsEverythingByItsDisplays) {
     EXPECT_EQ(displays.faces.setups, std::vector<int>{1000});
     EXPECT_EQ(displays.faces.errors, (std::vector<test::ShownError>{{5, "Quelle", "Beschreibung"}}));
     EXPECT_EQ(displays.faces.help_topics, std::vector<std::string>{"karte.xml#HID_1"});
-    EXPECT_EQ(output.str(), "");
 }
 
 TEST_F(HostTest, AsksForTheFileInTheRunsFolderAndPresentsItWhenItIsFinished) {
     displays.file_name = "Meine.csv";
-    Host host(options, terminal, displays);
+    Host host(options, displays, account);
     const auto writer = host.environment().components.create_csv_writer();
     std::string name = "Prot.csv";
     ASSERT_TRUE(writer->open(name, true));
     EXPECT_EQ(displays.asked, (std::vector<std::string>{"Prot.csv", path_text(options.csv.folder)}));
-    EXPECT_EQ(host.finished_file(), "");
+    EXPECT_EQ(account.file, "");
     writer->close();
     const std::string path = path_text(options.csv.folder / "Meine.csv");
-    EXPECT_EQ(host.finished_file(), path);
+    EXPECT_EQ(account.file, path);
     EXPECT_EQ(displays.shown, std::vector<std::string>{});
     writer->show();
     EXPECT_EQ(displays.shown, std::vector<std::string>{path});
 }
 
 TEST_F(HostTest, WritesNoFileWhenThePersonCancels) {
-    Host host(options, terminal, displays);
+    Host host(options, displays, account);
     std::string name = "Prot.csv";
     EXPECT_FALSE(host.environment().components.create_csv_writer()->open(name, true));
     EXPECT_EQ(folder.entries(), 0U);
@@ -93,9 +84,11 @@ TEST_F(HostTest, WritesNoFileWhenThePersonCancels) {
 TEST_F(HostTest, NeverWritesOverTheFilesOfItsOwnRun) {
     options.statement_log = folder.text("log.json");
     options.answers = folder.text("antworten");
-    for (const std::string& file : {options.database, options.statement_log, *options.answers}) {
+    options.report = folder.text("bericht.json");
+    for (const std::string& file :
+         {options.database, options.statement_log, *options.answers, options.report}) {
         write_file(text_path(file), "alt");
-        Host host(options, terminal, displays);
+        Host host(options, displays, account);
         std::string name = file;
         EXPECT_THROW(host.environment().components.create_csv_writer()->open(name, false), AutomationError)
             << file;
@@ -104,34 +97,70 @@ TEST_F(HostTest, NeverWritesOverTheFilesOfItsOwnRun) {
 }
 
 TEST_F(HostTest, KnowsTheNameOfItsDatabase) {
-    Host host(options, terminal, displays);
+    Host host(options, displays, account);
     EXPECT_EQ(host.environment().connection_information.fields(1206)[9], "x.db");
 }
 
 TEST_F(HostTest, ReadsChangeDocuments) {
-    Host host(options, terminal, displays);
+    Host host(options, displays, account);
     const auto reader = host.environment().components.create_change_document_reader();
     EXPECT_FALSE(reader->load("kein Dokument"));
 }
 
-TEST_F(HostTest, SaysWhereCharactersWereReplaced) {
+TEST_F(HostTest, KeepsWhichCharactersWereReplaced) {
     options.csv.encoding = CsvEncoding::windows_1252;
-    Host host(options, terminal, displays);
+    Host host(options, displays, account);
     const auto writer = host.environment().components.create_csv_writer();
     std::string name = "Prot.csv";
     writer->open(name, false);
     const std::string cells[] = {"Ω"};
     writer->write_line(cells);
-    EXPECT_EQ(output.str(), "") << "once, at the end";
     writer->close();
-    EXPECT_EQ(output.str(), ": Was die Kodierung nicht kennt, steht als ? in der Datei „" +
-                                path_text(options.csv.folder / "Prot.csv") + "“.\n");
+    EXPECT_EQ(account.replaced.count, 1);
+}
+
+TEST_F(HostTest, CountsTheBytesOfAFileAndSumsThemUpWhereThatIsWanted) {
+    Host host(options, displays, account);
+    const auto writer = host.environment().components.create_csv_writer();
+    const std::string cells[] = {"abc"};
+    const auto write = [&] {
+        std::string name = "Prot.csv";
+        writer->open(name, false);
+        writer->write_line(cells);
+        writer->close();
+    };
+    write();
+    EXPECT_EQ(account.bytes, 8) << "with the byte order mark";
+    EXPECT_FALSE(account.sum);
+    account.sum.emplace();
+    write();
+    EXPECT_EQ(account.bytes, 8) << "of the last file alone";
+    Sha256 expected;
+    expected.add(content_of(options.csv.folder / "Prot-2.csv"));
+    EXPECT_EQ(account.sum->hexadecimal(), expected.hexadecimal());
+}
+
+TEST_F(HostTest, NotesTheFirstErrorThatIsShown) {
+    Host host(options, displays, account);
+    const auto display = host.environment().components.create_error_display();
+    display->ZQ_gShowError(5, "Quelle", "zuerst");
+    display->ZQ_gShowError(5, "Quelle", "danach");
+    EXPECT_EQ(account.message, "zuerst");
+    EXPECT_EQ(displays.faces.errors.size(), 2U);
+}
+
+TEST_F(HostTest, GivesANameThatAPersonTypesItsEnding) {
+    displays.file_name = "Meine";
+    Host host(options, displays, account);
+    std::string name = "Prot.csv";
+    ASSERT_TRUE(host.environment().components.create_csv_writer()->open(name, true));
+    EXPECT_EQ(name, "Meine.csv");
 }
 
 TEST_F(HostTest, CountsWhatTheExporterLeavesOut) {
-    Host host(options, terminal, displays);
+    Host host(options, displays, account);
     host.environment().notices.record_read(17, 0, NoLine::unreadable_document);
-    EXPECT_EQ(host.notices().documents_text(), "1 Protokollsatz mit unlesbarem Änderungsdokument: 17\n");
+    EXPECT_EQ(account.notices.documents_text(), "1 Protokollsatz mit unlesbarem Änderungsdokument: 17\n");
 }
 
 }  // namespace

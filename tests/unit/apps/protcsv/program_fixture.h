@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <regex>
 #include <sstream>
 #include <streambuf>
 #include <string>
@@ -43,6 +44,7 @@ protected:
         const int status = run_program(arguments, console, scripted_sections());
         output = out.str();
         errors = err.str();
+        take_closing_line();
         return status;
     }
 
@@ -64,10 +66,20 @@ protected:
     std::string input;
     bool in_is_terminal = false;
     bool err_is_terminal = false;
-    std::string output;  ///< standard output of the last run
-    std::string errors;  ///< standard error of the last run
+    std::string output;   ///< standard output of the last run
+    std::string errors;   ///< standard error of the last run, but for its closing line
+    std::string closing;  ///< the line that says what was read and written, $TIME for its time; empty: none
 
 private:
+    void take_closing_line() {
+        static const std::regex line("([^\\r\\n]* gelesen, [^\\n]*, )[0-9 ]+,[0-9] s\\n$");
+        std::smatch match;
+        closing.clear();
+        if (!std::regex_search(errors, match, line)) return;
+        closing = match[1].str() + "$TIME";
+        errors.erase(static_cast<std::size_t>(match.position(1)));
+    }
+
     const TemporaryFolder folder_;
 };
 

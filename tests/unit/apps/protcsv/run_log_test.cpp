@@ -200,13 +200,13 @@ TEST_F(RunLog, AsksThePersonBeforeItDeletes) {
     EXPECT_EQ(run_section("delete", "delete"), 0);
 }
 
-TEST_F(RunLog, TellsWhatWasLeftOutUnlessQuiet) {
+TEST_F(RunLog, TellsWhatWasLeftOutAndWhenQuietOnlyWhatIsLost) {
     EXPECT_EQ(export_batch("notices"), 0);
     EXPECT_EQ(errors,
               "1 Feld ohne Beschriftung blieb weg: T.f (1)\n"
               "1 Protokollsatz mit unlesbarem Änderungsdokument: 5\n");
     EXPECT_EQ(export_batch("notices", {"--quiet"}), 0);
-    EXPECT_EQ(errors, "");
+    EXPECT_EQ(errors, "1 Protokollsatz mit unlesbarem Änderungsdokument: 5\n");
 }
 
 TEST_F(RunLog, DrawsAProgressBarOnlyOnATerminalThatIsNotQuiet) {
@@ -214,6 +214,7 @@ TEST_F(RunLog, DrawsAProgressBarOnlyOnATerminalThatIsNotQuiet) {
     EXPECT_EQ(export_batch("file"), 0);
     EXPECT_EQ(errors.find("\r[....."), 0u);
     EXPECT_TRUE(errors.ends_with(" \r")) << "wiped at the end";
+    EXPECT_NE(closing, "");
     EXPECT_EQ(export_batch("file", {"--quiet"}), 0);
     EXPECT_EQ(errors, "");
 }
@@ -247,6 +248,20 @@ TEST_F(RunLog, NeverWritesTheStatementsOverTheAnswers) {
     EXPECT_EQ(read("antworten"), "EUR\n");
 }
 
+TEST_F(RunLog, WritesTheStatementsOverAnEarlierLogOfThemAndOverNothingElse) {
+    EXPECT_EQ(export_batch("statements", {"--sql-log", path("log")}), 0);
+    EXPECT_EQ(export_batch("file", {"--sql-log", path("log")}), 0) << "an earlier log";
+    EXPECT_EQ(read("log"), "");
+    EXPECT_EQ(export_batch("statements", {"--sql-log", path("log")}), 0) << "an empty file";
+    for (const char* text : {"wichtig", "{", "{\"report\": 1}"}) {
+        write("anderes", text);
+        EXPECT_EQ(export_batch("statements", {"--sql-log", path("anderes")}), 2) << text;
+        EXPECT_EQ(errors, "protcsv: --sql-log: die Datei „" + path("anderes") +
+                              "“ gibt es schon, und sie ist kein früheres Protokoll der Anweisungen\n");
+        EXPECT_EQ(read("anderes"), text);
+    }
+}
+
 TEST_F(RunLog, NamesAStatementLogThatCannotBeCreated) {
     EXPECT_EQ(export_batch("file", {"--sql-log", path("fehlt/log")}), 1);
     EXPECT_EQ(errors,
@@ -254,10 +269,13 @@ TEST_F(RunLog, NamesAStatementLogThatCannotBeCreated) {
     EXPECT_EQ(output, "");
 }
 
-TEST_F(RunLog, SaysOnceThatTheEncodingCannotHoldSomeCharacters) {
+TEST_F(RunLog, SaysWhichCharactersTheEncodingCannotHold) {
     EXPECT_EQ(export_batch("file", {"--user", "Ω", "--encoding", "windows-1252"}), 0);
-    EXPECT_EQ(errors, "protcsv: Was die Kodierung nicht kennt, steht als ? in der Datei „" +
-                          path("Prot.csv") + "“.\n");
+    const std::string replaced = "1 Zeichen, das die Kodierung nicht kennt, steht als ? in der Datei „" +
+                                 path("Prot.csv") + "“: Ω in Zeile 1, Spalte 2\n";
+    EXPECT_EQ(errors, replaced);
+    EXPECT_EQ(export_batch("file", {"--user", "Ω", "--encoding", "windows-1252", "--quiet"}), 0);
+    EXPECT_NE(errors.find("Ω in Zeile 1, Spalte 2\n"), std::string::npos) << "a loss is told all the same";
 }
 
 TEST_F(RunLog, OpensTheDatabaseForWritingOnlyToDelete) {
@@ -312,12 +330,12 @@ TEST_F(RunLog, TellsOfFailedLookupsEvenWhenQuiet) {
     const std::string failed =
         "Die Datei kann unvollständig sein: 1 Abfrage einer Beschriftung oder eines früheren Wertes schlug "
         "fehl, zuerst: Es fehlt tX.\n";
-    EXPECT_EQ(export_batch("lookups"), 0);
+    EXPECT_EQ(export_batch("lookups"), 4);
     EXPECT_EQ(errors, failed +
                           "1 Feld ohne Beschriftung blieb weg: T.f (1)\n"
                           "1 Protokollsatz mit unlesbarem Änderungsdokument: 5\n");
-    EXPECT_EQ(export_batch("lookups", {"--quiet"}), 0);
-    EXPECT_EQ(errors, failed);
+    EXPECT_EQ(export_batch("lookups", {"--quiet"}), 4);
+    EXPECT_EQ(errors, failed + "1 Protokollsatz mit unlesbarem Änderungsdokument: 5\n");
     EXPECT_EQ(output, path("Prot-2.csv") + "\n") << "beside the file of the run before";
 }
 
@@ -405,7 +423,7 @@ TEST_F(RunLog, FailsWhenThePathOfTheFileDoesNotReachStandardOutput) {
     std::ostream out(&full);
     std::ostringstream err;
     const std::vector<std::string> arguments = {"export",   "--db",       database(), "--section", "file",
-                                                "--params", "/autostart", "--out",    path("")};
+                                                "--params", "/autostart", "--out",    path(""),    "--quiet"};
     EXPECT_EQ(run_program(arguments, {in, out, err}, scripted_sections()), 1);
     EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
 }
@@ -415,7 +433,9 @@ class TellingDisplays : public LineDisplays {
 public:
     TellingDisplays(const DisplayMeans& means, std::vector<std::string>& told)
         : LineDisplays(means), told_(told) {}
-    void tell(std::string_view text) override { told_.emplace_back(text); }
+    void tell(Telling kind, std::string_view text) override {
+        told_.push_back((kind == Telling::warning ? "Warnung: " : "Hinweis: ") + std::string(text));
+    }
 
 private:
     std::vector<std::string>& told_;
@@ -437,8 +457,33 @@ TEST_F(RunLog, TellsNothingWhereNothingIsToBeSaid) {
     options.request.section = 14;
     options.parameters = "/autostart";
     options.csv.folder = text_path(path(""));
-    EXPECT_EQ(run_log(options, {in, out, err}, scripted_sections(), displays), 0);
-    EXPECT_EQ(told.size(), 2U) << "failures and notices";
+    EXPECT_EQ(run_log(options, {in, out, err}, scripted_sections(), displays), 4);
+    ASSERT_EQ(told.size(), 1U) << "in a window one box, not one after another";
+    EXPECT_TRUE(told[0].starts_with("Warnung: Die Datei kann unvollständig sein: ")) << told[0];
+}
+
+TEST_F(RunLog, WarnsOfWhatIsLostAndOnlyMentionsMissingCaptions) {
+    const struct {
+        std::int32_t section;
+        bool strict;
+        const char* kind;
+    } cases[] = {{20, false, "Warnung: "}, {21, false, "Hinweis: "}, {21, true, "Warnung: "}};
+    for (const auto& row : cases) {
+        Options options;
+        options.command = Command::export_log;
+        options.database = database();
+        options.request.section = row.section;
+        options.strict = row.strict;
+        options.parameters = "/autostart";
+        options.csv.folder = text_path(path(""));
+        std::istringstream in;
+        std::ostringstream out, err;
+        std::vector<std::string> told;
+        run_log(options, {in, out, err}, scripted_sections(),
+                [&](const DisplayMeans& means) { return std::make_unique<TellingDisplays>(means, told); });
+        ASSERT_EQ(told.size(), 1U) << row.section;
+        EXPECT_TRUE(told[0].starts_with(row.kind)) << told[0];
+    }
 }
 
 /// Which displays a run may have, on a console that may give its whole screen.

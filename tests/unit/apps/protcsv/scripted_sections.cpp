@@ -84,6 +84,37 @@ void leave_something_out(Call& call) {
     write_file(call);
 }
 
+/// As many lines as a spreadsheet takes below the two of the head.
+void fill_a_spreadsheet(Call& call) {
+    call.environment.notices.record_read(1, 1'048'574, NoLine::none);
+    write_file(call);
+}
+
+void overfill_a_spreadsheet(Call& call) {
+    call.environment.notices.record_read(2, 1, NoLine::none);
+    fill_a_spreadsheet(call);
+}
+
+/// Two records, one without line; what is selected is known before.
+void read_records(Call& call) {
+    call.environment.notices.filter_accepted("Alles von Max");
+    call.environment.notices.record_read(1, 3, NoLine::none);
+    call.environment.notices.record_read(2, 0, NoLine::without_changes);
+    call.database.query_value("SELECT COUNT(*) FROM tDevisenWaehr WHERE 1 = 2");
+    write_file(call);
+}
+
+void lack_a_document(Call& call) {
+    call.environment.notices.record_read(5, 0, NoLine::unreadable_document);
+    write_file(call);
+}
+
+void lack_a_caption(Call& call) {
+    call.environment.notices.field_without_caption("T", "f");
+    call.environment.notices.record_read(5, 0, NoLine::no_field_exported);
+    write_file(call);
+}
+
 void send_statements(Call& call) {
     call.database.query_array("SELECT idDevisenWaehr FROM tDevisenWaehr WHERE 1 = 2");
     call.database.query_value("SELECT COUNT(*) FROM tDevisenWaehr WHERE 1 = 2");
@@ -158,6 +189,11 @@ constexpr Section sections[] = {
     {14, "lookups", "Abfragen", create<fail_to_look_up>},
     {15, "left-out", "Ausgelassen", create<leave_something_out_and_fail>},
     {16, "surprise", "Überraschung", create<raise_surprise>},
+    {17, "full", "Volles Blatt", create<fill_a_spreadsheet>},
+    {18, "too-full", "Übervolles Blatt", create<overfill_a_spreadsheet>},
+    {19, "records", "Sätze", create<read_records>},
+    {20, "document", "Dokument", create<lack_a_document>},
+    {21, "caption", "Beschriftung", create<lack_a_caption>},
 };
 
 }  // namespace

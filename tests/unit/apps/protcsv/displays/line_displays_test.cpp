@@ -52,7 +52,7 @@ TEST_F(LineDisplaysTest, MarkTheRunByAProblemReport) {
 }
 
 TEST_F(LineDisplaysTest, TellWhatIsToBeSaidAndPresentNoFile) {
-    displays.tell("Hinweis\n");
+    displays.tell(Telling::notice, "Hinweis\n");
     displays.show_file("Prot.csv");
     EXPECT_EQ(output.str(), "Hinweis\n");
     EXPECT_EQ(terminal.outcome(), Outcome::done);

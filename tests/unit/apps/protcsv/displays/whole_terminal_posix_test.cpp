@@ -80,7 +80,7 @@ TEST_F(WholeTerminalTest, LeavesEverythingToTheLinesWhileNoFormIsOpen) {
     displays->message_boxes().show("Keine Daten", BoxStyle::information, "Titel");
     displays->create_error_display()->ZQ_gShowError(5, "A", "B");
     displays->create_help_display()->show_topic("karte.xml", "HID_KEINES");
-    displays->tell("Hinweis\n");
+    displays->tell(Telling::notice, "Hinweis\n");
     EXPECT_TRUE(screen->titles.empty());
     EXPECT_TRUE(output.str().starts_with("[Titel] Keine Daten\nProblembericht\n")) << output.str();
     EXPECT_TRUE(output.str().ends_with("neben dem Programm.\nHinweis\n")) << output.str();

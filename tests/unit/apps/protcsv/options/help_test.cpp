@@ -58,6 +58,10 @@ Auswahl:
 
 Ausgabe:
   --out ORDNER          Zielordner, wird angelegt (Vorgabe: aktueller Ordner)
+  --output DATEI        Name der Datei, die auch ersetzt wird; darin stehen
+                        {section}, {client}, {date} und {time} für Angaben des
+                        Laufs; - schreibt auf die Standardausgabe
+  --no-clobber          lehnt den Lauf ab, wenn es die Datei von --output gibt
   --separator ZEICHEN   Trennzeichen oder tab (Vorgabe: ;)
   --encoding NAME       utf-8-bom (Vorgabe), utf-8 oder windows-1252
   --raw-cells           Zellen, die wie Formeln aussehen, nicht entschärfen
@@ -69,7 +73,12 @@ Ablauf:
   --threads 1|2         2 (Vorgabe) liest das Protokoll voraus, während Zeilen
                         geschrieben werden; 1 tut eins nach dem anderen
   --sql-log DATEI       schreibt jede SQL-Anweisung als JSON-Zeile mit
-  --quiet               kein Fortschrittsbalken, keine Hinweise
+  --report DATEI        schreibt einen Bericht über den Lauf als JSON, mit - auf
+                        die Standardausgabe statt des Pfades
+  --strict              Rückgabewert 4 auch bei fehlenden Beschriftungen und
+                        unlesbaren Protokollsätzen
+  --fail-on-empty       Rückgabewert 5 statt 0, wenn es keine Daten gibt
+  --quiet               kein Fortschrittsbalken, keine Hinweise, keine Bilanz
 
 Allgemein:
   -h,--help             zeigt diese Hilfe
@@ -105,7 +114,7 @@ Ablauf:
                         die Standardeingabe
   --plain               Fragen Zeile für Zeile statt als Bildschirmformular
   --sql-log DATEI       schreibt jede SQL-Anweisung als JSON-Zeile mit
-  --quiet               kein Fortschrittsbalken, keine Hinweise
+  --quiet               kein Fortschrittsbalken, keine Hinweise, keine Bilanz
 
 Allgemein:
   -h,--help             zeigt diese Hilfe
@@ -127,6 +136,10 @@ Auswahl:
 
 Ausgabe:
   --out ORDNER          Zielordner, wird angelegt (Vorgabe: aktueller Ordner)
+  --output DATEI        Name der Datei, die auch ersetzt wird; darin stehen
+                        {section}, {client}, {date} und {time} für Angaben des
+                        Laufs; - schreibt auf die Standardausgabe
+  --no-clobber          lehnt den Lauf ab, wenn es die Datei von --output gibt
   --separator ZEICHEN   Trennzeichen oder tab (Vorgabe: ;)
   --encoding NAME       utf-8-bom (Vorgabe), utf-8 oder windows-1252
   --raw-cells           Zellen, die wie Formeln aussehen, nicht entschärfen
@@ -138,7 +151,12 @@ Ablauf:
   --threads 1|2         2 (Vorgabe) liest das Protokoll voraus, während Zeilen
                         geschrieben werden; 1 tut eins nach dem anderen
   --sql-log DATEI       schreibt jede SQL-Anweisung als JSON-Zeile mit
-  --quiet               kein Fortschrittsbalken, keine Hinweise
+  --report DATEI        schreibt einen Bericht über den Lauf als JSON, mit - auf
+                        die Standardausgabe statt des Pfades
+  --strict              Rückgabewert 4 auch bei fehlenden Beschriftungen und
+                        unlesbaren Protokollsätzen
+  --fail-on-empty       Rückgabewert 5 statt 0, wenn es keine Daten gibt
+  --quiet               kein Fortschrittsbalken, keine Hinweise, keine Bilanz
 
 Allgemein:
   -h,--help             zeigt diese Hilfe

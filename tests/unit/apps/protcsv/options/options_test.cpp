@@ -274,6 +274,19 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
         {{"run", "--db", "x", "--params", "y", "--threads", "0"},
          "--threads: „0“ ist keine ganze Zahl von 1 bis 2 (Hilfe: protcsv run --help)",
          "somebody has to work"},
+        {{"export", "--db", "x", "--section", "15", "--output", "{tag}.csv"},
+         "--output: „{tag}“ ist kein Platzhalter; es gibt {section}, {client}, {date} und {time} (Hilfe: "
+         "protcsv export --help)",
+         "a word that stands for nothing"},
+        {{"export", "--db", "x", "--section", "15", "--no-clobber"},
+         "--no-clobber gilt nur zusammen mit --output (Hilfe: protcsv export --help)",
+         "a name of the program's own replaces nothing anyway"},
+        {{"run", "--db", "x", "--params", "y", "--output", "-", "--report", "-"},
+         "--output - und --report - brauchen beide die Standardausgabe (Hilfe: protcsv run --help)",
+         "two texts in one stream"},
+        {{"export", "--db", "x", "--section", "15", "--report="},
+         "--report: der Wert darf nicht leer sein (Hilfe: protcsv export --help)",
+         "empty path"},
         {{"sample", "x", "--seed", "-1"},
          "--seed: „-1“ ist keine ganze Zahl von 0 bis 18446744073709551615 (Hilfe: protcsv sample --help)",
          "negative seed"},
@@ -289,14 +302,16 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
 
 TEST(Options, EachCommandTakesItsOptionsAndNoOther) {
     const std::string log = "--db --params --answers --plain --sql-log --quiet ";
+    const std::string file =
+        "--out --output --no-clobber --separator --encoding --raw-cells --threads --report --strict "
+        "--fail-on-empty ";
     const struct {
         const char* command;
         std::string options;
     } rows[] = {
-        {"export",
-         log + "--section --user --from --to --events --out --separator --encoding --raw-cells --threads"},
+        {"export", log + file + "--section --user --from --to --events"},
         {"delete", log + "--section --user --from --to --events --yes --out"},
-        {"run", log + "--out --separator --encoding --raw-cells --threads"},
+        {"run", log + file},
         {"sample", "--seed --rows --section --overwrite"},
         {"sections", ""},
     };

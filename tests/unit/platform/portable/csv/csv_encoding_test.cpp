@@ -158,7 +158,7 @@ TEST(CsvEncoding, WritesWindows1252) {
         CsvLineEncoder encoder(";", CsvEncoding::windows_1252, false);
         encoder.append_line(std::vector{row.cell}, out);
         EXPECT_EQ(out, row.written + "\r\n") << row.why;
-        EXPECT_FALSE(encoder.replaced_characters()) << row.why;
+        EXPECT_EQ(encoder.replaced_characters().count, 0) << row.why;
     }
 }
 
@@ -168,8 +168,28 @@ TEST(CsvEncoding, ReplacesWhatWindows1252CannotHold) {
         CsvLineEncoder encoder(";", CsvEncoding::windows_1252, false);
         encoder.append_line(std::vector{std::string("a") + lost + "b"}, out);
         EXPECT_EQ(out, "a?b\r\n");
-        EXPECT_TRUE(encoder.replaced_characters());
+        EXPECT_EQ(encoder.replaced_characters().count, 1);
     }
+}
+
+TEST(CsvEncoding, CountsWhatItReplacesInEveryLineAndSaysWhere) {
+    std::string out;
+    CsvLineEncoder encoder(";", CsvEncoding::windows_1252, false);
+    encoder.append_line(std::vector<std::string>{"ä", "ŁaΩ"}, out);
+    encoder.append_line(std::vector<std::string>{"\xFF", "ŁaΩ"}, out);
+    EXPECT_EQ(encoder.replaced_characters().count, 5);
+    EXPECT_EQ(encoder.replaced_characters().first,
+              (std::vector<ReplacedCharacters::Place>{
+                  {1, 2, "Ł"}, {1, 2, "Ω"}, {2, 1, "\uFFFD"}, {2, 2, "Ł"}, {2, 2, "Ω"}}));
+}
+
+TEST(CsvEncoding, ListsAThousandPlacesAndCountsTheOthers) {
+    std::string out;
+    CsvLineEncoder encoder(";", CsvEncoding::windows_1252, false);
+    for (int i = 0; i < 1001; ++i) encoder.append_line(std::vector<std::string>{"Ω"}, out);
+    EXPECT_EQ(encoder.replaced_characters().count, 1001);
+    EXPECT_EQ(encoder.replaced_characters().first.size(), 1000U);
+    EXPECT_EQ(encoder.replaced_characters().first.back().line, 1000);
 }
 
 TEST(CsvEncoding, QuotesForASeparatorOfTheEncodingsOwn) {

@@ -31,10 +31,17 @@ struct RecordingHost : CsvFileHost {
         EXPECT_TRUE(std::filesystem::exists(text_path(path))) << path;
         told.push_back("finished " + path);
     }
-    void characters_replaced(const std::string& path) override { told.push_back("replaced " + path); }
+    void characters_replaced(const std::string& path, const ReplacedCharacters& characters) override {
+        told.push_back("replaced " + path);
+        replaced = characters;
+    }
+    void file_begins() override { bytes.clear(); }
+    void bytes_written(std::string_view more) override { bytes += more; }
     void show_file(const std::string& path) override { told.push_back("show " + path); }
 
     std::string last_unfinished;
+    ReplacedCharacters replaced;
+    std::string bytes;  // of the last file
 };
 
 class CsvFileWriterTest : public testing::Test {

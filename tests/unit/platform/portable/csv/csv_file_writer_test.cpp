@@ -228,6 +228,60 @@ TEST_F(CsvFileWriterTest, TellsOncePerFileThatCharactersWereReplaced) {
                                        "finished " + path_text(folder / "b.csv")));
 }
 
+TEST_F(CsvFileWriterTest, TellsWhichCharactersWereReplaced) {
+    CsvFileWriter writer(options(CsvEncoding::windows_1252), host);
+    open(writer, "a.csv");
+    write(writer, {"a", "Ł"});
+    writer.close();
+    EXPECT_EQ(host.replaced.count, 1);
+    EXPECT_EQ(host.replaced.first, (std::vector<ReplacedCharacters::Place>{{1, 2, "Ł"}}));
+}
+
+TEST_F(CsvFileWriterTest, HandsTheHostEveryByteOfAFile) {
+    CsvFileWriter writer(options(CsvEncoding::utf8_bom), host);
+    for (const char* name : {"a.csv", "b.csv"}) {
+        open(writer, name);
+        for (int i = 0; i < 1000; ++i) write(writer, {std::string(1000, 'x'), "ä"});
+        writer.close();
+        EXPECT_TRUE(host.bytes == content_of(folder / name)) << name;
+    }
+}
+
+TEST_F(CsvFileWriterTest, GivesEveryFileTheNameThatWasChosenBefore) {
+    CsvFileOptions chosen = options();
+    chosen.output = "gewählt.csv";
+    write_file(folder / "gewählt.csv", "alt");
+    CsvFileWriter writer(chosen, host);
+    for (const bool ask_user : {true, false}) {
+        EXPECT_EQ(open(writer, "vorschlag.csv", ask_user), "gewählt.csv");
+        write(writer, {ask_user ? "gefragt" : "stumm"});
+        writer.close();
+        EXPECT_EQ(content_of(folder / "gewählt.csv"), ask_user ? "gefragt\r\n" : "stumm\r\n");
+    }
+    EXPECT_EQ(std::count(host.told.begin(), host.told.end(), "ask vorschlag.csv"), 0);
+    EXPECT_EQ(folder.entries(), 1U);
+}
+
+TEST_F(CsvFileWriterTest, KeepsAnEarlierFileOfTheChosenNameWhereThatIsWanted) {
+    CsvFileOptions chosen = options();
+    chosen.output = "gewählt.csv";
+    chosen.existing_output = Existing::kept;
+    write_file(folder / "gewählt.csv", "alt");
+    CsvFileWriter writer(chosen, host);
+    open(writer, "vorschlag.csv", true);
+    writer.close();
+    EXPECT_EQ(content_of(folder / "gewählt.csv"), "alt");
+    EXPECT_TRUE(std::filesystem::exists(folder / "gewählt-2.csv"));
+}
+
+TEST_F(CsvFileWriterTest, WritesNoFileWhereAnotherOfTheRunIsStillToBeMade) {
+    CsvFileOptions careful = options();
+    careful.never_replaced = {folder / "noch/../bericht.json"};
+    CsvFileWriter writer(careful, host);
+    EXPECT_NE(error_of([&] { open(writer, "bericht.json"); }), "no error");
+    EXPECT_EQ(folder.entries(), 0U);
+}
+
 TEST_F(CsvFileWriterTest, WritesLinesAndCellsLargerThanItsBuffer) {
     CsvFileWriter writer(options(), host);
     open(writer, "a.csv");
