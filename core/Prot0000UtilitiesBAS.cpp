@@ -1,5 +1,7 @@
 #include "core/Prot0000UtilitiesBAS.h"
 
+#include <algorithm>
+
 #include "core/ZQErrorHandling.h"
 #include "platform/automation/letter_case.h"
 #include "platform/automation/text_parts.h"
@@ -33,6 +35,10 @@ std::vector<std::string> scan(std::string_view sCommandline, bool bMitAutostart,
     return parts;
 }
 
+bool is_scanned(std::string_view sCommandline) {
+    return to_lower(sCommandline).find(key_framework) != std::string::npos;
+}
+
 /// Where the item that begins at `start` ends: before the last slash that precedes the next colon behind a
 /// slash.
 std::size_t item_end(std::u32string_view text, std::size_t start) {
@@ -44,16 +50,55 @@ std::size_t item_end(std::u32string_view text, std::size_t start) {
     return text.size();
 }
 
+/// Where an item stands in a text, by code points.
+struct Place {
+    std::size_t start, end;
+};
+
+/// The places of all items that a scan finds.
+std::vector<Place> scanned_places(std::u32string_view text, std::u32string_view lower) {
+    std::vector<Place> places;
+    const auto find = [&](std::string_view key) {
+        const std::size_t start = lower.find(decode_utf8(key));
+        if (start != std::u32string::npos) places.push_back({start, item_end(text, start)});
+    };
+    find(flag_autostart);
+    for (const std::string_view key : scanned_keys) find(key);
+    return places;
+}
+
+/// What follows `start` up to the next slash.
+std::u32string_view part_at(std::u32string_view text, std::size_t start) {
+    return text.substr(start, text.find(U'/', start) - start);
+}
+
 }  // namespace
 
 std::vector<std::string> gCommandlineSplit(std::string_view sCommandline, bool bMitAutostart,
                                            Environment& environment) try {
-    if (to_lower(sCommandline).find(key_framework) != std::string::npos)
-        return scan(sCommandline, bMitAutostart, environment);
+    if (is_scanned(sCommandline)) return scan(sCommandline, bMitAutostart, environment);
     return split(sCommandline, '/');
 } catch (...) {
     show_and_end(environment, owner, "gCommandlineSplit");
     return {};
+}
+
+std::vector<std::string> unread_parts(std::string_view sCommandline) {
+    const std::u32string text = decode_utf8(sCommandline);
+    std::vector<Place> read;
+    if (is_scanned(sCommandline))
+        read = scanned_places(text, decode_utf8(to_lower(sCommandline)));
+    else
+        read.push_back({part_at(text, 0).size(), text.size()});
+    std::vector<std::string> unread;
+    for (std::size_t start = 0; start <= text.size(); start += part_at(text, start).size() + 1) {
+        const std::size_t begin = std::min(text.find_first_not_of(U' ', start), text.size());
+        const auto holds_begin = [&](const Place& item) { return item.start <= begin && begin < item.end; };
+        const std::string part = encode_utf8(part_at(text, start));
+        if (!trim_blanks(part).empty() && std::ranges::none_of(read, holds_begin))
+            unread.emplace_back(trim_blanks(part));
+    }
+    return unread;
 }
 
 std::string gbCommandOk(std::string_view sKey, std::string_view sCommandline, Environment& environment) try {

@@ -19,6 +19,11 @@ namespace prot {
 std::vector<std::string> gCommandlineSplit(std::string_view sCommandline, bool bMitAutostart,
                                            Environment& environment);
 
+/// The parts of `sCommandline` between slashes that begin in none of the items which gCommandlineSplit
+/// returns from 1 on: what stands before the first slash; in a text that is scanned, also what begins with no
+/// known key, or with one that another item before it has. Blank parts are left out.
+std::vector<std::string> unread_parts(std::string_view sCommandline);
+
 /// Finds `sKey` (lower case) and returns its whole item, key and value, without the slash; empty when it is
 /// absent. The value may hold slashes as long as no colon follows them before the next key.
 std::string gbCommandOk(std::string_view sKey, std::string_view sCommandline, Environment& environment);

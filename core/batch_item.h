@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/Prot0000UtilitiesBAS.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot {
 
@@ -13,6 +14,8 @@ public:
     /// environment: shows what goes wrong when the value is read.
     BatchItem(std::string_view text, Environment& environment) : text_(text), environment_(environment) {}
 
+    /// As it stands in the text, without blanks around it.
+    std::string text() const { return std::string(trim_blanks(text_)); }
     /// Whether the item begins with `key`, whatever its letter case.
     bool is(std::string_view key) const { return pbCommandVorhanden(text_, key); }
     /// What stands behind the colon; empty without one.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "core/ZQErrorHandling.h"
 #include "platform/automation/letter_case.h"
@@ -14,6 +15,11 @@ namespace {
 constexpr std::string_view kind_name = "cboMandant", client_name = "ctlMandant";
 constexpr std::array<std::string_view, 2> bound_names = {"txtKLNr(0)", "txtKLNr(1)"};
 constexpr std::string_view input_error = "Eingabefehler";
+
+/// Does not fail: a number beyond Double fails when the statement is built.
+std::string text_of_bound(double number) {
+    return std::isfinite(number) ? plain_number(number) : std::string("unendlich");
+}
 
 const Entry* selected_entry(const Field& field) {
     return field.selected ? &field.entries[*field.selected] : nullptr;
@@ -98,28 +104,38 @@ void ClientRangeForm::begin_batch() {
     batch_.range = entered_range();
 }
 
-void ClientRangeForm::read_item(const BatchItem& item) {
-    if (item.is("mandant:")) {
-        read_client(item.value());
-        return;
-    }
-    double* const bound = item.is("vonkonto")   ? &batch_.range.from
-                          : item.is("biskonto") ? &batch_.range.to
-                                                : nullptr;
-    if (!bound) return;
-    if (const double number = val(item.value()); number > 0) *bound = number;
+BatchReading ClientRangeForm::read_value(std::string_view key, const std::string& value) {
+    if (key == client_key) return read_client(value);
+    const double number = val(value);
+    if (number <= 0) return BatchReading::passed_over();
+    (key == range_keys[1] ? batch_.range.from : batch_.range.to) = number;
+    return BatchReading::taken(text_of_bound(number));
+}
+
+bool ClientRangeForm::end_batch() {
+    const NumberRange& range = batch_.range;
+    if (range.from > range.to)
+        environment_.notices.batch_item(
+            BatchReading::crossed(range_keys[1], text_of_bound(range.from), text_of_bound(range.to)));
+    return true;
 }
 
 /// "k123" is an office, "m123" or "123" a client. A value that leads to nobody leaves the choice as it is.
-void ClientRangeForm::read_client(std::string_view value) {
+BatchReading ClientRangeForm::read_client(std::string_view value) {
     const char first = value.empty() ? '\0' : to_lower(value.substr(0, 1))[0];
+    std::string letter;
     if (first == 'k') batch_.kind = ClientKind::office;
-    if (first == 'k' || first == 'm') value.remove_prefix(1);
-    if (val(value) <= 0) return;
-    std::optional<Client> client = find_client(*database_, batch_.kind, plain_number(val(value)));
-    if (!client) return;
+    if (first == 'k' || first == 'm') {
+        letter = value.substr(0, 1);
+        value.remove_prefix(1);
+    }
+    if (val(value) <= 0) return BatchReading::passed_over();
+    const std::string number = plain_number(val(value));
+    std::optional<Client> client = find_client(*database_, batch_.kind, number);
+    if (!client) return BatchReading::absent(letter + number, std::string(label_of(batch_.kind)));
     batch_.client = std::move(*client);
     client_chosen(batch_);
+    return BatchReading::taken(letter + number, text_of(batch_));
 }
 
 std::string ClientRangeForm::text_of(const Selection& selection) {

@@ -54,8 +54,12 @@ protected:
     virtual void client_chosen(const Selection& /*selection*/) {}
 
     void begin_batch() override;
-    /// "mandant:", "vonkonto" and "biskonto".
-    void read_item(const BatchItem& item) override;
+    std::span<const std::string_view> batch_keys() const override { return range_keys; }
+    BatchReading read_value(std::string_view key, const std::string& value) override;
+    bool end_batch() override;
+
+    static constexpr std::string_view client_key = "mandant:";
+    static constexpr std::string_view range_keys[] = {client_key, "vonkonto", "biskonto"};
 
     /// What the batch text chose, or what the fields hold.
     Selection selection(bool by_batch) const { return by_batch ? batch_ : chosen(); }
@@ -65,7 +69,7 @@ protected:
 private:
     Selection chosen() const;
     NumberRange entered_range() const;
-    void read_client(std::string_view value);
+    BatchReading read_client(std::string_view value);
     Field& field(std::string_view name) { return form_.field(name); }
     const Field& field(std::string_view name) const { return form_.field(name); }
     std::size_t index_of_bound(std::size_t bound) const;

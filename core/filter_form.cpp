@@ -1,5 +1,7 @@
 #include "core/filter_form.h"
 
+#include <algorithm>
+
 #include "core/ZQErrorHandling.h"
 #include "core/help.h"
 #include "platform/automation/text_parts.h"
@@ -8,6 +10,7 @@ namespace prot {
 
 namespace {
 constexpr int filter_form_setup = 1000;
+constexpr std::string_view flag_autostart = "autostart";
 }  // namespace
 
 bool FilterForm::gbGetFilter(Database& oDBU, std::string& sCommandline) try {
@@ -39,12 +42,20 @@ bool FilterForm::accepted(Database& oDBU, std::string& sCommandline) {
 }
 
 bool FilterForm::mbCommandlineOk(const std::string& sCommandline) try {
+    environment_.notices.batch_keys(batch_keys());
     begin_batch();
     bool autostart = false;
-    for (const std::string& text : batch_items(sCommandline)) {
+    const BatchItems items = batch_items(sCommandline);
+    for (const std::string& text : items.read) {
         const BatchItem item(text, environment_);
-        autostart = autostart || item.is("autostart");
-        if (autostart) read_item(item);  // items before "autostart" are ignored, deliberately
+        autostart = autostart || item.is(flag_autostart);
+        environment_.notices.batch_item(read_item(item, autostart));
+    }
+    for (const std::string& text : items.unread) {
+        const BatchItem item(text, environment_);
+        BatchReading reading = BatchReading::of(BatchReading::Use::unread, batch_key(item));
+        reading.item = item.text();
+        environment_.notices.batch_item(reading);
     }
     return end_batch() && autostart;
 } catch (...) {
@@ -52,8 +63,40 @@ bool FilterForm::mbCommandlineOk(const std::string& sCommandline) try {
     return false;
 }
 
-std::vector<std::string> FilterForm::batch_items(const std::string& sCommandline) {
-    return split(sCommandline, '/');
+/// Items before "autostart" are ignored, deliberately.
+BatchReading FilterForm::read_item(const BatchItem& item, bool autostart) {
+    if (item.is(flag_autostart)) start_batch();
+    const std::string_view key = batch_key(item);
+    BatchReading reading;
+    if (key.empty()) {
+        if (item.is(flag_autostart)) reading = BatchReading::of(BatchReading::Use::taken, flag_autostart);
+    } else if (autostart) {
+        const std::string value = item.value();
+        reading = read_value(key, value);
+        reading.key = key;
+        reading.value = value;
+    } else {
+        reading = BatchReading::of(BatchReading::Use::early, key);
+    }
+    reading.item = item.text();
+    return reading;
+}
+
+/// The first key that the item begins with; empty when it begins with none.
+std::string_view FilterForm::batch_key(const BatchItem& item) const {
+    const auto keys = batch_keys();
+    const auto key = std::ranges::find_if(keys, [&](std::string_view each) { return item.is(each); });
+    return key == keys.end() ? std::string_view() : *key;
+}
+
+FilterForm::BatchItems FilterForm::batch_items(const std::string& sCommandline) {
+    return {split(sCommandline, '/'), {}};
+}
+
+FilterForm::BatchItems FilterForm::split_items(const std::string& sCommandline) {
+    BatchItems items{gCommandlineSplit(sCommandline, true, environment_), unread_parts(sCommandline)};
+    if (!items.read.empty()) items.read.erase(items.read.begin());  // stands before the first slash: no item
+    return items;
 }
 
 void FilterForm::Form_Load() try {

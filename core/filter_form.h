@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,11 +40,23 @@ protected:
     /// Fills what only a person needs, just before the form is shown.
     virtual void fill_for_person() {}
 
-    /// The items of a batch text, of which those from "autostart" on are read.
-    virtual std::vector<std::string> batch_items(const std::string& sCommandline);
+    struct BatchItems {
+        std::vector<std::string> read;    ///< of which those from "autostart" on count
+        std::vector<std::string> unread;  ///< what the text holds besides
+    };
+    virtual BatchItems batch_items(const std::string& sCommandline);
+    /// The items of gCommandlineSplit, as some sections read them.
+    BatchItems split_items(const std::string& sCommandline);
     /// Starts a selection by a batch text from what the fields hold.
     virtual void begin_batch() = 0;
-    virtual void read_item(const BatchItem& item) = 0;
+    /// The keys that choose something, in the order in which an item is compared with them; they live as long
+    /// as the program.
+    virtual std::span<const std::string_view> batch_keys() const = 0;
+    /// "autostart" is read, which may happen more than once.
+    virtual void start_batch() {}
+    /// Takes the value of an item that begins with `key`, one of batch_keys. Says how in the reading's fields
+    /// but key, item and value.
+    virtual BatchReading read_value(std::string_view key, const std::string& value) = 0;
     /// Behind the last item; whether the selection will do.
     virtual bool end_batch() { return true; }
 
@@ -79,6 +92,8 @@ protected:
 private:
     bool accepted(Database& oDBU, std::string& sCommandline);
     bool mbCommandlineOk(const std::string& sCommandline);
+    BatchReading read_item(const BatchItem& item, bool autostart);
+    std::string_view batch_key(const BatchItem& item) const;
 
     bool accepted_ = false;
     bool failed_ = false;  // an error was shown

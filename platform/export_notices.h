@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
+
+#include "platform/batch_reading.h"
 
 namespace prot {
 
@@ -15,8 +18,8 @@ enum class NoLine : std::uint8_t {
     no_field_exported,    ///< each changed field is never exported, or has no caption
 };
 
-/// Hears what an export makes of the log and what it leaves out by the log's rules, so that a host can say
-/// so; nothing is lost unseen.
+/// Hears how a run reads its batch text, what it makes of the log and what it leaves out by the log's rules,
+/// so that a host can say so; nothing is lost unseen.
 class ExportNotices {
 public:
     virtual ~ExportNotices() = default;
@@ -34,6 +37,14 @@ public:
     /// A record of the log was read and got this many lines; `why` when it got none. Behind what else is told
     /// of it.
     virtual void record_read(std::int64_t log_id, std::int64_t lines, NoLine why) = 0;
+
+    /// A batch text is about to be read: the section's keys, as items are compared with them. They live as
+    /// long as the program.
+    virtual void batch_keys(std::span<const std::string_view> /*keys*/) {}
+
+    /// An item of the batch text has been read. Once for each, in the order in which the section reads them;
+    /// then for each that is not read; then for what shows only when all are known, under the key concerned.
+    virtual void batch_item(const BatchReading& /*reading*/) {}
 };
 
 }  // namespace prot

@@ -58,15 +58,16 @@ Form ProtKLFrmFilter::described_form() {
 void ProtKLFrmFilter::mInitMandKanz() { offer(deleting_, texts_.default_from, texts_.default_to); }
 
 /// A text with "dsgvo" anywhere is never run without the form, deliberately.
-std::vector<std::string> ProtKLFrmFilter::batch_items(const std::string& sCommandline) {
-    std::vector<std::string> items = gCommandlineSplit(sCommandline, true, environment_);
-    if (!items.empty()) items.erase(items.begin());  // what stands before the first slash is no item
+FilterForm::BatchItems ProtKLFrmFilter::batch_items(const std::string& sCommandline) {
+    BatchItems items = split_items(sCommandline);
     dsgvo_ = std::ranges::any_of(
-        items, [this](const std::string& item) { return BatchItem(item, environment_).is("dsgvo"); });
+        items.read, [this](const std::string& item) { return BatchItem(item, environment_).is("dsgvo"); });
     return items;
 }
 
-bool ProtKLFrmFilter::end_batch() { return !dsgvo_ && selection(true).client.id > 0; }
+bool ProtKLFrmFilter::end_batch() {
+    return ClientRangeForm::end_batch() && !dsgvo_ && selection(true).client.id > 0;
+}
 
 std::string ProtKLFrmFilter::take_over(bool by_batch) {
     const Selection selected = selection(by_batch);

@@ -31,7 +31,7 @@ public:
 
 private:
     void fill() override { mInitMandKanz(); }
-    std::vector<std::string> batch_items(const std::string& sCommandline) override;
+    BatchItems batch_items(const std::string& sCommandline) override;
     bool end_batch() override;
     std::string take_over(bool by_batch) override;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/ZQErrorHandling.h"
+#include "platform/automation/letter_case.h"
 #include "platform/automation/text_forms.h"
 #include "platform/automation/text_parts.h"
 
@@ -64,11 +65,22 @@ void ProtDevFrmFilter::mIsoWaehrungLesen() try {
     fail("mIsoWaehrungLesen");
 }
 
-void ProtDevFrmFilter::read_item(const BatchItem& item) {
-    std::string* const bound = item.is("vondevi") ? &batch_.from : item.is("bisdevi") ? &batch_.to : nullptr;
-    if (!bound) return;
-    const std::string text = item.value();
-    if (const std::string_view value = trim_blanks(text); !value.empty()) *bound = value;
+/// Any text is a bound, in the list of currencies or not. Whether it is one, and which of two is behind the
+/// other, is told as the server compares codes, without letter case.
+BatchReading ProtDevFrmFilter::read_value(std::string_view key, const std::string& value) {
+    const std::string code(trim_blanks(value));
+    if (code.empty()) return BatchReading::passed_over();
+    (key == keys[0] ? batch_.from : batch_.to) = code;
+    const bool listed = std::ranges::any_of(form_.fields[from_field].entries, [&](const Entry& entry) {
+        return upper_equals(code, to_upper(entry.text));
+    });
+    return BatchReading::taken(code, {}, listed);
+}
+
+bool ProtDevFrmFilter::end_batch() {
+    if (to_upper(batch_.to) < to_upper(batch_.from))
+        environment_.notices.batch_item(BatchReading::crossed(keys[0], batch_.from, batch_.to));
+    return true;
 }
 
 ProtDevFrmFilter::Range ProtDevFrmFilter::selected_range() const {

@@ -21,9 +21,13 @@ private:
         std::string from, to;
     };
 
+    static constexpr std::string_view keys[] = {"vondevi", "bisdevi"};
+
     void fill() override { mIsoWaehrungLesen(); }
     void begin_batch() override { batch_ = selected_range(); }
-    void read_item(const BatchItem& item) override;
+    std::span<const std::string_view> batch_keys() const override { return keys; }
+    BatchReading read_value(std::string_view key, const std::string& value) override;
+    bool end_batch() override;
     std::string take_over(bool by_batch) override;
     void mIsoWaehrungLesen();
     void cmdOK_Click();

@@ -99,21 +99,30 @@ void ProtOPFrmFilter::begin_batch() {
     batch_year_ = all_years;
 }
 
-void ProtOPFrmFilter::read_item(const BatchItem& item) {
-    if (item.is("wirtschaftsjahr:"))
-        batch_year_text_ = item.value();
-    else
-        ClientRangeForm::read_item(item);
+/// Which year it is shows when the client is known, which may stand behind it.
+BatchReading ProtOPFrmFilter::read_value(std::string_view key, const std::string& value) {
+    if (key != year_key) return ClientRangeForm::read_value(key, value);
+    batch_year_text_ = value;
+    return BatchReading::taken(value);
 }
 
 /// Chooses the fiscal year whose entry reads exactly so; all of them when there is none.
 bool ProtOPFrmFilter::end_batch() {
-    if (selection(true).client.id <= 0 || batch_year_text_.empty()) return true;
+    ClientRangeForm::end_batch();
+    if (batch_year_text_.empty()) return true;
+    if (const BatchReading::Use use = choose_batch_year(); use != BatchReading::Use::taken)
+        environment_.notices.batch_item(BatchReading::of(use, year_key));
+    return true;
+}
+
+BatchReading::Use ProtOPFrmFilter::choose_batch_year() {
+    if (selection(true).client.id <= 0) return BatchReading::Use::idle;
     const std::vector<Entry>& entries = years().entries;
     const auto found = std::find_if(entries.begin() + 1, entries.end(),
                                     [this](const Entry& entry) { return entry.text == batch_year_text_; });
-    if (found != entries.end()) batch_year_ = found->key;
-    return true;
+    if (found == entries.end()) return BatchReading::Use::absent;
+    batch_year_ = found->key;
+    return BatchReading::Use::taken;
 }
 
 std::int64_t ProtOPFrmFilter::chosen_year() {

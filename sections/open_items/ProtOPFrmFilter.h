@@ -25,10 +25,16 @@ public:
 private:
     void fill() override;
     void begin_batch() override;
-    void read_item(const BatchItem& item) override;
+    std::span<const std::string_view> batch_keys() const override { return keys; }
+    BatchReading read_value(std::string_view key, const std::string& value) override;
     bool end_batch() override;
     std::string take_over(bool by_batch) override;
     void client_chosen(const Selection& selection) override { mFuelleWJListe(selection); }
+
+    static constexpr std::string_view year_key = "wirtschaftsjahr:";
+    static constexpr std::string_view keys[] = {year_key, range_keys[0], range_keys[1], range_keys[2]};
+
+    BatchReading::Use choose_batch_year();
 
     void mInitCBO_MandKanz();
     void mFuelleWJListe(const Selection& selection);

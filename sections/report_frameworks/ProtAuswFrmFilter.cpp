@@ -36,13 +36,10 @@ std::optional<std::size_t> entry_named(const Field& list, const std::string& val
 
 }  // namespace
 
-// Each is compared in this order.
-constexpr ProtAuswFrmFilter::BatchKey ProtAuswFrmFilter::batch_keys[] = {
-    {"stdkanz:", &ProtAuswFrmFilter::read_kind},
-    {"auswertung:", &ProtAuswFrmFilter::read_type},
-    {"auswertungsrahmen:", &ProtAuswFrmFilter::read_framework},
-    {"awraend:", &ProtAuswFrmFilter::read_change_kind},
-    {"kontenrahmen:", &ProtAuswFrmFilter::read_chart},
+constexpr ProtAuswFrmFilter::BatchChoice ProtAuswFrmFilter::batch_choices[] = {
+    {kind_options, &ProtAuswFrmFilter::read_kind},        {type_list, &ProtAuswFrmFilter::read_type},
+    {framework_list, &ProtAuswFrmFilter::read_framework}, {change_list, &ProtAuswFrmFilter::read_change_kind},
+    {chart_list, &ProtAuswFrmFilter::read_chart},
 };
 
 ProtAuswFrmFilter::ProtAuswFrmFilter(Environment& environment, ChangeKind mlAenderungsart)
@@ -150,56 +147,69 @@ void ProtAuswFrmFilter::cmdOK_Click() try {
     fail("cmdOK_Click");
 }
 
-std::vector<std::string> ProtAuswFrmFilter::batch_items(const std::string& sCommandline) {
-    std::vector<std::string> items = gCommandlineSplit(sCommandline, true, environment_);
-    if (!items.empty()) items.erase(items.begin());  // what stands before the first slash is no item
-    return items;
+void ProtAuswFrmFilter::begin_batch() { rejected_ = batch_chart_ = false; }
+
+BatchReading ProtAuswFrmFilter::read_value(std::string_view key, const std::string& value) {
+    const auto index = static_cast<std::size_t>(std::ranges::find(keys, key) - std::begin(keys));
+    const BatchChoice& choice = batch_choices[index];
+    const Use use = (this->*choice.read)(value);
+    if (use != Use::taken) return BatchReading::of(use);
+    return BatchReading::taken(value, field(choice.list).selected_text());
 }
 
-void ProtAuswFrmFilter::read_item(const BatchItem& item) {
-    if (item.is("autostart")) rejected_ = false;
-    const auto key =
-        std::ranges::find_if(batch_keys, [&](const BatchKey& each) { return item.is(each.key); });
-    if (key != std::end(batch_keys)) (this->*key->read)(item.value());
+/// Which changes are chosen may stand behind the chart.
+bool ProtAuswFrmFilter::end_batch() {
+    if (batch_chart_ && !concerns_charts(filter().mlAenderungsart))
+        environment_.notices.batch_item(BatchReading::of(Use::idle, chart_key));
+    return !rejected_;
 }
 
 /// A value that is no kind of framework shows the form; what follows is read all the same.
-void ProtAuswFrmFilter::read_kind(const std::string& value) {
-    if (value.empty()) return;
+BatchReading::Use ProtAuswFrmFilter::read_kind(const std::string& value) {
+    if (value.empty()) return Use::passed_over;
     const std::string wanted = to_lower(value);
     const auto kind =
         std::ranges::find(framework_kinds, std::string_view(wanted), &FrameworkKind::batch_value);
-    if (kind == std::end(framework_kinds))
-        rejected_ = true;
-    else
-        field(kind_options).choose(static_cast<std::size_t>(kind - std::begin(framework_kinds)));
+    rejected_ = rejected_ || kind == std::end(framework_kinds);
+    if (kind == std::end(framework_kinds)) return Use::passed_over;
+    field(kind_options).choose(static_cast<std::size_t>(kind - std::begin(framework_kinds)));
+    return Use::taken;
 }
 
-void ProtAuswFrmFilter::read_type(const std::string& value) {
+BatchReading::Use ProtAuswFrmFilter::read_type(const std::string& value) {
     const std::optional<std::size_t> type = entry_named(field(type_list), value);
-    if (!type) return;
+    if (!type) return Use::absent;
     field(type_list).selected = type;
     cboRahmenArt_Change();
+    return Use::taken;
 }
 
-/// The name may be cut short: the first framework that begins so.
-void ProtAuswFrmFilter::read_framework(const std::string& value) {
+/// The name may be cut short: the first framework that begins so. There are none to choose before their type
+/// is.
+BatchReading::Use ProtAuswFrmFilter::read_framework(const std::string& value) {
     Field& list = field(framework_list);
     const std::string wanted(trim_blanks(to_lower(value)));
-    if (const auto found = entry_of(list, [&](const std::string& text) { return text.starts_with(wanted); }))
-        list.selected = found;
+    const auto found = entry_of(list, [&](const std::string& text) { return text.starts_with(wanted); });
+    if (!found) return filter().mlAuswertungsart < 0 ? Use::idle : Use::absent;
+    list.selected = found;
+    return Use::taken;
 }
 
-void ProtAuswFrmFilter::read_change_kind(const std::string& value) {
+BatchReading::Use ProtAuswFrmFilter::read_change_kind(const std::string& value) {
     const std::string wanted = to_lower(value);
     const auto change =
         std::ranges::find(change_kinds, std::string_view(wanted), &ChangeKindTexts::batch_value);
-    if (change != std::end(change_kinds))
-        field(change_list).choose(static_cast<std::size_t>(change - std::begin(change_kinds)));
+    if (change == std::end(change_kinds)) return Use::passed_over;
+    field(change_list).choose(static_cast<std::size_t>(change - std::begin(change_kinds)));
+    return Use::taken;
 }
 
-void ProtAuswFrmFilter::read_chart(const std::string& value) {
-    if (const auto chart = entry_named(field(chart_list), value)) field(chart_list).selected = chart;
+BatchReading::Use ProtAuswFrmFilter::read_chart(const std::string& value) {
+    const auto chart = entry_named(field(chart_list), value);
+    if (!chart) return Use::absent;
+    field(chart_list).selected = chart;
+    batch_chart_ = *chart > 0;
+    return Use::taken;
 }
 
 std::string ProtAuswFrmFilter::take_over(bool /*by_batch*/) {

@@ -27,10 +27,12 @@ public:
 
 private:
     void fill() override;
-    std::vector<std::string> batch_items(const std::string& sCommandline) override;
-    void begin_batch() override { rejected_ = false; }
-    void read_item(const BatchItem& item) override;
-    bool end_batch() override { return !rejected_; }
+    BatchItems batch_items(const std::string& sCommandline) override { return split_items(sCommandline); }
+    void begin_batch() override;
+    std::span<const std::string_view> batch_keys() const override { return keys; }
+    void start_batch() override { rejected_ = false; }
+    BatchReading read_value(std::string_view key, const std::string& value) override;
+    bool end_batch() override;
     std::string take_over(bool by_batch) override;
 
     void mCBOBasisFuellen();
@@ -46,23 +48,28 @@ private:
     void cboAenderungen_Change();
     void cmdOK_Click();
 
-    void read_kind(const std::string& value);
-    void read_type(const std::string& value);
-    void read_framework(const std::string& value);
-    void read_change_kind(const std::string& value);
-    void read_chart(const std::string& value);
+    using Use = BatchReading::Use;
+    Use read_kind(const std::string& value);
+    Use read_type(const std::string& value);
+    Use read_framework(const std::string& value);
+    Use read_change_kind(const std::string& value);
+    Use read_chart(const std::string& value);
 
     Field& field(std::string_view name) { return form_.field(name); }
     std::int64_t key_of(std::string_view list) const;
 
-    struct BatchKey {
-        std::string_view key;
-        void (ProtAuswFrmFilter::*read)(const std::string& value);
+    static constexpr std::string_view chart_key = "kontenrahmen:";
+    static constexpr std::string_view keys[] = {
+        "stdkanz:", "auswertung:", "auswertungsrahmen:", "awraend:", chart_key};
+    struct BatchChoice {
+        std::string_view list;
+        Use (ProtAuswFrmFilter::*read)(const std::string& value);
     };
-    static const BatchKey batch_keys[];
+    static const BatchChoice batch_choices[];  // of each key
 
     const ChangeKind proposed_change_;
-    bool rejected_ = false;  // the batch text names a kind of framework that does not exist
+    bool rejected_ = false;     // the batch text names a kind of framework that does not exist
+    bool batch_chart_ = false;  // the batch text chooses a chart of accounts
     std::string framework_ids_;
 };
 

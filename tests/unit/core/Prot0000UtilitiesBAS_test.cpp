@@ -49,6 +49,25 @@ TEST_F(ParameterText, TheKeywordScanGivesItemsInTableOrderAndDropsUnknownKeys) {
               (Parts{"", "login:Max", "SEKTION:10/autostart", "neu:1", "Auswertungsrahmen:Bilanz"}));
 }
 
+TEST_F(ParameterText, NamesThePartsThatNobodyReads) {
+    const struct {
+        const char* text;
+        Parts unread;
+        const char* why;
+    } rows[] = {
+        {"/sektion:15//x/autostart", {}, "every slash separates"},
+        {" davor /x", {"davor"}, "what stands before the first slash"},
+        {"davor", {"davor"}, "no slash at all"},
+        {"", {}, "nothing"},
+        {"/auswertungsrahmen:A/B/neu:1/autostart", {}, "a value with slashes, and a flag that counts as one"},
+        {"/x:1/auswertungsrahmen:A/y:2/ neu:1", {"x:1", "y:2"}, "a scan looks for known keys alone"},
+        {"/xneu:1/auswertungsrahmen:A", {"xneu:1"}, "a known key is found within an unknown one"},
+        {"/neu:1/Ä/auswertungsrahmen:A/neu:0", {"neu:0"}, "the first of two counts"},
+        {"mandant:5/auswertungsrahmen:A", {}, "a scan finds what stands before the first slash"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(unread_parts(row.text), row.unread) << row.why;
+}
+
 TEST_F(ParameterText, TheKeywordScanKnowsTheseKeysInThisOrder) {
     const Parts items = {"login:1",
                          "pwd:2",

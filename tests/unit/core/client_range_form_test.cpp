@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "tests/unit/support/batch_readings.h"
 #include "tests/unit/support/fakes.h"
 #include "tests/unit/support/statements.h"
 
@@ -301,6 +302,43 @@ TEST_F(RangeForm, ReadsTheBatchText) {
         EXPECT_EQ(export_form.taken.range.to, row.to);
     }
     EXPECT_EQ(host.forms_shown, 0);
+}
+
+TEST_F(RangeForm, TellsWhatItMakesOfAValue) {
+    const struct {
+        const char* item;
+        const char* reading;
+    } rows[] = {
+        {"mandant:4711", "taken mandant:|mandant:4711|4711|Mandant: 4711 Maier"},
+        {"mandant:M4711", "taken mandant:|mandant:M4711|M4711|Mandant: 4711 Maier"},
+        {"mandant:k123,5", "taken mandant:|mandant:k123,5|k123|Kanzlei: 123 Nord"},
+        {"mandant:4.711", "absent mandant:|mandant:4.711|4.711|Mandant"},
+        {"mandant:k4711", "absent mandant:|mandant:k4711|k4711|Kanzlei"},
+        {"mandant:0", "passed over mandant:|mandant:0||"},
+        {"vonkonto:5", "taken vonkonto|vonkonto:5|5|"},
+        {"biskonto:10.000", "taken biskonto|biskonto:10.000|10|"},
+        {"biskonto:-5", "passed over biskonto|biskonto:-5||"},
+        {"vonkonto", "passed over vonkonto|vonkonto||"},
+    };
+    for (const auto& row : rows) {
+        host.readings.clear();
+        ask(export_form, std::string("/autostart/") + row.item);
+        ASSERT_EQ(host.readings.size(), 3U) << row.item;
+        EXPECT_EQ(test::line_of(host.readings[2]), row.reading);
+    }
+}
+
+TEST_F(RangeForm, TellsThatARangeBeginsBehindItsEnd) {
+    ask(export_form, "/autostart/vonkonto:8");
+    EXPECT_EQ(test::line_of(host.readings.back()), "crossed vonkonto||8|7");
+    ask(export_form, "/autostart/vonkonto:7");
+    EXPECT_EQ(test::line_of(host.readings.back()), "taken vonkonto|vonkonto:7|7|");
+}
+
+TEST_F(RangeForm, ReadsANumberBeyondAllNumbersWithoutAnError) {
+    EXPECT_TRUE(ask(export_form, "/autostart/biskonto:1" + std::string(400, '0') + "/biskonto:9"));
+    EXPECT_EQ(export_form.taken.range.to, 9);
+    EXPECT_TRUE(host.errors.empty());
 }
 
 TEST_F(RangeForm, TellsTheSectionOfAClientThatABatchTextFound) {

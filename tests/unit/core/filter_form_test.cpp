@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/unit/support/batch_readings.h"
 #include "tests/unit/support/fakes.h"
 
 namespace prot {
@@ -42,12 +43,18 @@ private:
     void fill() override { guarded("fill"); }
     void fill_for_person() override { guarded("fill_for_person"); }
     void begin_batch() override { step("begin_batch"); }
-    void read_item(const BatchItem& item) override {
-        if (item.is("geschützt:"))
-            guarded("geschützt " + item.value());
+    std::span<const std::string_view> batch_keys() const override { return keys; }
+    void start_batch() override { step("start_batch"); }
+    BatchReading read_value(std::string_view key, const std::string& value) override {
+        if (key == "geschützt:")
+            guarded("geschützt " + value);
         else
-            step("item " + item.value());
+            step("item " + value);
+        if (value == "0") return BatchReading::passed_over();
+        return BatchReading::taken(value);
     }
+
+    static constexpr std::string_view keys[] = {"geschützt:", "davor", "a:", "b:"};
     bool end_batch() override {
         step("end_batch");
         return batch_will_do;
@@ -83,11 +90,20 @@ TEST_F(OneForm, IsFilledForAPersonAndShown) {
 
 TEST_F(OneForm, IsNotFilledForAPersonOrShownInABatchRun) {
     EXPECT_TRUE(ask("/davor:1/autostart/a:2/b:3"));
-    EXPECT_EQ(form.calls,
-              (Calls{"fill", "begin_batch", "item ", "item 2", "item 3", "end_batch", "take_over batch"}));
+    EXPECT_EQ(form.calls, (Calls{"fill", "begin_batch", "start_batch", "item 2", "item 3", "end_batch",
+                                 "take_over batch"}));
     EXPECT_EQ(form.sFilter(), "Stapel");
     EXPECT_EQ(host.forms_shown, 0);
     EXPECT_EQ(commandline, "/davor:1/autostart/a:2/b:3");
+}
+
+TEST_F(OneForm, TellsWhatBecomesOfEachItem) {
+    ask("x:1/a:2/ Autostart /a:3/B:0/pwd:x/y");
+    EXPECT_EQ(test::lines_of(host.readings),
+              (Calls{"unknown |x:1||", "early a:|a:2||", "taken autostart|Autostart||", "taken a:|a:3|3|",
+                     "passed over b:|B:0||", "unknown |pwd:x||", "unknown |y||"}));
+    EXPECT_EQ(host.readings[3].value, "3");
+    EXPECT_EQ(host.batch_keys_told, (std::vector<std::string_view>{"geschützt:", "davor", "a:", "b:"}));
 }
 
 TEST_F(OneForm, IsShownWhenTheBatchSelectionWillNotDo) {
@@ -122,16 +138,16 @@ TEST_F(OneForm, ThatFailsShowsTheErrorUnderItsProcedureAndIsFalse) {
         {"fill", "/autostart", "fill", {"fill"}, 0},
         {"fill_for_person", "", "fill_for_person", {"fill", "fill_for_person"}, 0},
         {"begin_batch", "/autostart", "mbCommandlineOk", {"fill", "begin_batch"}, 0},
-        {"item 2", "/autostart/a:2", "mbCommandlineOk", {"fill", "begin_batch", "item ", "item 2"}, 0},
+        {"item 2", "/autostart/a:2", "mbCommandlineOk", {"fill", "begin_batch", "start_batch", "item 2"}, 0},
         {"geschützt 2",
          "/autostart/geschützt:2",
          "geschützt 2",
-         {"fill", "begin_batch", "item ", "geschützt 2", "end_batch"},
+         {"fill", "begin_batch", "start_batch", "geschützt 2", "end_batch"},
          0},
         {"take_over batch",
          "/autostart",
          "gbGetFilter",
-         {"fill", "begin_batch", "item ", "end_batch", "take_over batch"},
+         {"fill", "begin_batch", "start_batch", "end_batch", "take_over batch"},
          0},
         {"take_over fields", "", "gbGetFilter", {"fill", "fill_for_person", "take_over fields"}, 1},
     };

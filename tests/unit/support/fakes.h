@@ -220,6 +220,8 @@ public:
     std::vector<std::int64_t> unreadable;
     std::vector<std::string> selections;
     std::vector<ReadRecord> records;
+    std::vector<BatchReading> readings;
+    std::vector<std::string_view> batch_keys_told;
 
     Environment environment{*this, *this, *this, *this, *this, *this, *this};
 
@@ -270,6 +272,10 @@ public:
         records.push_back({log_id, lines, why});
         if (why == NoLine::unreadable_document) unreadable.push_back(log_id);
     }
+    void batch_keys(std::span<const std::string_view> keys) override {
+        batch_keys_told.assign(keys.begin(), keys.end());
+    }
+    void batch_item(const BatchReading& reading) override { readings.push_back(reading); }
 };
 
 class FakeParent : public ProgressParent {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/unit/support/batch_readings.h"
 #include "tests/unit/support/fakes.h"
 #include "tests/unit/support/statements.h"
 
@@ -306,6 +307,15 @@ TEST_F(PartnerFilter, ShowsItsOwnErrorsAndEndsWithoutASelection) {
     EXPECT_EQ(host.errors[0].source,
               PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtKLFrmFilter.mbCommandlineOk");
     EXPECT_EQ(host.forms_shown, 0);
+}
+
+TEST_F(PartnerFilter, TellsWhatItReadsAndWhatNot) {
+    accepts(customers, "autostart/x/autostart/mandant:123/vonkonto:20000");
+    EXPECT_EQ(test::lines_of(host.readings),
+              (std::vector<std::string>{"unknown |x||", "taken autostart|autostart||",
+                                        "taken mandant:|mandant:123|123|Mandant: 123 Maier",
+                                        "taken vonkonto|vonkonto:20000|20000|", "unread |autostart||",
+                                        "crossed vonkonto||20000|10001"}));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/unit/support/batch_readings.h"
 #include "tests/unit/support/fakes.h"
 
 namespace prot {
@@ -203,6 +204,24 @@ TEST_F(RateFilter, ShowsAnErrorAndIsFalse) {
     EXPECT_EQ(host.errors[0].source,
               PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtDevFrmFilter.mIsoWaehrungLesen");
     EXPECT_EQ(host.forms_shown, 0);
+}
+
+TEST_F(RateFilter, TellsWhatItMakesOfABound) {
+    const struct {
+        const char* item;
+        const char* reading;
+    } rows[] = {
+        {"vondevi: EUR ", "taken vondevi|vondevi: EUR|EUR|"},
+        {"bisdevi:eur", "taken bisdevi|bisdevi:eur|eur|"},
+        {"bisdevi:EURO", "taken bisdevi|bisdevi:EURO|EURO| (not listed)"},
+        {"vondevi: ", "passed over vondevi|vondevi:||"},
+        {"vondevi:ZAR", "crossed vondevi||ZAR|USD"},
+    };
+    for (const auto& row : rows) {
+        host.readings.clear();
+        EXPECT_TRUE(ask(std::string("/autostart/") + row.item));
+        EXPECT_EQ(test::line_of(host.readings.back()), row.reading);
+    }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/unit/support/batch_readings.h"
 #include "tests/unit/support/fakes.h"
 #include "tests/unit/support/statements.h"
 
@@ -476,6 +477,25 @@ TEST_F(ItemFilter, ShowsAnErrorAndIsFalse) {
     EXPECT_EQ(host.errors[0].source,
               PROT_STAMP "|srvprotqrbcsv|Testserver\r\nProtOPFrmFilter.mMandantAuswahl");
     EXPECT_EQ(host.forms_shown, 0);
+}
+
+TEST_F(ItemFilter, TellsWhatBecomesOfAFiscalYear) {
+    const struct {
+        const char* text;
+        const char* reading;  ///< the last one
+    } rows[] = {
+        {"/autostart/mandant:10001/wirtschaftsjahr:01.01.2025 - 31.12.2025",
+         "taken wirtschaftsjahr:|wirtschaftsjahr:01.01.2025 - 31.12.2025|01.01.2025 - 31.12.2025|"},
+        {"/autostart/mandant:10001/wirtschaftsjahr:2025", "absent wirtschaftsjahr:|||"},
+        {"/autostart/wirtschaftsjahr:01.01.2025 - 31.12.2025", "idle wirtschaftsjahr:|||"},
+        {"/autostart/wirtschaftsjahr:x/vonkonto:20000", "idle wirtschaftsjahr:|||"},
+    };
+    for (const auto& row : rows) {
+        host.readings.clear();
+        EXPECT_TRUE(ask(row.text));
+        EXPECT_EQ(test::line_of(host.readings.back()), row.reading);
+    }
+    EXPECT_EQ(test::line_of(host.readings[host.readings.size() - 2]), "crossed vonkonto||20000|10001");
 }
 
 }  // namespace

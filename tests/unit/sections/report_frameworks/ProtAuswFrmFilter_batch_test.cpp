@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/unit/sections/report_frameworks/filter_fixture.h"
+#include "tests/unit/support/batch_readings.h"
 
 namespace prot::report_frameworks {
 namespace {
@@ -31,6 +32,35 @@ TEST_F(FrameworkBatch, WithAutostartAloneTakesTheDefaults) {
     EXPECT_EQ(info("/AutoStart"), "Standardrahmen, Auswertungsrahmen" + all_changes);
     EXPECT_EQ(taken.mlAuswertungsart, -1);
     EXPECT_EQ(taken.mlAuswertungsrahmen, 0);
+}
+
+TEST_F(FrameworkBatch, TellsWhatItMakesOfAValue) {
+    const struct {
+        const char* text;
+        const char* reading;  ///< of the last item
+    } rows[] = {
+        {"stdkanz:K", "taken stdkanz:|stdkanz:K|K|Kanzleirahmen"},
+        {"stdkanz:x", "passed over stdkanz:|stdkanz:x||"},
+        {"stdkanz:", "passed over stdkanz:|stdkanz:||"},
+        {"auswertung:Bilans", "absent auswertung:|auswertung:Bilans||"},
+        {"awraend:ZA", "taken awraend:|awraend:ZA|ZA|Zeilenarten"},
+        {"awraend:zb", "passed over awraend:|awraend:zb||"},
+        {"kontenrahmen:skr 03", "taken kontenrahmen:|kontenrahmen:skr 03|skr 03|SKR 03"},
+        {"kontenrahmen:skr", "absent kontenrahmen:|kontenrahmen:skr||"},
+        {"kontenrahmen:skr 03/awraend:za", "idle kontenrahmen:|||"},
+        {"auswertungsrahmen:BWA", "idle auswertungsrahmen:|auswertungsrahmen:BWA||"},
+        {"auswertung:betriebswirtschaftliche auswertung/auswertungsrahmen:BWA L",
+         "taken auswertungsrahmen:|auswertungsrahmen:BWA L|BWA L|BWA lang"},
+        {"auswertung:betriebswirtschaftliche auswertung/auswertungsrahmen:BWA X",
+         "absent auswertungsrahmen:|auswertungsrahmen:BWA X||"},
+        {"auswertung:bilanz/xy:1/auswertungsrahmen:b", "unread |xy:1||"},
+    };
+    for (const auto& row : rows) {
+        host.readings.clear();
+        accepts("/autostart/" + std::string(row.text));
+        ASSERT_FALSE(host.readings.empty()) << row.text;
+        EXPECT_EQ(test::line_of(host.readings.back()), row.reading);
+    }
 }
 
 TEST_F(FrameworkBatch, WithoutAutostartShowsTheForm) {
