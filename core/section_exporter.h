@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "platform/automation/value.h"
@@ -28,6 +29,13 @@ public:
     /// host that keeps what goes. An exporter that writes no file has nothing to do.
     virtual void export_selection(Database& /*oDBU*/, std::int32_t /*lSection*/, const std::string& /*sUser*/,
                                   Date /*dtVon*/, Date /*dtBis*/, std::int32_t /*lAktion*/) {}
+
+    /// Only reads psCommandline, as gCSVAusgabe would; the environment's notices hear of each item. Returns
+    /// what the file's first line would say. Nothing when a person would be asked, or an error was shown. For
+    /// a host that looks at a parameter text before the run; an exporter so used is not run.
+    virtual std::optional<std::string> read_filter(Database& /*oDBU*/, std::int32_t /*lSection*/) {
+        return std::nullopt;
+    }
 };
 
 }  // namespace prot

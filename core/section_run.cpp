@@ -39,6 +39,13 @@ void SectionRun::export_selection(Database& oDBU, std::int32_t lSection, const s
     leave(owner_, "gCSVAusgabe");
 }
 
+std::optional<std::string> SectionRun::read_filter(Database& oDBU, std::int32_t lSection) {
+    std::string filter_text;
+    if (!get_filter(oDBU, lSection, filter_text)) return std::nullopt;
+    if (psCommandline.empty()) return std::nullopt;  // a person accepted it
+    return filter_text;
+}
+
 void SectionRun::export_rows(Run& run, const Names& names, const std::string& sql) {
     LogRows rows(run.oDBU.query_rows(sql));
     if (rows.empty()) {

@@ -25,6 +25,8 @@ public:
     void export_selection(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon, Date dtBis,
                           std::int32_t lAktion) final;
 
+    std::optional<std::string> read_filter(Database& oDBU, std::int32_t lSection) final;
+
 protected:
     /// What a run is called. A section may know it only when its filter is known.
     struct Names {

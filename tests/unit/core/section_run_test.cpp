@@ -181,6 +181,21 @@ protected:
     }
 };
 
+TEST_F(OneSection, ReadsItsFilterAloneAndSendsNothing) {
+    section.psCommandline = "/autostart";
+    EXPECT_EQ(section.read_filter(oDBU, 99), "Filter");
+    EXPECT_EQ(host.calls, Calls{"form"});
+    EXPECT_EQ(section.section_asked, 99);
+}
+
+TEST_F(OneSection, HasNoFilterOfATextThatAFormTakesThePlaceOf) {
+    section.psCommandline = "/autostart";
+    section.batch_accepted = false;
+    EXPECT_EQ(section.read_filter(oDBU, 99), std::nullopt) << "a person accepted the form";
+    section.accepted = false;
+    EXPECT_EQ(section.read_filter(oDBU, 99), std::nullopt);
+}
+
 TEST_F(OneSection, RunsInThisOrder) {
     section.poParent = &parent;
     run();
