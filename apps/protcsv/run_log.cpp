@@ -6,6 +6,7 @@
 #include <iterator>
 #include <optional>
 
+#include "apps/protcsv/checks/parameter_check.h"
 #include "apps/protcsv/commands.h"
 #include "apps/protcsv/console/stream_files.h"
 #include "apps/protcsv/host.h"
@@ -114,17 +115,17 @@ public:
           environment_(host_.environment()) {}
 
     int run() {
-        const LogRequest request = options_.command == Command::run
-                                       ? read_run_parameters(options_.parameters, sections_, environment_)
-                                       : options_.request;
-        account_.request = request;
+        const auto [request, errors] = options_.command == Command::run
+                                           ? read_run_parameters(options_.parameters, sections_, environment_)
+                                           : RunParameters{options_.request, {}};
+        if (errors.empty()) account_.request = request;
         require_separator(options_.csv);
         for (const std::string& warning : options_.warnings) complain(console_, warning);
         if (!options_.statement_log.empty()) require_own_statement_log(options_);
+        for (const std::string& error : errors) refuse(error);
+        const std::unique_ptr<HostDatabase> database = open_database(!errors.empty());
+        if (!database || !parameters_pass(request, *database) || !errors.empty()) return exit_usage;
         choose_output(request);
-        const auto access = exports() ? SqliteAccess::read_only : SqliteAccess::read_write;
-        const auto reading = options_.threads > 1 ? SqliteReading::ahead : SqliteReading::on_demand;
-        const std::unique_ptr<Database> database = open_sqlite_database(options_.database, access, reading);
         if (exports() && !folder_.empty()) system_files().make_folder(folder_);
         StatementCount counted(*database, account_.statements);
         WholeStatements whole(counted);
@@ -170,6 +171,31 @@ private:
         if (!pbCommandVorhanden(options_.parameters, "autostart"))
             throw UsageError("--output: {client} braucht --params mit autostart");
         return client_of(options_.parameters, environment_);
+    }
+
+    /// refused: the run will not take place; then null when the database cannot be opened.
+    std::unique_ptr<HostDatabase> open_database(bool refused) try {
+        const auto access = exports() ? SqliteAccess::read_only : SqliteAccess::read_write;
+        const auto reading = options_.threads > 1 ? SqliteReading::ahead : SqliteReading::on_demand;
+        return open_sqlite_database(options_.database, access, reading);
+    } catch (const AutomationError&) {
+        if (!refused) throw;
+        return nullptr;
+    }
+
+    void refuse(const std::string& line) {
+        account_.note_error(line);
+        complain(console_, line);
+    }
+
+    /// Says what is wrong with the parameter text, all at once. False: the run must not take place. What is
+    /// sent for it stands in no statement log.
+    bool parameters_pass(const LogRequest& request, Database& database) {
+        if (options_.as_is || options_.parameters.empty()) return true;
+        const CheckResult check = check_parameters(options_.command, options_.parameters, request, sections_,
+                                                   database, environment_);
+        for (const std::string& line : check.lines) check.refused ? refuse(line) : complain(console_, line);
+        return !check.refused;
     }
 
     /// An error that leaves the exporter is shown like those that it shows itself.

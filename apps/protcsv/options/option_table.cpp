@@ -91,8 +91,10 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, const OptionContext& context) {
          o.request.section = find_section(value, context.sections).number;
      }},
-    {"--user", "NAME", filtered, 0, "Auswahl", "nur Änderungen dieses Mitarbeiters",
+    {"--user", "NAME", filtered & ~deleting, 0, "Auswahl", "nur Änderungen dieses Mitarbeiters",
      [](Options& o, const std::string& value, const OptionContext&) { o.request.user = as_text(value); }},
+    {"--user", "NAME", deleting, 0, "Auswahl", "nur Änderungen dieses Mitarbeiters",   // an unset variable is nobody, not all
+     [](Options& o, const std::string& value, const OptionContext&) { o.request.user = as_text(not_empty(value)); }},
     {"--from", "DATUM", filtered, 0, "Auswahl", "erster Tag: TT.MM.JJJJ, JJJJ-MM-TT, heute, gestern oder\nein Monat, JJJJ-MM",
      [](Options& o, const std::string& value, const OptionContext& context) {
          o.request.from = parse_days(value, context.today).first;
@@ -128,6 +130,8 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string&, const OptionContext&) { o.csv.raw_cells = true; }},
     {"--yes", "", deleting, 0, "Ablauf", "beantwortet die Löschfrage mit Ja",
      [](Options& o, const std::string&, const OptionContext&) { o.yes = true; }},
+    {"--as-is", "", running, 0, "Ablauf", "nimmt den Parametertext ungeprüft",
+     [](Options& o, const std::string&, const OptionContext&) { o.as_is = true; }},
     {"--answers", "DATEI", any_log, 0, "Ablauf",
      "Antworten auf die Fragen, eine je Zeile; - liest\ndie Standardeingabe",
      [](Options& o, const std::string& value, const OptionContext&) { o.answers = not_empty(value); }},

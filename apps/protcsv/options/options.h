@@ -45,6 +45,7 @@ struct Options {
     bool plain = false;
     bool quiet = false;
     bool yes = false;
+    bool as_is = false;  ///< run: the parameter text is not checked
     std::string sample_file;
     SampleOptions sample;
     bool overwrite = false;

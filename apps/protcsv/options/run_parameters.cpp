@@ -1,6 +1,6 @@
 #include "apps/protcsv/options/run_parameters.h"
 
-#include <optional>
+#include <algorithm>
 #include <string>
 
 #include "apps/protcsv/options/days.h"
@@ -27,46 +27,55 @@ bool parse_flag(std::string_view text) {
     throw UsageError("„" + std::string(text) + "“ ist weder 1 oder ja noch 0 oder nein");
 }
 
+constexpr std::string_view own_keys[] = {"sektion", "mitarbeiter", "datvon", "datbis", "neu", "aend", "loe"};
+
 class Reader {
 public:
-    Reader(std::string_view parameters, Environment& environment)
-        : parameters_(parameters), environment_(environment) {}
+    explicit Reader(const std::vector<HostItem>& items) : items_(items) {}
+
+    std::vector<std::string> errors;
 
     /// Hands the value of `key`, when it is given, to `use`; says whether it was given.
     template <typename Use>
     bool read(std::string_view key, Use use) {
-        const std::string text = value(std::string(key) + ':');
-        if (text.empty()) return false;
+        const auto item = std::ranges::find(items_, key, &HostItem::key);
+        if (item == items_.end() || item->value.empty()) return false;
         try {
-            use(text);
+            use(item->value);
         } catch (const UsageError& error) {
-            throw UsageError("--params: " + std::string(key) + ": " + error.what());
+            errors.push_back("--params: " + std::string(key) + ": " + error.what());
         }
         return true;
     }
 
 private:
-    std::string value(const std::string& key) {
-        for (const std::string& item : split(parameters_, '/'))
-            if (pbCommandVorhanden(item, key))
-                return std::string(trim_blanks(psComWert("/" + item, environment_)));
-        return {};
-    }
-
-    std::string_view parameters_;
-    Environment& environment_;
+    const std::vector<HostItem>& items_;
 };
 
 }  // namespace
 
-LogRequest read_run_parameters(std::string_view parameters, SectionTable sections, Environment& environment) {
-    Reader reader(parameters, environment);
+std::span<const std::string_view> host_keys() { return own_keys; }
+
+std::vector<HostItem> host_items(std::string_view parameters, Environment& environment) {
+    std::vector<HostItem> items;
+    for (const std::string& item : split(parameters, '/'))
+        for (const std::string_view key : own_keys)
+            if (pbCommandVorhanden(item, std::string(key) + ':'))
+                items.push_back({key, std::string(trim_blanks(item)),
+                                 std::string(trim_blanks(psComWert("/" + item, environment)))});
+    return items;
+}
+
+RunParameters read_run_parameters(std::string_view parameters, SectionTable sections,
+                                  Environment& environment) {
+    const std::vector<HostItem> items = host_items(parameters, environment);
+    Reader reader(items);
     LogRequest request;
     const auto read_section = [&](const std::string& text) {
         request.section = find_section(text, sections).number;
     };
     if (!reader.read("sektion", read_section))
-        throw UsageError("--params: sektion fehlt, etwa /sektion:15/autostart");
+        reader.errors.emplace_back("--params: sektion fehlt, etwa /sektion:15/autostart");
     reader.read("mitarbeiter", [&](const std::string& text) { request.user = text; });
     const Date today = to_date(environment.clock.now());
     reader.read("datvon", [&](const std::string& text) { request.from = parse_days(text, today).first; });
@@ -78,7 +87,7 @@ LogRequest read_run_parameters(std::string_view parameters, SectionTable section
         any_event_key |= reader.read(
             event.key, [&](const std::string& text) { events |= parse_flag(text) ? event.bit : 0; });
     if (any_event_key) request.events = events;
-    return request;
+    return {request, std::move(reader.errors)};
 }
 
 }  // namespace prot

@@ -41,7 +41,7 @@ protected:
         std::istringstream in(input);
         std::ostringstream out, err;
         const Console console{in, out, err, in_is_terminal, err_is_terminal};
-        const int status = run_program(arguments, console, scripted_sections());
+        const int status = run_program(arguments, console, sections);
         output = out.str();
         errors = err.str();
         take_closing_line();
@@ -63,6 +63,7 @@ protected:
 
     std::size_t files() const { return folder_.entries(); }
 
+    SectionTable sections = scripted_sections();
     std::string input;
     bool in_is_terminal = false;
     bool err_is_terminal = false;

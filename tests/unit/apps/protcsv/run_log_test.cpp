@@ -392,6 +392,7 @@ TEST_F(RunLog, RefusesAWrongUseBeforeItLooksForTheDatabase) {
     EXPECT_EQ(with({}), 1) << "the database is missing";
     EXPECT_EQ(with({"--separator", "→", "--encoding", "windows-1252"}), 2);
     EXPECT_EQ(run({"run", "--db", path("fehlt.db"), "--params", "/autostart"}), 2);
+    EXPECT_EQ(run({"run", "--db", path("fehlt.db"), "--params", "/sektion:1/neu:x/autostart"}), 2);
     EXPECT_EQ(files(), 0U);
 }
 

@@ -145,6 +145,7 @@ Ausgabe:
   --raw-cells           Zellen, die wie Formeln aussehen, nicht entschärfen
 
 Ablauf:
+  --as-is               nimmt den Parametertext ungeprüft
   --answers DATEI       Antworten auf die Fragen, eine je Zeile; - liest
                         die Standardeingabe
   --plain               Fragen Zeile für Zeile statt als Bildschirmformular

@@ -311,7 +311,7 @@ TEST(Options, EachCommandTakesItsOptionsAndNoOther) {
     } rows[] = {
         {"export", log + file + "--section --user --from --to --events"},
         {"delete", log + "--section --user --from --to --events --yes --out"},
-        {"run", log + file},
+        {"run", log + file + "--as-is"},
         {"sample", "--seed --rows --section --overwrite"},
         {"sections", ""},
     };

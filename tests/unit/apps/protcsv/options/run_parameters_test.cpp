@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "apps/protcsv/options/usage_error.h"
 #include "tests/unit/support/fakes.h"
 
 namespace prot {
@@ -12,16 +11,18 @@ constexpr Section sections[] = {{15, "exchange-rates", "Devisenkurse", nullptr}}
 
 LogRequest read(std::string_view parameters) {
     test::FakeHost host;
-    return read_run_parameters(parameters, sections, host.environment);
+    RunParameters run = read_run_parameters(parameters, sections, host.environment);
+    EXPECT_EQ(run.errors, std::vector<std::string>());
+    return run.request;
 }
 
+/// The errors, one a line.
 std::string refusal(std::string_view parameters) {
-    try {
-        read(parameters);
-    } catch (const UsageError& error) {
-        return error.what();
-    }
-    return {};
+    test::FakeHost host;
+    std::string lines;
+    for (const std::string& error : read_run_parameters(parameters, sections, host.environment).errors)
+        lines += (lines.empty() ? "" : "\n") + error;
+    return lines;
 }
 
 TEST(RunParameters, ReadsTheHostsOwnKeys) {
@@ -70,6 +71,24 @@ TEST(RunParameters, NamesTheKeyThatIsMissingOrUnreadable) {
               "--params: datbis: „morgen“ ist kein Tag; erwartet wird TT.MM.JJJJ, JJJJ-MM-TT, JJJJ-MM, heute "
               "oder gestern");
     EXPECT_EQ(refusal("/sektion:15/loe:2"), "--params: loe: „2“ ist weder 1 oder ja noch 0 oder nein");
+    EXPECT_EQ(
+        refusal("/loe:2/datvon:31.02.2026"),
+        "--params: sektion fehlt, etwa /sektion:15/autostart\n"
+        "--params: datvon: „31.02.2026“ ist kein Tag; erwartet wird TT.MM.JJJJ, JJJJ-MM-TT, JJJJ-MM, heute "
+        "oder gestern\n"
+        "--params: loe: „2“ ist weder 1 oder ja noch 0 oder nein")
+        << "all at once";
+}
+
+TEST(RunParameters, FindsAllItemsOfItsOwnKeys) {
+    test::FakeHost host;
+    const std::vector<HostItem> items =
+        host_items("datvon:x/ NEU: 1 /mandant:5/neu/neux:1/neu:0", host.environment);
+    ASSERT_EQ(items.size(), 3U);
+    EXPECT_EQ(items[0].key, "datvon");
+    EXPECT_EQ(items[1].item, "NEU: 1");
+    EXPECT_EQ(items[1].value, "1");
+    EXPECT_EQ(items[2].item, "neu:0");
 }
 
 }  // namespace
