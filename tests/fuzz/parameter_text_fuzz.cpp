@@ -53,6 +53,7 @@ class Checks {
 public:
     void all(std::string_view key, std::string_view text) {
         check_split(text, false);
+        check_unread(text);
         check_split(text, true);
         check_found_item(to_lower(key), text);
         claim(pbCommandVorhanden(text, key) == has_item(text, key), "a key is found at the start of an item");
@@ -69,6 +70,21 @@ private:
             check_joined(text, parts);
         }
         for (const std::string& part : parts) check_item(part);
+    }
+
+    static void check_unread(std::string_view text) {
+        const std::vector<std::string> unread = unread_parts(text);
+        if (!is_valid_utf8(text)) return;  // the parts are made of characters
+        for (const std::string& part : unread) {
+            claim(contains(text, part) && !contains(part, "/"),
+                  "a part that nobody reads stands between slashes");
+            claim(!part.empty() && trimmed(part) == part, "it is trimmed, and something");
+        }
+        if (contains(to_lower(text), key_framework)) return;
+        const std::string_view head = trimmed(text.substr(0, text.find('/')));
+        claim(unread ==
+                  (head.empty() ? std::vector<std::string>() : std::vector<std::string>{std::string(head)}),
+              "every slash separates, and before the first one stands no item");
     }
 
     static void check_joined(std::string_view text, const std::vector<std::string>& parts) {
