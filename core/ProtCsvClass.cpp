@@ -12,7 +12,9 @@ namespace {
 /// Names the exporter while it runs.
 class Running {
 public:
-    Running(SectionExporter*& place, SectionExporter& exporter) : place_(place), before_(place) { place_ = &exporter; }
+    Running(SectionExporter*& place, SectionExporter& exporter) : place_(place), before_(place) {
+        place_ = &exporter;
+    }
     ~Running() { place_ = before_; }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;

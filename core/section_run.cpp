@@ -36,7 +36,7 @@ void SectionRun::export_selection(Database& oDBU, std::int32_t lSection, const s
     pbLoeschen = deletes;
     export_rows(run, names(), sql + " ORDER BY ddDatum");
 } catch (...) {
-    leave(owner_, "gCSVAusgabe");
+    leave(owner_, "export_selection");
 }
 
 std::optional<std::string> SectionRun::read_filter(Database& oDBU, std::int32_t lSection) {

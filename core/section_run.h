@@ -22,8 +22,8 @@ public:
 
     void gCSVAusgabe(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon, Date dtBis,
                      std::int32_t lAktion, Value& vPara) final;
-    void export_selection(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon, Date dtBis,
-                          std::int32_t lAktion) final;
+    void export_selection(Database& oDBU, std::int32_t lSection, const std::string& sUser, Date dtVon,
+                          Date dtBis, std::int32_t lAktion) final;
 
     std::optional<std::string> read_filter(Database& oDBU, std::int32_t lSection) final;
 

@@ -40,7 +40,7 @@ public:
 
     void field_without_caption(std::string_view, std::string_view) override {}
     void lookup_failed(std::string_view) override {}
-    void unreadable_document(std::int64_t) override {}
+    void record_read(std::int64_t, std::int64_t, NoLine) override {}
     void batch_keys(std::span<const std::string_view> keys) override {
         text_.keys.assign(keys.begin(), keys.end());
     }

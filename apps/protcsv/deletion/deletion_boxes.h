@@ -12,8 +12,8 @@ class DeletionBoxes : public MessageBoxes {
 public:
     using Text = std::function<std::string()>;
 
-    /// subject: what would go, line by line; asked for when the question comes. trial: what is said instead of
-    /// the question, which is then answered no; null: it is asked.
+    /// subject: what would go, line by line; asked for when the question comes. trial: what is said instead
+    /// of the question, which is then answered no; null: it is asked.
     DeletionBoxes(MessageBoxes& boxes, Text subject, Text trial)
         : boxes_(boxes), subject_(std::move(subject)), trial_(std::move(trial)) {}
 

@@ -11,7 +11,6 @@
 namespace prot {
 namespace {
 
-
 constexpr std::uint64_t first_moments_stream = 1000;
 
 /// A section, and what it still has to log.

@@ -64,8 +64,7 @@ TEST_F(TerminalFormsTest, SaysTheNoticeAboveTheFields) {
     form.notice = "Achtung!\nZeitraum: alle Tage";
     settings.answers = "EUR\n";
     show();
-    EXPECT_EQ(output.str(),
-              "Protokollausgabe\nAchtung!\nZeitraum: alle Tage\nvon [AUD]: EUR\nbis [ÖRE]: \n");
+    EXPECT_EQ(output.str(), "Protokollausgabe\nAchtung!\nZeitraum: alle Tage\nvon [AUD]: EUR\nbis [ÖRE]: \n");
 }
 
 TEST_F(TerminalFormsTest, PrefersAnExactEntryAndElseIgnoresLetterCase) {
