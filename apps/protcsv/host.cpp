@@ -40,15 +40,21 @@ Host::Host(const Options& options, Displays& displays, RunAccount& account)
     if (!options.report.empty()) csv_.never_replaced.push_back(text_path(options.report));
 }
 
-Environment Host::environment() {
-    MessageBoxes& boxes = displays_.message_boxes();
-    FormDisplay& forms = displays_.forms();
+Environment Host::environment() { return environment(displays_.message_boxes(), displays_.forms()); }
+
+Environment Host::environment(MessageBoxes& boxes, FormDisplay& forms) {
     return {*this, boxes, forms, pointer_, *connection_information_, clock_, account_.notices};
 }
 
 void Host::set_output(const std::string& name, Existing existing) {
     csv_.output = text_path(name);
     csv_.existing_output = existing;
+}
+
+void Host::write_into(const std::filesystem::path& folder) {
+    csv_.folder = folder;
+    csv_.output.clear();
+    is_alone_ = true;
 }
 
 void Host::set_output(FileLayer& files) {
@@ -73,6 +79,7 @@ std::unique_ptr<ErrorDisplay> Host::create_error_display() {
 std::unique_ptr<HelpDisplay> Host::create_help_display() { return displays_.create_help_display(); }
 
 std::optional<std::string> Host::ask_file_name(const std::string& suggestion) {
+    if (is_alone_) return std::string();
     std::optional<std::string> name = displays_.ask_file_name(suggestion, path_text(csv_.folder));
     if (name) *name = with_csv_ending(*name, csv_.folder);
     return name;
@@ -97,7 +104,7 @@ void Host::bytes_written(std::string_view bytes) {
 }
 
 void Host::show_file(const std::string& path) {
-    if (files_ == &system_files()) displays_.show_file(path);
+    if (files_ == &system_files() && !is_alone_) displays_.show_file(path);
 }
 
 }  // namespace prot

@@ -19,9 +19,13 @@ public:
     Host(const Options& options, Displays& displays, RunAccount& account);
 
     Environment environment();
+    /// With boxes and forms that stand before those of the displays.
+    Environment environment(MessageBoxes& boxes, FormDisplay& forms);
 
     /// Every CSV file gets this name, seen from the run's folder, and nobody is asked.
     void set_output(const std::string& name, Existing existing);
+    /// Every CSV file gets the exporter's name in `folder`; nobody is asked, and nothing is shown.
+    void write_into(const std::filesystem::path& folder);
     /// Every CSV file goes to `files`, which outlives it.
     void set_output(FileLayer& files);
 
@@ -45,6 +49,7 @@ private:
     };
 
     CsvFileOptions csv_;
+    bool is_alone_ = false;  // nobody is asked
     FileLayer* files_ = &system_files();
     Displays& displays_;
     RunAccount& account_;

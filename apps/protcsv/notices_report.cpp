@@ -48,6 +48,7 @@ void NoticesReport::lookup_failed(std::string_view error) {
 void NoticesReport::record_read(std::int64_t log_id, std::int64_t lines, NoLine why) {
     const bool lacks_caption = std::exchange(lacks_caption_, false);
     ++records_;
+    if (ids_ != nullptr) ids_->push_back(log_id);
     lines_ += lines;
     if (lines > 0) return;
     CountedRecords& records = left_out_[static_cast<std::size_t>(reason_of(why, lacks_caption))];

@@ -46,6 +46,9 @@ public:
     void filter_accepted(std::string_view text) override { filter_text_ = text; }
     void record_read(std::int64_t log_id, std::int64_t lines, NoLine why) override;
 
+    /// Appends the id of every record that is read from now on; null: no more.
+    void list_records(std::vector<std::int64_t>* ids) { ids_ = ids; }
+
     const std::string& filter_text() const { return filter_text_; }  ///< empty: not known
     std::int64_t records() const { return records_; }
     std::int64_t lines() const { return lines_; }  ///< without the head of the file
@@ -77,6 +80,7 @@ private:
     };
 
     std::string filter_text_;
+    std::vector<std::int64_t>* ids_ = nullptr;
     std::int64_t records_ = 0, lines_ = 0;
     bool lacks_caption_ = false;  // a field of the record at hand
     std::array<CountedRecords, left_out_reasons> left_out_;

@@ -9,6 +9,7 @@
 #include "apps/protcsv/checks/parameter_check.h"
 #include "apps/protcsv/commands.h"
 #include "apps/protcsv/console/stream_files.h"
+#include "apps/protcsv/deletion/deletion_run.h"
 #include "apps/protcsv/host.h"
 #include "apps/protcsv/options/output_name.h"
 #include "apps/protcsv/options/run_parameters.h"
@@ -112,7 +113,11 @@ public:
           displays_(
               displays({terminal_, message_boxes_, full_screen(options, console), console.err_is_terminal})),
           host_(options, *displays_, account),
-          environment_(host_.environment()) {}
+          deletion_(options.command == Command::delete_log
+                        ? std::make_unique<DeletionRun>(options, sections, account, host_, *displays_)
+                        : nullptr),
+          environment_(deletion_ ? host_.environment(deletion_->boxes(), deletion_->forms())
+                                 : host_.environment()) {}
 
     int run() {
         const auto [request, errors] = options_.command == Command::run
@@ -130,17 +135,17 @@ public:
         StatementCount counted(*database, account_.statements);
         WholeStatements whole(counted);
         if (options_.statement_log.empty()) {
-            run_section(request, whole);
+            run_section(request, whole, *database);
         } else {
             StatementLog log(whole, options_.statement_log);
-            run_section(request, log);
+            run_section(request, log, *database);
             log.close();
         }
         return finish();
     }
 
 private:
-    bool exports() const { return options_.command != Command::delete_log; }
+    bool exports() const { return deletion_ == nullptr; }
 
     /// Where the file will be, as far as that is known before the run.
     void choose_output(const LogRequest& request) {
@@ -175,7 +180,8 @@ private:
 
     /// refused: the run will not take place; then null when the database cannot be opened.
     std::unique_ptr<HostDatabase> open_database(bool refused) try {
-        const auto access = exports() ? SqliteAccess::read_only : SqliteAccess::read_write;
+        const bool reads = exports() || options_.dry_run;
+        const auto access = reads ? SqliteAccess::read_only : SqliteAccess::read_write;
         const auto reading = options_.threads > 1 ? SqliteReading::ahead : SqliteReading::on_demand;
         return open_sqlite_database(options_.database, access, reading);
     } catch (const AutomationError&) {
@@ -199,20 +205,28 @@ private:
     }
 
     /// An error that leaves the exporter is shown like those that it shows itself.
-    void run_section(const LogRequest& request, Database& database) {
+    void run_section(const LogRequest& request, Database& statements, HostDatabase& behind) {
         const std::unique_ptr<ProgressParent> progress =
             options_.quiet ? nullptr : displays_->create_progress();
         ProtCsvClass entry(environment_, sections_);
         entry.poParent = progress.get();
         entry.psCommandline = options_.parameters;
-        entry.pbLoeschen = options_.command == Command::delete_log;
+        entry.pbLoeschen = !exports();
+        const std::string user = as_literal(request.user);
+        const auto export_selection = [&] {
+            entry.export_selection(statements, request.section, user, request.from, request.to,
+                                   request.events);
+        };
+        Database& database =
+            deletion_ ? deletion_->stand_before(statements, behind, export_selection) : statements;
         Value spare;
         try {
-            entry.gCSVAusgabe(database, request.section, as_literal(request.user), request.from, request.to,
-                              request.events, spare);
+            entry.gCSVAusgabe(database, request.section, user, request.from, request.to, request.events,
+                              spare);
         } catch (const AutomationError& error) {
             host_.create_error_display()->ZQ_gShowError(error.number(), error.source(), error.description());
         }
+        if (deletion_) deletion_->step_aside();
     }
 
     int finish() {
@@ -228,17 +242,23 @@ private:
             terminal_.complain(no_question);
         }
         if (terminal_.outcome() == Outcome::refused) account_.note_error(refusal);
+        if (deletion_) tell_of_deletion();
         if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
         if (exports() && !options_.quiet)
             terminal_.write(closing_line(account_.notices, account_.duration()));
         const int status = exports() ? status_of_export() : exit_done;
-        const bool prints_path = !account_.file.empty() && account_.file != standard_stream;
-        if (prints_path && options_.report != standard_stream &&
-            print(console_, account_.file + '\n') != exit_done) {
+        const std::string& path = deletion_ ? deletion_->archive() : account_.file;
+        const bool prints_path = !path.empty() && path != standard_stream;
+        if (prints_path && options_.report != standard_stream && print(console_, path + '\n') != exit_done) {
             account_.note_error(standard_output_refuses);
             return exit_error;
         }
         return status;
+    }
+
+    void tell_of_deletion() {
+        const std::string text = deletion_->end_text(options_.quiet);
+        if (!text.empty()) displays_->tell(Telling::notice, text);
     }
 
     /// A failed run has no file that could lack anything but what made it fail.
@@ -275,6 +295,7 @@ private:
     TerminalMessageBoxes message_boxes_;
     std::unique_ptr<Displays> displays_;
     Host host_;
+    const std::unique_ptr<DeletionRun> deletion_;  // null: the run exports
     Environment environment_;
 };
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/automation/text_forms.h"
+
 namespace prot {
 
 namespace {
@@ -17,11 +19,15 @@ AutomationError differs(std::string_view what) {
 Deletion::~Deletion() { undo(); }
 
 Value Deletion::query_value(std::string_view sql) {
-    if (SelectedRecords::is_counting(sql)) counted_ = SelectedRecords::counted_by(sql);
-    return ForwardingDatabase::query_value(sql);
+    const Value value = ForwardingDatabase::query_value(sql);
+    if (SelectedRecords::is_counting(sql)) {
+        counted_ = SelectedRecords::counted_by(sql);
+        records_found_ = static_cast<std::int64_t>(val(to_text(value)));
+    }
+    return value;
 }
 
-std::int64_t Deletion::memos_found() { return counted_ ? counted_->memos(*this) : 0; }
+Deleted Deletion::found() { return {records_found_, counted_ ? counted_->memos(*this) : 0}; }
 
 void Deletion::execute(std::string_view sql) {
     if (!SelectedRecords::is_deleting(sql)) return ForwardingDatabase::execute(sql);
@@ -54,6 +60,7 @@ void Deletion::run(std::string_view sql) {
         deleted_ = so_far_;
     else if (records)
         finish();
+    is_complete_ = records;
 }
 
 void Deletion::finish() {

@@ -50,12 +50,15 @@ public:
     Value query_value(std::string_view sql) override;
     void execute(std::string_view sql) override;
 
-    /// How many memo texts the records have that the exporter has counted.
-    std::int64_t memos_found();
+    /// How many there are of what the exporter has counted.
+    Deleted found();
 
     /// What has gone so far; nothing before the first statement that deletes is done. With an archive, all or
     /// nothing.
     const std::optional<Deleted>& deleted() const { return deleted_; }
+
+    /// Whether the records themselves have gone.
+    bool is_complete() const { return is_complete_; }
 
 private:
     void begin(std::string_view sql);
@@ -66,8 +69,10 @@ private:
     HostDatabase& database_;
     DeletionArchive* const archive_;
     std::optional<SelectedRecords> counted_, going_;
+    std::int64_t records_found_ = 0;
     std::optional<Deleted> deleted_;
     Deleted so_far_;
+    bool is_complete_ = false;
     bool keeps_ = false;  // the archive holds something whose fate is open
     bool in_transaction_ = false;
     std::optional<InterruptionsWait>

@@ -45,7 +45,9 @@ struct Options {
     bool plain = false;
     bool quiet = false;
     bool yes = false;
-    bool as_is = false;  ///< run: the parameter text is not checked
+    std::string archive;   ///< delete: folder in which an archive is made before anything goes; empty: none
+    bool dry_run = false;  ///< delete: count and say, delete nothing
+    bool as_is = false;    ///< run: the parameter text is not checked
     std::string sample_file;
     SampleOptions sample;
     bool overwrite = false;

@@ -72,13 +72,14 @@ std::string absolute(const std::string& path) {
     return path_text(shortest_path(absolute_path(text_path(path))));
 }
 
-Ending ending_of(const NoticesReport& notices, int status) {
-    if (status == exit_done && notices.records() == 0) status = exit_no_data;
+Ending ending_of(const RunAccount& account, int status) {
+    if (status == exit_done && account.deletion) return {status, account.deletion->state, ""};
+    if (status == exit_done && account.notices.records() == 0) status = exit_no_data;
     return *std::ranges::find(endings, status, &Ending::status);
 }
 
 void add_end(Json& report, const RunAccount& account, std::optional<int> status) {
-    const Ending ending = status ? ending_of(account.notices, *status) : not_ended;
+    const Ending ending = status ? ending_of(account, *status) : not_ended;
     report["status"] = status ? Json(*status) : Json();
     report["outcome"] = ending.outcome;
     report["message"] = account.message.empty() ? ending.message : std::string_view(account.message);
@@ -145,9 +146,26 @@ void add_counts(Json& report, const RunAccount& account) {
 void add_file(Json& report, RunAccount& account) {
     report["file"] = nullptr;
     if (account.file.empty()) return;
+    if (account.file_sum.empty() && account.sum) account.file_sum = account.sum->hexadecimal();
     report["file"] = {{"path", account.file == standard_stream ? account.file : absolute(account.file)},
                       {"bytes", account.bytes},
-                      {"sha256", account.sum ? Json(account.sum->hexadecimal()) : Json()}};
+                      {"sha256", text_or_null(account.file_sum)}};
+}
+
+void add_deletion(Json& report, const RunAccount& account) {
+    if (!account.deletion) return;
+    const DeletionAccount& deletion = *account.deletion;
+    Json& json = report["deletion"];
+    json = {{"state", deletion.state}, {"records", deletion.records}, {"memos", deletion.memos}};
+    json["archive"] = nullptr;
+    if (deletion.folder.empty()) return;
+    json["archive"] = {{"folder", absolute(deletion.folder)},
+                       {"database",
+                        {{"path", absolute(deletion.database.path)},
+                         {"bytes", deletion.database.bytes},
+                         {"sha256", deletion.database.sha256}}},
+                       {"records_not_exported",
+                        {{"count", deletion.not_exported.count}, {"records", deletion.not_exported.first}}}};
 }
 
 }  // namespace
@@ -164,6 +182,7 @@ std::string report_text(const Options& options, SectionTable sections, RunAccoun
     add_selection(report, options, sections, account);
     add_counts(report, account);
     add_file(report, account);
+    add_deletion(report, account);
     return json_text(report, 2) + '\n';
 }
 

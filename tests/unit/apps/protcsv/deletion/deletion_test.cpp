@@ -131,9 +131,10 @@ protected:
 
 TEST_F(DeletionTest, CountsWhatGoesWithoutAnArchiveAndWithoutATransaction) {
     Deletion deletion(*host_, *host_, nullptr);
-    EXPECT_EQ(deletion.memos_found(), 0) << "nothing is counted yet";
+    EXPECT_EQ(deletion.found().memos, 0) << "nothing is counted yet";
     EXPECT_EQ(deletion.query_value(count_records), Value(std::int64_t{2}));
-    EXPECT_EQ(deletion.memos_found(), 1);
+    EXPECT_EQ(deletion.found().records, 2);
+    EXPECT_EQ(deletion.found().memos, 1);
     EXPECT_FALSE(deletion.deleted());
     deletion.execute(delete_memos);
     ASSERT_TRUE(deletion.deleted());
