@@ -1,5 +1,8 @@
 #include "apps/protcsv/deletion/archive_file.h"
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <utility>
 
 #include "platform/automation/text_parts.h"
@@ -26,43 +29,59 @@ std::string quoted(std::string_view name) {
     return text;
 }
 
-std::string column_definition(std::string_view name, bool is_key) {
+std::string column_definition(std::string_view name, bool is_id) {
     std::string definition = quoted(name);
-    if (is_key) return definition + " INTEGER PRIMARY KEY";
+    if (is_id) return definition + " INTEGER PRIMARY KEY";
     for (const ColumnType& row : column_types)
         if (name.starts_with(row.prefix)) return definition + ' ' + std::string(row.type);
     return definition;
 }
 
-std::string table_definition(const std::string& table, const std::vector<std::string>& columns) {
-    std::string sql = "CREATE TABLE " + quoted(table) + " (";
+std::string table_definition(const ArchivedTable& table, const std::vector<std::string>& columns) {
+    std::string sql = "CREATE TABLE " + quoted(table.name) + " (";
     for (std::size_t i = 0; i < columns.size(); ++i)
-        sql += (i > 0 ? ", " : "") + column_definition(columns[i], i == 0);
-    return sql + ")";
+        sql += (i > 0 ? ", " : "") + column_definition(columns[i], columns[i] == table.id);
+    sql += ")";
+    if (!table.search.empty())
+        sql += "; CREATE INDEX " + quoted("i" + table.name) + " ON " + quoted(table.name) + " (" +
+               quoted(table.search) + ")";
+    return sql;
 }
 
-bool same(const Cell& a, const Cell& b) {
-    if (a.type() != b.type()) return false;
-    switch (a.type()) {
+/// A cell as text; other cells have other texts.
+void append_cell(std::string& text, const Cell& cell) {
+    text += static_cast<char>('0' + static_cast<int>(cell.type()));
+    const auto append_number = [&text](auto number) {
+        const auto bytes = std::bit_cast<std::array<char, sizeof number>>(number);
+        text.append(bytes.data(), bytes.size());
+    };
+    switch (cell.type()) {
         case Cell::Type::integer:
-            return a.integer() == b.integer();
+            return append_number(cell.integer());
         case Cell::Type::real:
-            return a.real() == b.real();
+            return append_number(cell.real());
         case Cell::Type::text:
-            return a.text() == b.text();
+            append_number(cell.text().size());
+            text += cell.text();
+            return;
         case Cell::Type::null:
         case Cell::Type::date:
-            break;
+            return;
     }
-    return a.type() == Cell::Type::null;
+}
+
+/// The rows in an order that depends on nothing but what they hold.
+std::vector<std::string> sorted(const RowSet& rows) {
+    std::vector<std::string> texts(rows.rows());
+    for (std::size_t row = 0; row < rows.rows(); ++row)
+        for (std::size_t column = 0; column < rows.columns(); ++column)
+            append_cell(texts[row], rows.at(column, row));
+    std::ranges::sort(texts);
+    return texts;
 }
 
 bool same(const StoredRows& a, const StoredRows& b) {
-    if (a.columns != b.columns || a.rows.rows() != b.rows.rows()) return false;
-    for (std::size_t row = 0; row < a.rows.rows(); ++row)
-        for (std::size_t column = 0; column < a.columns.size(); ++column)
-            if (!same(a.rows.at(column, row), b.rows.at(column, row))) return false;
-    return true;
+    return a.columns == b.columns && sorted(a.rows) == sorted(b.rows);
 }
 
 }  // namespace
@@ -74,9 +93,8 @@ ArchiveFile::ArchiveFile(std::string path) : path_(std::move(path)), file_(path_
 
 ArchiveFile::~ArchiveFile() { tables_.clear(); }
 
-StoredRows ArchiveFile::copy(HostDatabase& source, const std::string& table, const std::string& condition,
-                             const std::string& key) {
-    const std::string sql = "SELECT * FROM " + table + " WHERE " + condition + " ORDER BY " + key;
+StoredRows ArchiveFile::copy(HostDatabase& source, const ArchivedTable& table, const std::string& condition) {
+    const std::string sql = "SELECT * FROM " + table.name + " WHERE " + condition;
     StoredRows rows = source.query_stored(sql);
     append(table_for(table, rows.columns), rows.rows);
     if (!reader_) reader_ = open_sqlite_database(path_, SqliteAccess::read_only);
@@ -84,14 +102,15 @@ StoredRows ArchiveFile::copy(HostDatabase& source, const std::string& table, con
     return rows;
 }
 
-ArchiveFile::Table& ArchiveFile::table_for(const std::string& name, const std::vector<std::string>& columns) {
-    const auto [known, is_new] = tables_.try_emplace(name);
-    Table& table = known->second;
+ArchiveFile::Table& ArchiveFile::table_for(const ArchivedTable& table,
+                                           const std::vector<std::string>& columns) {
+    const auto [known, is_new] = tables_.try_emplace(table.name);
     if (is_new) {
-        file_.execute(table_definition(name, columns));
-        table.insert = std::make_unique<SqliteInsert>(file_, insert_into(quoted(name), columns.size()));
+        file_.execute(table_definition(table, columns));
+        known->second.insert =
+            std::make_unique<SqliteInsert>(file_, insert_into(quoted(table.name), columns.size()));
     }
-    return table;
+    return known->second;
 }
 
 void ArchiveFile::append(Table& table, const RowSet& rows) {

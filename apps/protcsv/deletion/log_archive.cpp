@@ -103,7 +103,7 @@ void LogArchive::copy_rows(const SelectedRecords& records) {
 void LogArchive::copy_piece(ArchiveFile& file, const SelectedRecords& records,
                             std::span<const std::int64_t> ids) {
     const std::string id = records.id_column();
-    const StoredRows rows = file.copy(source_, records.table(), id + " IN " + list_of(ids), id);
+    const StoredRows rows = file.copy(source_, {records.table(), id}, id + " IN " + list_of(ids));
     if (rows.rows.rows() != ids.size())
         throw AutomationError(ErrorNumber::internal,
                               "Es wurde nichts gelöscht: Während das Archiv geschrieben wurde, verschwanden "
@@ -113,27 +113,24 @@ void LogArchive::copy_piece(ArchiveFile& file, const SelectedRecords& records,
             if (const Cell& cell = rows.rows.at(*table, row); cell.type() == Cell::Type::text)
                 tables_.emplace(cell.text());
     if (!records.have_memos()) return;
-    const std::string memos = records.table() + "Memo";
-    const StoredRows texts =
-        file.copy(source_, memos, "flProtokoll IN " + list_of(ids), log_id_column(memos));
+    const ArchivedTable memos{records.table() + "Memo", {}, "flProtokoll"};
+    const StoredRows texts = file.copy(source_, memos, "flProtokoll IN " + list_of(ids));
     memos_ += static_cast<std::int64_t>(texts.rows.rows());
 }
 
 /// The rows that tell which section, tables and captions the records are about.
 void LogArchive::copy_explanations(ArchiveFile& file) {
-    file.copy(source_, "tSysQuvoLogSections", "IDSysQuvoLogSections = " + std::to_string(section_),
-              "IDSysQuvoLogSections");
+    file.copy(source_, {"tSysQuvoLogSections"}, "IDSysQuvoLogSections = " + std::to_string(section_));
     std::vector<std::int64_t> keys;
     in_pieces(std::vector(tables_.begin(), tables_.end()), [&](std::span<const std::string> names) {
-        const StoredRows rows =
-            file.copy(source_, "tSysQuvoTables", "dcTableName IN " + list_of(names), "IDSysQuvoTables");
+        const StoredRows rows = file.copy(source_, {"tSysQuvoTables"}, "dcTableName IN " + list_of(names));
         const auto key = column_named(rows, "IDSysQuvoTables");
         for (std::size_t row = 0; key && row < rows.rows.rows(); ++row)
             if (const Cell& cell = rows.rows.at(*key, row); cell.type() == Cell::Type::integer)
                 keys.push_back(cell.integer());
     });
     in_pieces(keys, [&](std::span<const std::int64_t> tables) {
-        file.copy(source_, "tSysQuvoColumns", "flTable IN " + list_of(tables), "IDSysQuvoColumns");
+        file.copy(source_, {"tSysQuvoColumns"}, "flTable IN " + list_of(tables));
     });
 }
 
