@@ -27,7 +27,7 @@ Value Deletion::query_value(std::string_view sql) {
     return value;
 }
 
-Deleted Deletion::found() { return {records_found_, counted_ ? counted_->memos(*this) : 0}; }
+Deleted Deletion::found() { return {records_found_, counted_ ? counted_->memos(statements_) : 0}; }
 
 void Deletion::execute(std::string_view sql) {
     if (!SelectedRecords::is_deleting(sql)) return ForwardingDatabase::execute(sql);
@@ -48,7 +48,7 @@ void Deletion::begin(std::string_view sql) {
     wait_.emplace();
     database_.begin_transaction();
     in_transaction_ = true;
-    if (going_->ids(*this) != archive_->ids())
+    if (going_->ids(statements_) != archive_->ids())
         throw differs("Seit das Archiv geschrieben wurde, haben sich die ausgewählten Sätze geändert.");
 }
 

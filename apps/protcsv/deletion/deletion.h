@@ -44,7 +44,7 @@ class Deletion : public ForwardingDatabase {
 public:
     /// statements: where the exporter's go. database: the one behind them. archive: null for none.
     Deletion(Database& statements, HostDatabase& database, DeletionArchive* archive)
-        : ForwardingDatabase(statements), database_(database), archive_(archive) {}
+        : ForwardingDatabase(statements), statements_(statements), database_(database), archive_(archive) {}
     ~Deletion() override;
 
     Value query_value(std::string_view sql) override;
@@ -66,6 +66,7 @@ private:
     void finish();
     void undo() noexcept;
 
+    Database& statements_;
     HostDatabase& database_;
     DeletionArchive* const archive_;
     std::optional<SelectedRecords> counted_, going_;

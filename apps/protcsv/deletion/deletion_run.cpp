@@ -14,8 +14,15 @@ namespace {
 
 std::string notice_of(const LogRequest& request) {
     return "Die Protokollsätze, die hier gewählt werden, werden gelöscht.\nZeitraum: " +
-           period_text(request) + "\nMitarbeiter: " + user_text(request) +
+           period_text(request) + "   Mitarbeiter: " + user_text(request) +
            "   Ereignisse: " + events_text(request);
+}
+
+/// What a filter says of no client is easily overlooked.
+std::string selection_text(const std::string& filter) {
+    constexpr std::string_view nobody = "Mandant:  ,";
+    return filter.starts_with(nobody) ? "alle Mandanten und Kanzleien," + filter.substr(nobody.size())
+                                      : filter;
 }
 
 }  // namespace
@@ -46,7 +53,7 @@ std::string DeletionRun::subject() const {
     };
     add("Datenbank:   ", path_text(shortest_path(absolute_path(text_path(options_.database)))));
     add("Bereich:     ", std::string(section().title) + " (" + std::to_string(section().number) + ")");
-    if (!filter.empty()) add("Auswahl:     ", filter);
+    if (!filter.empty()) add("Auswahl:     ", selection_text(filter));
     add("Zeitraum:    ", period_text(request));
     add("Mitarbeiter: ", user_text(request));
     add("Ereignisse:  ", events_text(request));

@@ -63,7 +63,7 @@ constexpr CommandRow command_rows[] = {
      "--db ZIEL --section NR|NAME [Optionen]",
      "Beispiel:\n"
      "  protcsv delete --db firma.db --section 15 --to 31.12.2015 \\\n"
-     "      --params \"/autostart\" --yes"},
+     "      --params \"/autostart\" --archive archiv --yes"},
     {Command::run, "run", "Exportiert unbeaufsichtigt nach einem Parametertext",
      "--db ZIEL --params TEXT [Optionen]",
      "Aus dem Parametertext werden gelesen: sektion (Pflicht), mitarbeiter, datvon,\n"
@@ -147,7 +147,7 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, const OptionContext&) { o.threads = static_cast<int>(parse_number(value, 1, 2)); }},
     {"--sql-log", "DATEI", any_log, 0, "Ablauf", "schreibt jede SQL-Anweisung als JSON-Zeile mit",
      [](Options& o, const std::string& value, const OptionContext&) { o.statement_log = not_empty(value); }},
-    {"--report", "DATEI", writing, 0, "Ablauf", "schreibt einen Bericht über den Lauf als JSON, mit - auf\ndie Standardausgabe statt des Pfades",
+    {"--report", "DATEI", any_log, 0, "Ablauf", "schreibt einen Bericht über den Lauf als JSON, mit - auf\ndie Standardausgabe statt des Pfades",
      [](Options& o, const std::string& value, const OptionContext&) { o.report = not_empty(value); }},
     {"--strict", "", writing, 0, "Ablauf", "Rückgabewert 4 auch bei fehlenden Beschriftungen und\nunlesbaren Protokollsätzen",
      [](Options& o, const std::string&, const OptionContext&) { o.strict = true; }},

@@ -43,7 +43,8 @@ TEST_P(EveryFormOnScreen, ShowsItAllOnTheSmallestScreenWithAtLeastThreeMatchesOf
 TEST_P(EveryFormOnScreen, HasRoomOnTheSmallestScreenForWhatADeletionSays) {
     form.notice =
         "Die Protokollsätze, die hier gewählt werden, werden gelöscht.\n"
-        "Zeitraum: 01.01.2015 bis 31.12.2015\nMitarbeiter: alle   Ereignisse: angelegt, geändert";
+        "Zeitraum: 01.01.2015 bis 31.12.2015   Mitarbeiter: Annegret Krüger-Schäfer   Ereignisse: "
+        "angelegt, geändert";
     for (const FieldPlace& place : pickers(smallest_screen)) EXPECT_GE(place.value.height, 3);
 }
 

@@ -22,6 +22,13 @@ protected:
         more.insert(more.end(), {"--params", "/autostart", "--out", path("")});
         return run_section("export", section, more);
     }
+
+    /// What is said before the answer to the question of section "delete".
+    std::string question() const {
+        return "[Löschen Stammdatenprotokoll] Gelöscht wird:\n  Datenbank:   " + database() +
+               "\n  Bereich:     Löschen (6)\n  Zeitraum:    alle Tage\n  Mitarbeiter: alle\n"
+               "  Ereignisse:  alle\n\nLöschen?\n";
+    }
 };
 
 TEST_F(RunLog, HandsTheFiltersOnAndPrintsThePathOfTheFinishedFile) {
@@ -167,16 +174,18 @@ TEST_F(RunLog, NamesAnAnswersFileThatCannotBeRead) {
 TEST_F(RunLog, DeletesNothingWithoutAnAnswer) {
     const std::string before = (database(), read("x.db"));
     EXPECT_EQ(run_section("delete", "delete", {"--answers", "-"}), 3);
-    EXPECT_EQ(errors,
-              "[Löschen Stammdatenprotokoll] Löschen?\nNein\n"
-              "protcsv: Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.\n");
+    EXPECT_EQ(errors, question() +
+                          "Nein\n"
+                          "protcsv: Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.\n");
     EXPECT_EQ(read("x.db"), before);
 }
 
 TEST_F(RunLog, DeletesWithYes) {
     const std::string before = (database(), read("x.db"));
     EXPECT_EQ(run_section("delete", "delete", {"--yes", "--out", path("o")}), 0);
-    EXPECT_EQ(errors, "[Löschen Stammdatenprotokoll] Löschen?\nJa\n");
+    EXPECT_EQ(errors,
+              question() +
+                  "Ja\nEndgültig gelöscht, ohne Archiv (--archive): 710 Protokollsätze und 0 Memotexte.\n");
     EXPECT_NE(read("x.db"), before);
 }
 
@@ -195,7 +204,7 @@ TEST_F(RunLog, AsksThePersonBeforeItDeletes) {
     in_is_terminal = err_is_terminal = true;
     input = "nein\n";
     EXPECT_EQ(run_section("delete", "delete"), 3);
-    EXPECT_EQ(errors, "[Löschen Stammdatenprotokoll] Löschen?\nJa/Nein [Nein]: ");
+    EXPECT_EQ(errors, question() + "Ja/Nein [Nein]: ");
     input = "ja\n";
     EXPECT_EQ(run_section("delete", "delete"), 0);
 }
@@ -400,9 +409,9 @@ TEST_F(RunLog, NeverTakesPreparedAnswersForAPersonWhoCouldConfirmADeletion) {
     in_is_terminal = err_is_terminal = true;
     input = "ja\nja\n";
     EXPECT_EQ(run_section("delete", "delete", {"--answers", "-"}), 3);
-    EXPECT_EQ(errors,
-              "[Löschen Stammdatenprotokoll] Löschen?\nNein\n"
-              "protcsv: Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.\n");
+    EXPECT_EQ(errors, question() +
+                          "Nein\n"
+                          "protcsv: Ohne Terminal ist die Antwort Nein; --yes antwortet mit Ja.\n");
 }
 
 TEST_F(RunLog, AsksNobodyByAStandardInputThatIsNoTerminal) {

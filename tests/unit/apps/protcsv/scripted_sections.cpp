@@ -75,7 +75,7 @@ void show_box(Call& call) {
 void ask_to_delete(Call& call) {
     const BoxAnswer answer = call.environment.message_boxes.show("Löschen?", BoxStyle::question_yes_no,
                                                                  "Löschen Stammdatenprotokoll");
-    if (answer == BoxAnswer::yes) call.database.execute("DELETE tProtokoll");
+    if (answer == BoxAnswer::yes) call.database.execute("DELETE tProtokoll WHERE idProtokoll > 0");
 }
 
 void leave_something_out(Call& call) {
@@ -120,7 +120,7 @@ void send_statements(Call& call) {
     call.database.query_value("SELECT COUNT(*) FROM tDevisenWaehr WHERE 1 = 2");
 }
 
-void change_the_log(Call& call) { call.database.execute("DELETE tProtokoll"); }
+void change_the_log(Call& call) { call.database.execute("DELETE tProtokoll WHERE idProtokoll > 0"); }
 
 void say_arguments(Call& call) {
     std::string text;

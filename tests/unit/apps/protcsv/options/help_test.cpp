@@ -109,11 +109,16 @@ Auswahl:
                         autostart werden die Filter am Terminal erfragt
 
 Ablauf:
+  --archive ORDNER      legt in diesem Ordner erst ein geprüftes Archiv der
+                        Sätze an und löscht nur, was darin steht
+  --dry-run             sagt, was gelöscht würde, und löscht nichts
   --yes                 beantwortet die Löschfrage mit Ja
   --answers DATEI       Antworten auf die Fragen, eine je Zeile; - liest
                         die Standardeingabe
   --plain               Fragen Zeile für Zeile statt als Bildschirmformular
   --sql-log DATEI       schreibt jede SQL-Anweisung als JSON-Zeile mit
+  --report DATEI        schreibt einen Bericht über den Lauf als JSON, mit - auf
+                        die Standardausgabe statt des Pfades
   --quiet               kein Fortschrittsbalken, keine Hinweise, keine Bilanz
 
 Allgemein:
@@ -121,7 +126,7 @@ Allgemein:
 
 Beispiel:
   protcsv delete --db firma.db --section 15 --to 31.12.2015 \
-      --params "/autostart" --yes
+      --params "/autostart" --archive archiv --yes
 )"},
     {"run", R"(Exportiert unbeaufsichtigt nach einem Parametertext
 

@@ -310,7 +310,7 @@ TEST(Options, EachCommandTakesItsOptionsAndNoOther) {
         std::string options;
     } rows[] = {
         {"export", log + file + "--section --user --from --to --events"},
-        {"delete", log + "--section --user --from --to --events --yes --out"},
+        {"delete", log + "--report --section --user --from --to --events --archive --dry-run --yes --out"},
         {"run", log + file + "--as-is"},
         {"sample", "--seed --rows --section --overwrite"},
         {"sections", ""},
