@@ -26,6 +26,7 @@
 #include "platform/automation/text_parts.h"
 #include "platform/portable/csv/csv_encoding.h"
 #include "platform/portable/files/atomic_file.h"
+#include "platform/portable/files/unfinished_files.h"
 #include "platform/portable/sqlite/sqlite_database.h"
 
 namespace prot {
@@ -132,6 +133,7 @@ public:
         if (!database || !parameters_pass(request, *database) || !errors.empty()) return exit_usage;
         choose_output(request);
         if (exports() && !folder_.empty()) system_files().make_folder(folder_);
+        if (exports() && options_.output != standard_stream) remove_unfinished_files(folder_);
         StatementCount counted(*database, account_.statements);
         WholeStatements whole(counted);
         if (options_.statement_log.empty()) {

@@ -1,6 +1,7 @@
 #include "platform/portable/files/atomic_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -113,6 +114,9 @@ public:
         }
         if (descriptor_ < 0) fail();
         made_ = !place_.direct;
+        // Tells other programs that this one runs (see remove_if_free). Where there are no locks, that
+        // remains unknown.
+        if (made_) ::flock(descriptor_, LOCK_EX | LOCK_NB);
     }
 
     void write(std::string_view bytes) override {
