@@ -40,4 +40,12 @@ int run_log(
     const Options& options, const Console& console, SectionTable sections,
     const MakeDisplays& displays = [](const DisplayMeans& means) { return choose_displays(means); });
 
+/// Whether the parameter text of an unattended run chooses anything in the section; true for any other run.
+/// Shows nothing.
+bool parameters_fit(const Options& options, const Console& console, SectionTable sections);
+
+/// export: the same for each of its sections, one after the other, if the parameter text fits them all. Ends
+/// with the gravest of their exit statuses; a person who cancels one cancels those behind it.
+int run_sections(const Options& options, const Console& console, SectionTable sections);
+
 }  // namespace prot

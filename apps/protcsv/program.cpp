@@ -26,6 +26,7 @@ int dispatch(const Options& options, const Console& console, SectionTable sectio
         case Command::sample:
             return write_sample(options, console);
         case Command::export_log:
+            return run_sections(options, console, sections);
         case Command::delete_log:
         case Command::run:
             return run_log(options, console, sections);

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "apps/protcsv/checks/parameter_check.h"
+#include "apps/protcsv/checks/understood_text.h"
 #include "apps/protcsv/commands.h"
 #include "apps/protcsv/console/stream_files.h"
 #include "apps/protcsv/deletion/deletion_run.h"
@@ -119,6 +120,17 @@ public:
                         : nullptr),
           environment_(deletion_ ? host_.environment(deletion_->boxes(), deletion_->forms())
                                  : host_.environment()) {}
+
+    /// Whether the parameter text, where it asks for an unattended run, chooses anything in the section.
+    bool fits() {
+        if (!pbCommandVorhanden(options_.parameters, "autostart") &&
+            options_.parameters.find("/autostart") == std::string::npos)
+            return true;
+        const std::unique_ptr<HostDatabase> database = open_database(false);
+        const UnderstoodText text = understand(options_.parameters, sections_, options_.request.section,
+                                               !exports(), *database, environment_);
+        return !text.has_autostart() || text.filter_text.has_value();
+    }
 
     int run() {
         const auto [request, errors] = options_.command == Command::run
@@ -309,6 +321,14 @@ int run_log(const Options& options, const Console& console, SectionTable section
     return RunReport(options, console, sections, account).around([&] {
         return LogRun(options, console, sections, displays, account).run();
     });
+}
+
+bool parameters_fit(const Options& options, const Console& console, SectionTable sections) {
+    RunAccount account;
+    return LogRun(
+               options, console, sections, [](const DisplayMeans& means) { return choose_displays(means); },
+               account)
+        .fits();
 }
 
 }  // namespace prot

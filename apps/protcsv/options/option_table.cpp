@@ -87,7 +87,13 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, const OptionContext&) { o.sample_file = not_empty(value); }},
     {"--db", "ZIEL", any_log, any_log, "Datenbank", "Pfad der SQLite-Datei",
      [](Options& o, const std::string& value, const OptionContext&) { o.database = as_database(value); }},
-    {"--section", "NR|NAME", filtered, filtered, "Auswahl", "Bereich, Nummer oder Name (siehe protcsv sections)",
+    {"--section", "NR|NAME", exporting, exporting, "Auswahl",
+     "Bereich, Nummer oder Name (siehe protcsv sections);\nmehrere durch Komma getrennt, oder all",
+     [](Options& o, const std::string& value, const OptionContext& context) {
+         o.sections = parse_sections(value, context.sections);
+         o.request.section = o.sections.front();
+     }},
+    {"--section", "NR|NAME", deleting, deleting, "Auswahl", "Bereich, Nummer oder Name (siehe protcsv sections)",
      [](Options& o, const std::string& value, const OptionContext& context) {
          o.request.section = find_section(value, context.sections).number;
      }},

@@ -1,5 +1,6 @@
 #include "apps/protcsv/options/option_values.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <string>
@@ -8,6 +9,7 @@
 #include "apps/protcsv/options/suggestion.h"
 #include "apps/protcsv/options/usage_error.h"
 #include "platform/automation/letter_case.h"
+#include "platform/automation/text_parts.h"
 #include "platform/automation/utf8.h"
 
 namespace prot {
@@ -105,6 +107,20 @@ const Section& find_section(std::string_view text, SectionTable sections) {
     }
     const std::string meant = suggestion(text, names);
     refuse(text, "ist kein Bereich" + (meant.empty() ? "; es gibt: " + names_of(sections) : meant));
+}
+
+std::vector<std::int32_t> parse_sections(std::string_view text, SectionTable sections) {
+    std::vector<std::int32_t> numbers;
+    if (const std::string word = compact(text); word == "all" || word == "alle") {
+        for (const Section& section : sections) numbers.push_back(section.number);
+        return numbers;
+    }
+    for (const std::string& part : split(text, ',')) {
+        const std::int32_t number = find_section(trim_blanks(part), sections).number;
+        if (std::ranges::find(numbers, number) != numbers.end()) refuse(text, "nennt einen Bereich zweimal");
+        numbers.push_back(number);
+    }
+    return numbers;
 }
 
 std::string parse_separator(std::string_view text) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "core/section_table.h"
 #include "platform/portable/csv/csv_file_writer.h"
@@ -21,6 +22,10 @@ std::int32_t parse_events(std::string_view text);
 /// The section of that number, name or title; letter case, blanks and dashes do not matter ("Offene Posten",
 /// offene-posten).
 const Section& find_section(std::string_view text, SectionTable sections);
+
+/// The numbers of sections, by commas, each as find_section takes it and none twice; all or alle: each there
+/// is.
+std::vector<std::int32_t> parse_sections(std::string_view text, SectionTable sections);
 
 /// One character, or the word tab. Not a quote, CR, LF or NUL.
 std::string parse_separator(std::string_view text);

@@ -212,6 +212,25 @@ void require_output(const Options& options) {
         throw UsageError("--output - und --report - brauchen beide die Standardausgabe");
 }
 
+/// Each section of several has files of its own.
+void require_files_of_each(const Options& options) {
+    if (options.sections.size() < 2) return;
+    constexpr std::string_view mark = "{section}";
+    const struct {
+        const char* name;
+        const std::string& file;
+    } rows[] = {
+        {"--output", options.output}, {"--report", options.report}, {"--sql-log", options.statement_log}};
+    for (const auto& row : rows) {
+        if (row.file.empty() || row.file.find(mark) != std::string::npos) continue;
+        throw UsageError(std::string(row.name) +
+                         (row.file == standard_stream
+                              ? " - gilt nur für einen Bereich"
+                              : " braucht bei mehreren Bereichen {section} im Namen"));
+    }
+    if (options.answers) throw UsageError("--answers gilt nur für einen Bereich");
+}
+
 /// The help of the command that was chosen, else the program's.
 std::string help_of(CommandLine& line) {
     const CommandParser* const chosen = line.chosen();
@@ -239,6 +258,7 @@ Options read(std::vector<std::string> arguments, const OptionContext& context) {
     apply(*chosen, options, context);
     require_period(options.request);
     require_output(options);
+    require_files_of_each(options);
     return options;
 }
 

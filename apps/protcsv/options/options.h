@@ -29,9 +29,11 @@ struct LogRequest {
 
 struct Options {
     Command command = Command::show_text;
-    std::string text;        ///< show_text: the help or version asked for
-    std::string database;    ///< path of an SQLite file
-    LogRequest request;      ///< run reads it from `parameters`
+    std::string text;      ///< show_text: the help or version asked for
+    std::string database;  ///< path of an SQLite file
+    LogRequest request;    ///< run reads it from `parameters`
+    std::vector<std::int32_t>
+        sections;            ///< export: of which each is run with `request`, the first one's number
     std::string parameters;  ///< psCommandline, verbatim
     CsvFileOptions csv;
     std::string output;       ///< pattern of the CSV file's name, "-" for standard output; empty: none

@@ -44,7 +44,8 @@ Datenbank:
   --db ZIEL             Pfad der SQLite-Datei
 
 Auswahl:
-  --section NR|NAME     Bereich, Nummer oder Name (siehe protcsv sections)
+  --section NR|NAME     Bereich, Nummer oder Name (siehe protcsv sections);
+                        mehrere durch Komma getrennt, oder all
   --user NAME           nur Änderungen dieses Mitarbeiters
   --from DATUM          erster Tag: TT.MM.JJJJ, JJJJ-MM-TT, heute, gestern oder
                         ein Monat, JJJJ-MM
