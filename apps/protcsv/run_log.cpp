@@ -255,7 +255,7 @@ private:
             account_.note_error(no_question);
             terminal_.complain(no_question);
         }
-        if (terminal_.outcome() == Outcome::refused) account_.note_error(refusal);
+        if (terminal_.outcome() == Outcome::refused) account_.note_error(terminal_.refused_for());
         if (deletion_) tell_of_deletion();
         if (terminal_.outcome() != Outcome::done) return exit_status(terminal_.outcome());
         if (exports() && !options_.quiet)

@@ -10,6 +10,9 @@ namespace prot {
 
 namespace {
 
+constexpr std::string_view bad_answer =
+    "Diese vorbereitete Antwort passt nicht; der Lauf endet, ohne dass etwas getan wurde.";
+
 void drop_carriage_return(std::string& line) {
     if (line.ends_with('\r')) line.pop_back();
 }
@@ -56,11 +59,12 @@ bool Terminal::require_input() {
     if (answers_ || settings_.keyboard != nullptr) return true;
     if (outcome_ != Outcome::refused) complain(settings_.refusal);
     note(Outcome::refused);
+    refused_for_ = settings_.refusal;
     return false;
 }
 
 std::optional<std::string> Terminal::ask(std::string_view question, std::string_view suggestion) {
-    if (!require_input()) return std::nullopt;
+    if (!require_input() || outcome_ == Outcome::refused) return std::nullopt;
     if (answers_ && next_answer_ == answers_->size()) {
         complain("Auf die Frage „" + std::string(question) +
                  "“ gab es keine Antwort; der Lauf ist abgebrochen.");
@@ -76,6 +80,14 @@ std::optional<std::string> Terminal::ask(std::string_view question, std::string_
     const std::string& answer = (*answers_)[next_answer_++];
     write(prompt + answer + '\n');
     return answer;
+}
+
+void Terminal::refuse_answer(std::string_view why) {
+    if (!why.empty()) write(std::string(why) + '\n');
+    if (!answers_) return;
+    complain(bad_answer);
+    note(Outcome::refused);
+    refused_for_ = why.empty() ? bad_answer : why;
 }
 
 std::optional<std::string> Terminal::ask_person(std::string_view prompt) {

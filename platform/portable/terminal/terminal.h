@@ -53,8 +53,15 @@ public:
     bool require_input();
 
     /// Asks `question [suggestion]: ` and returns the answer as given, empty to take the suggestion. Nothing
-    /// when nobody can answer (refused), at the end of the answers or of the keyboard's input (cancelled).
+    /// when nobody can answer or an answer was refused for good (refused), at the end of the answers or of
+    /// the keyboard's input (cancelled).
     std::optional<std::string> ask(std::string_view question, std::string_view suggestion);
+
+    /// Says why an answer cannot be taken; empty: that has been said. A person can be asked again. Prepared
+    /// answers end here: the run is refused, and ask gives nothing any more.
+    void refuse_answer(std::string_view why);
+    /// What the run was refused for, one line; empty: it was not.
+    const std::string& refused_for() const { return refused_for_; }
 
     /// Asks the person at the keyboard, never the prepared answers. Nothing without one or at the end of
     /// input.
@@ -70,6 +77,7 @@ private:
     std::size_t next_answer_ = 0;
     std::size_t status_width_ = 0;
     Outcome outcome_ = Outcome::done;
+    std::string refused_for_;
 };
 
 }  // namespace prot

@@ -11,11 +11,12 @@ namespace prot {
 
 namespace {
 
-const std::string hint =
-    "(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, " + std::string(cancel_hint) + ")\n";
-constexpr std::string_view help_request = "?";
-constexpr std::string_view not_complete = "Diese Angaben reichen noch nicht aus.\n";
-constexpr std::string_view nothing_picked = "Bitte eine Nummer oder einen Teil des Namens eingeben.\n";
+const std::string hint = "(Eingabetaste übernimmt den Vorschlag, ? zeigt die Auswahl, ?? die Hilfe, " +
+                         std::string(cancel_hint) + ")\n";
+constexpr std::string_view entries_request = "?", help_request = "??";
+constexpr std::string_view no_entries = "Hier gibt es keine Auswahl.\n";
+constexpr std::string_view not_complete = "Diese Angaben reichen noch nicht aus.";
+constexpr std::string_view nothing_picked = "Bitte eine Nummer oder einen Teil des Namens eingeben.";
 constexpr std::size_t most_entries_named = 20;
 
 std::string joined_entries(const Field& field, std::size_t limit) {
@@ -71,6 +72,42 @@ std::string content(const Field& field) {
     return field.selected ? named(field.entries[*field.selected]) : std::string();
 }
 
+/// What the fields of a form held at a moment.
+class HeldFields {
+public:
+    explicit HeldFields(const Form& form) {
+        for (const Field& field : form.fields) held_.push_back({field.selected, field.text});
+    }
+
+    /// Gives the field of that index, and those of its group, back what they held.
+    void give_back(Form& form, std::size_t index) const {
+        std::size_t first = index, end = index + 1;
+        for (const Group& group : form.groups)
+            if (index >= group.first && index < group.first + group.count) {
+                first = group.first;
+                end = group.first + group.count;
+            }
+        for (std::size_t i = first; i < std::min(end, held_.size()); ++i) give_back(form.fields[i], held_[i]);
+    }
+
+private:
+    struct Held {
+        std::optional<std::size_t> selected;
+        std::string text;
+    };
+
+    static void give_back(Field& field, const Held& held) {
+        if (field.kind == FieldKind::text && field.text != held.text) {
+            field.text = held.text;
+            notify(field.changed);
+        } else if (held.selected.value_or(0) < field.entries.size()) {
+            field.choose(held.selected);
+        }
+    }
+
+    std::vector<Held> held_;
+};
+
 }  // namespace
 
 void TerminalForms::show_modal(Form& form) {
@@ -78,12 +115,12 @@ void TerminalForms::show_modal(Form& form) {
     const bool can_ask = terminal_.require_input();
     if (can_ask) write_heading(form);
     while (can_ask && form.shown) {
+        const HeldFields before(form);
         const Asked asked = ask_fields(form);
         if (asked == Asked::cancelled) break;
-        if (form.ok.enabled)
-            notify(form.ok.click);
-        else
-            terminal_.write(not_complete);
+        press_ok(form, asked);
+        if (form.shown && form.select_focus) before.give_back(form, form.focus);
+        if (terminal_.outcome() == Outcome::refused) break;
         // Without a question nobody can mend what a check of the form refuses.
         if (asked == Asked::nothing && form.shown) {
             terminal_.note(Outcome::cancelled);
@@ -92,6 +129,17 @@ void TerminalForms::show_modal(Form& form) {
     }
     if (form.shown) notify(form.cancel.click);
     form.shown = false;
+}
+
+/// The form stays shown when it does not take what it holds.
+void TerminalForms::press_ok(Form& form, Asked asked) {
+    form.select_focus = false;
+    const bool complete = form.ok.enabled;
+    if (complete) notify(form.ok.click);
+    if (form.shown && asked == Asked::all)
+        terminal_.refuse_answer(complete ? std::string_view() : not_complete);
+    else if (!complete)
+        terminal_.write(std::string(not_complete) + '\n');
 }
 
 void TerminalForms::write_heading(const Form& form) {
@@ -126,10 +174,9 @@ bool TerminalForms::ask_field(Form& form, std::size_t index) {
         const std::optional<std::string> answer =
             terminal_.ask(without_access_key(field.label), content(field));
         if (!answer) return false;
-        if (*answer == help_request && terminal_.asks_person() && !find_entry(field, *answer))
-            write_help(form, field);
-        else if (take_answer(form.fields[index], *answer))
-            return true;
+        if (write_help(form, field, *answer)) continue;
+        if (take_answer(form.fields[index], *answer)) return true;
+        if (!form.shown) return false;
     }
 }
 
@@ -141,11 +188,16 @@ bool TerminalForms::take_answer(Field& field, const std::string& answer) {
 }
 
 bool TerminalForms::take_text(Field& field, const std::string& answer) {
-    if (!answer.empty()) {
-        field.text = answer;
+    const auto put = [&field](const std::string& text) {
+        field.text = text;
         notify(field.changed);
-    }
-    return !field.validate || field.validate();
+    };
+    const std::string before = field.text;
+    if (!answer.empty()) put(answer);
+    if (!field.validate || field.validate()) return true;
+    if (field.text != before) put(before);
+    terminal_.refuse_answer({});
+    return false;
 }
 
 bool TerminalForms::take_entry(Field& field, const std::string& answer) {
@@ -154,33 +206,42 @@ bool TerminalForms::take_entry(Field& field, const std::string& answer) {
         field.choose(*entry);
         return true;
     }
-    terminal_.write("„" + answer +
-                    "“ steht nicht in der Liste: " + joined_entries(field, most_entries_named) + '\n');
+    terminal_.refuse_answer("„" + answer +
+                            "“ steht nicht in der Liste: " + joined_entries(field, most_entries_named));
     return false;
 }
 
 bool TerminalForms::take_picked(Field& field, const std::string& answer) {
     if (trim_blanks(answer).empty()) {
-        if (!field.selected) terminal_.write(nothing_picked);
+        if (!field.selected) terminal_.refuse_answer(nothing_picked);
         return field.selected.has_value();
     }
     EntrySearch search;
     search.look_through(field.entries);
     if (const std::optional<std::size_t> entry = search.chosen(answer, std::nullopt)) {
+        terminal_.write(without_access_key(field.label) + ": " + named(field.entries[*entry]) + '\n');
         field.choose(*entry);
         return true;
     }
     const std::vector<std::size_t> matches = search.matches(answer);
-    terminal_.write("„" + answer +
-                    (matches.empty() ? "“ passt auf keinen Eintrag."
-                                     : "“ passt auf mehrere: " + joined_matches(field, matches)) +
-                    '\n');
+    terminal_.refuse_answer("„" + answer +
+                            (matches.empty() ? "“ passt auf keinen Eintrag."
+                                             : "“ passt auf mehrere: " + joined_matches(field, matches)));
     return false;
 }
 
-void TerminalForms::write_help(const Form& form, const Field& field) {
-    if (!field.entries.empty()) terminal_.write("Auswahl: " + whole_list(field) + '\n');
-    if (form.key_down) form.key_down(KeyStroke{key_f1});
+/// Whether a person asked for help instead of answering; what was asked for is shown.
+bool TerminalForms::write_help(const Form& form, const Field& field, const std::string& answer) {
+    const bool asks_for_entries = answer == entries_request;
+    if (!asks_for_entries && answer != help_request) return false;
+    if (!terminal_.asks_person() || find_entry(field, answer)) return false;
+    if (!asks_for_entries) {
+        if (form.key_down) form.key_down(KeyStroke{key_f1});
+    } else {
+        terminal_.write(field.entries.empty() ? std::string(no_entries)
+                                              : "Auswahl: " + whole_list(field) + '\n');
+    }
+    return true;
 }
 
 }  // namespace prot

@@ -162,7 +162,7 @@ TEST_F(RunLog, IsCancelledWhenTheAnswersRunOut) {
 TEST_F(RunLog, IsCancelledAtTheEndOfATerminalsInput) {
     in_is_terminal = err_is_terminal = true;
     EXPECT_EQ(run_section("export", "form"), 3);
-    EXPECT_EQ(errors, "Auswahl\n(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, " +
+    EXPECT_EQ(errors, "Auswahl\n(Eingabetaste übernimmt den Vorschlag, ? zeigt die Auswahl, ?? die Hilfe, " +
                           std::string(cancel_hint) +
                           ")\nWährung "
                           "[EUR]: \n");

@@ -37,6 +37,16 @@ protected:
         TerminalForms(terminal).show_modal(form);
         return terminal.outcome();
     }
+    Outcome show_to_person(const std::string& typed) {
+        keyboard.str(typed);
+        settings.keyboard = &keyboard;
+        return show();
+    }
+    /// What a person reads, behind heading and hint.
+    std::string conversation() const {
+        const std::size_t hint_end = output.str().find(")\n");
+        return hint_end == std::string::npos ? output.str() : output.str().substr(hint_end + 2);
+    }
     std::string range() const {
         return form.fields[0].selected_text() + "-" + form.fields[1].selected_text();
     }
@@ -75,11 +85,32 @@ TEST_F(TerminalFormsTest, PrefersAnExactEntryAndElseIgnoresLetterCase) {
 }
 
 TEST_F(TerminalFormsTest, AsksAgainForAnAnswerThatIsNotInTheList) {
+    EXPECT_EQ(show_to_person("XYZ\nEUR\n\n"), Outcome::done);
+    EXPECT_EQ(conversation(),
+              "von [AUD]: „XYZ“ steht nicht in der Liste: AUD, EUR, ÖRE\nvon [AUD]: bis [ÖRE]: ");
+    EXPECT_EQ(range(), "EUR-ÖRE");
+}
+
+TEST_F(TerminalFormsTest, APreparedAnswerThatIsRefusedEndsTheRunWithoutAnotherQuestion) {
     settings.answers = "XYZ\nEUR\n";
-    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(show(), Outcome::refused);
     EXPECT_EQ(output.str(),
               "Protokollausgabe\nvon [AUD]: XYZ\n„XYZ“ steht nicht in der Liste: AUD, EUR, ÖRE\n"
-              "von [AUD]: EUR\nbis [ÖRE]: \n");
+              "prog: Diese vorbereitete Antwort passt nicht; der Lauf endet, ohne dass etwas getan wurde.\n");
+    EXPECT_EQ(range(), "AUD-ÖRE");
+    EXPECT_EQ(accepted, 0);
+    EXPECT_EQ(cancelled, 1);
+}
+
+TEST_F(TerminalFormsTest, PreparedAnswersThatACheckOfTheFormRefusesEndTheRun) {
+    form.fields.insert(form.fields.begin(), {.kind = FieldKind::label, .label = "Nur ein Hinweis"});
+    on_ok = [] {};
+    settings.answers = "EUR\nAUD\nAUD\nEUR";
+    EXPECT_EQ(show(), Outcome::refused);
+    EXPECT_EQ(output.str(),
+              "Protokollausgabe\nNur ein Hinweis\nvon [AUD]: EUR\nbis [ÖRE]: AUD\n"
+              "prog: Diese vorbereitete Antwort passt nicht; der Lauf endet, ohne dass etwas getan wurde.\n");
+    EXPECT_EQ(cancelled, 1);
 }
 
 TEST_F(TerminalFormsTest, ShortensALongListInARefusal) {
@@ -95,11 +126,23 @@ TEST_F(TerminalFormsTest, ShortensALongListInARefusal) {
 
 TEST_F(TerminalFormsTest, AsksTheWholeFormAgainWithTheGivenValuesWhenACheckKeepsItOpen) {
     on_ok = [this] { form.shown = range() != "EUR-EUR"; };
-    settings.answers = "EUR\nAUD\n\nEUR";
-    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(show_to_person("EUR\nAUD\n\nEUR\n"), Outcome::done);
     EXPECT_EQ(accepted, 2);
-    EXPECT_EQ(output.str(),
-              "Protokollausgabe\nvon [AUD]: EUR\nbis [ÖRE]: AUD\nvon [EUR]: \nbis [AUD]: EUR\n");
+    EXPECT_EQ(conversation(), "von [AUD]: bis [ÖRE]: von [EUR]: bis [AUD]: ");
+}
+
+TEST_F(TerminalFormsTest, AnAnswerThatACheckPointsAtIsNeverTheSuggestionNorAreThoseOfItsGroup) {
+    form.fields.insert(form.fields.begin(), {.name = "cboArt", .label = "&Art"});
+    form.fields[0].entries = {{1, "klein"}, {2, "groß"}};
+    form.fields[0].selected = 0;
+    form.fields[2] = {.kind = FieldKind::text, .name = "txtBis", .label = "&bis", .text = "10"};
+    form.groups = {{"Art", 0, 1}, {"Grenzen", 1, 2}};
+    on_ok = [this] {
+        form.shown = accepted == 1;
+        if (form.shown) form.set_focus(2);
+    };
+    EXPECT_EQ(show_to_person("groß\nEUR\n3\n\n\n\n"), Outcome::done);
+    EXPECT_EQ(conversation(), "Art [klein]: von [AUD]: bis [10]: Art [groß]: von [AUD]: bis [10]: ");
 }
 
 TEST_F(TerminalFormsTest, CancelsTheFormWhenTheAnswersRunOut) {
@@ -138,15 +181,25 @@ TEST_F(TerminalFormsTest, RefusesAFormWhenNobodyCanAnswer) {
     EXPECT_EQ(cancelled, 1);
 }
 
-TEST_F(TerminalFormsTest, ShowsEntriesAndHelpForAQuestionMarkAtTheKeyboard) {
-    keyboard.str("?\nEUR\n\n");
-    settings.keyboard = &keyboard;
-    EXPECT_EQ(show(), Outcome::done);
+TEST_F(TerminalFormsTest, ShowsTheEntriesForAQuestionMarkAtTheKeyboard) {
+    EXPECT_EQ(show_to_person("?\nEUR\n\n"), Outcome::done);
+    EXPECT_TRUE(keys.empty());
+    EXPECT_EQ(output.str(),
+              "Protokollausgabe\n(Eingabetaste übernimmt den Vorschlag, ? zeigt die Auswahl, ?? die Hilfe, " +
+                  std::string(cancel_hint) + ")\nvon [AUD]: Auswahl: AUD, EUR, ÖRE\nvon [AUD]: bis [ÖRE]: ");
+}
+
+TEST_F(TerminalFormsTest, TwoQuestionMarksShowTheHelpPageAlone) {
+    EXPECT_EQ(show_to_person("??\nEUR\n\n"), Outcome::done);
     EXPECT_EQ(keys, std::vector<int>{key_f1});
-    EXPECT_EQ(output.str(), "Protokollausgabe\n(Eingabetaste übernimmt den Vorschlag, ? zeigt Hilfe, " +
-                                std::string(cancel_hint) +
-                                ")\n"
-                                "von [AUD]: Auswahl: AUD, EUR, ÖRE\nvon [AUD]: bis [ÖRE]: ");
+    EXPECT_EQ(conversation(), "von [AUD]: von [AUD]: bis [ÖRE]: ");
+}
+
+TEST_F(TerminalFormsTest, AQuestionMarkForATextSaysThatThereIsNoChoice) {
+    form.fields[0] = {.kind = FieldKind::text, .label = "&von", .text = "10"};
+    EXPECT_EQ(show_to_person("?\n\n\n"), Outcome::done);
+    EXPECT_EQ(form.fields[0].text, "10");
+    EXPECT_EQ(conversation(), "von [10]: Hier gibt es keine Auswahl.\nvon [10]: bis [ÖRE]: ");
 }
 
 TEST_F(TerminalFormsTest, TakesAQuestionMarkInPreparedAnswersForAnAnswer) {
@@ -166,10 +219,9 @@ TEST_F(TerminalFormsTest, CancelsAtTheEndOfTheKeyboardsInput) {
 TEST_F(TerminalFormsTest, AsksForATextAndAsksAgainWhenTheFormRefusesIt) {
     form.fields[1] = {.kind = FieldKind::text, .name = "txtBis", .label = "&bis", .text = "10"};
     form.fields[1].validate = [this] { return form.fields[1].text != "x"; };
-    settings.answers = "\nx\n20";
-    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(show_to_person("\nx\n20\n"), Outcome::done);
     EXPECT_EQ(form.fields[1].text, "20");
-    EXPECT_EQ(output.str(), "Protokollausgabe\nvon [AUD]: \nbis [10]: x\nbis [x]: 20\n");
+    EXPECT_EQ(conversation(), "von [AUD]: bis [10]: bis [10]: ") << "what was refused suggests nothing";
 }
 
 TEST_F(TerminalFormsTest, AChangeMayRefillAndHideTheFieldsBehindIt) {
@@ -206,8 +258,7 @@ TEST_F(TerminalFormsTest, OptionsAreAskedLikeAListAndLabelsAreShown) {
 TEST_F(TerminalFormsTest, AButtonThatIsOffIsNotPressedAndThePersonIsAskedAgain) {
     form.ok.enabled = false;
     form.fields[0].changed = [this] { form.ok.enabled = form.fields[0].selected_text() == "EUR"; };
-    settings.answers = "\n\nEUR\n";
-    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(show_to_person("\n\nEUR\n\n"), Outcome::done);
     EXPECT_EQ(accepted, 1);
     EXPECT_NE(output.str().find("Diese Angaben reichen noch nicht aus.\n"), std::string::npos);
 }
@@ -215,9 +266,8 @@ TEST_F(TerminalFormsTest, AButtonThatIsOffIsNotPressedAndThePersonIsAskedAgain) 
 TEST_F(TerminalFormsTest, ChecksATextThatAnEmptyAnswerLeaves) {
     form.fields[1] = {.kind = FieldKind::text, .name = "txtBis", .label = "&bis", .text = "x"};
     form.fields[1].validate = [this] { return form.fields[1].text != "x"; };
-    settings.answers = "\n\n20";
-    EXPECT_EQ(show(), Outcome::done);
-    EXPECT_EQ(output.str(), "Protokollausgabe\nvon [AUD]: \nbis [x]: \nbis [x]: 20\n");
+    EXPECT_EQ(show_to_person("\n\n20\n"), Outcome::done);
+    EXPECT_EQ(conversation(), "von [AUD]: bis [x]: bis [x]: ");
 }
 
 TEST_F(TerminalFormsTest, TellsTheFormOfATextAndWhereItWasTyped) {
@@ -234,11 +284,8 @@ TEST_F(TerminalFormsTest, TellsTheFormOfATextAndWhereItWasTyped) {
 
 TEST_F(TerminalFormsTest, AListWithoutASelectionNeedsAnAnswer) {
     form.fields[0].selected.reset();
-    settings.answers = "\nEUR\n";
-    EXPECT_EQ(show(), Outcome::done);
-    EXPECT_EQ(output.str(),
-              "Protokollausgabe\nvon []: \n„“ steht nicht in der Liste: AUD, EUR, ÖRE\n"
-              "von []: EUR\nbis [ÖRE]: \n");
+    EXPECT_EQ(show_to_person("\nEUR\n\n"), Outcome::done);
+    EXPECT_EQ(conversation(), "von []: „“ steht nicht in der Liste: AUD, EUR, ÖRE\nvon []: bis [ÖRE]: ");
 }
 
 TEST_F(TerminalFormsTest, AQuestionMarkMayBeAnEntry) {
@@ -264,7 +311,7 @@ TEST_F(TerminalFormsTest, PreparedAnswersNeedNoHintNorHelpThoughAPersonIsThere) 
     keyboard.str("EUR\n");
     settings.keyboard = &keyboard;
     settings.answers = "?\nEUR\n";
-    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(show(), Outcome::refused);
     EXPECT_TRUE(keys.empty());
     EXPECT_TRUE(output.str().starts_with("Protokollausgabe\nvon [AUD]: ?\n„?“ steht nicht")) << output.str();
 }
@@ -331,48 +378,48 @@ TEST_F(TerminalPickerTest, SuggestsTheNumberAndNameOfTheEntryChosen) {
 TEST_F(TerminalPickerTest, TheEntryChosenBeforeDoesNotDecideAnAnswer) {
     form.fields[0].selected = 2;
     form.ok.enabled = true;
-    settings.answers = "mül\n7\n\n";
-    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(show_to_person("mül\n7\n\n"), Outcome::done);
     EXPECT_EQ(key(), 1U);
     EXPECT_EQ(changes, 1);
 }
 
 TEST_F(TerminalPickerTest, SaysWhyAnAnswerLeadsToNoEntryAndAsksAgain) {
-    settings.answers = "Mül\nxyz\n88\n\n \n10\n\n";
+    EXPECT_EQ(show_to_person("Mül\nxyz\n88\n\n \n10\n\n"), Outcome::done);
+    EXPECT_EQ(conversation(),
+              "Mandant []: „Mül“ passt auf mehrere: 7 Müller GmbH, 70 Müller & Söhne\n"
+              "Mandant []: „xyz“ passt auf keinen Eintrag.\n"
+              "Mandant []: „88“ passt auf mehrere: 88 Doppelt, 88 Doppelt auch\n"
+              "Mandant []: Bitte eine Nummer oder einen Teil des Namens eingeben.\n"
+              "Mandant []: Bitte eine Nummer oder einen Teil des Namens eingeben.\n"
+              "Mandant []: Mandant: 10 Bäckerei Möller\nbis [10]: ");
+}
+
+TEST_F(TerminalPickerTest, RepeatsTheChoiceWithNumberAndName) {
+    settings.answers = "söhne\n\n";
     EXPECT_EQ(show(), Outcome::done);
-    EXPECT_EQ(output.str(),
-              "Protokollausgabe\n"
-              "Mandant []: Mül\n„Mül“ passt auf mehrere: 7 Müller GmbH, 70 Müller & Söhne\n"
-              "Mandant []: xyz\n„xyz“ passt auf keinen Eintrag.\n"
-              "Mandant []: 88\n„88“ passt auf mehrere: 88 Doppelt, 88 Doppelt auch\n"
-              "Mandant []: \nBitte eine Nummer oder einen Teil des Namens eingeben.\n"
-              "Mandant []:  \nBitte eine Nummer oder einen Teil des Namens eingeben.\n"
-              "Mandant []: 10\nbis [10]: \n");
+    EXPECT_EQ(output.str(), "Protokollausgabe\nMandant []: söhne\nMandant: 70 Müller & Söhne\nbis [10]: \n");
 }
 
 TEST_F(TerminalPickerTest, NamesNoMoreThanTwentyOfTheEntriesThatMatch) {
     make_long(20000);
-    settings.answers = "mandant\n1002\n10007\n\n";
-    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(show_to_person("mandant\n1002\n10007\n\n"), Outcome::done);
     EXPECT_NE(output.str().find(", 10020 Mandant, … und 19980 weitere\n"), std::string::npos);
     EXPECT_NE(output.str().find("„1002“ passt auf mehrere: 10020 Mandant, 10021 Mandant"), std::string::npos);
     EXPECT_EQ(key(), 7U);
 }
 
-TEST_F(TerminalPickerTest, AQuestionMarkAtTheKeyboardShowsTheFirstEntriesAndHelp) {
+TEST_F(TerminalPickerTest, AQuestionMarkAtTheKeyboardShowsTheFirstEntries) {
     make_long(22);
     form.fields[0].entries[0].text = "Was nun?";
-    keyboard.str("?\n10022\n\n");
-    settings.keyboard = &keyboard;
-    EXPECT_EQ(show(), Outcome::done);
-    EXPECT_EQ(keys, std::vector<int>{key_f1});
+    EXPECT_EQ(show_to_person("?\n10022\n\n"), Outcome::done);
+    EXPECT_TRUE(keys.empty());
     EXPECT_NE(output.str().find("Auswahl: 10001 Was nun?, 10002 Mandant, "), std::string::npos);
     EXPECT_NE(output.str().find(", 10020 Mandant, … und 2 weitere\n"), std::string::npos);
 }
 
 TEST_F(TerminalPickerTest, AnswersThatNeverChooseEndTheRun) {
     settings.answers = "xyz\n\n\n\n";
-    EXPECT_EQ(show(), Outcome::cancelled);
+    EXPECT_EQ(show(), Outcome::refused);
     EXPECT_EQ(accepted, 0);
     EXPECT_EQ(cancelled, 1);
 }
@@ -380,7 +427,7 @@ TEST_F(TerminalPickerTest, AnswersThatNeverChooseEndTheRun) {
 TEST_F(TerminalPickerTest, AnEmptyPickerIsNotAskedAndLeavesTheFormIncomplete) {
     form.fields[0].entries.clear();
     settings.answers = "\n";
-    EXPECT_EQ(show(), Outcome::cancelled);
+    EXPECT_EQ(show(), Outcome::refused);
     EXPECT_EQ(accepted, 0);
     EXPECT_EQ(cancelled, 1);
     EXPECT_NE(output.str().find("Mandant: \nbis [10]: \nDiese Angaben reichen noch nicht aus.\n"),
@@ -407,13 +454,14 @@ TEST_F(TerminalPickerTest, AChangeMayReplaceItsEntries) {
     form.fields[1].changed = [this] { form.ok.enabled = true; };
     settings.answers = "kanzlei\npartner\n\n";
     EXPECT_EQ(show(), Outcome::done);
-    EXPECT_EQ(output.str(), "Protokollausgabe\nArt [Mandant]: kanzlei\nKanzlei []: partner\nbis [10]: \n");
+    EXPECT_EQ(output.str(),
+              "Protokollausgabe\nArt [Mandant]: kanzlei\nKanzlei []: partner\n"
+              "Kanzlei: 5 Schmidt und Partner\nbis [10]: \n");
 }
 
 TEST_F(TerminalPickerTest, NamesAnEntryByWhatItHas) {
     form.fields[0].entries = {{1, "Ohne Nummer", ""}, {2, "", "12"}, {3, "Ohne alles", "13"}};
-    settings.answers = "ohne\n12\n\n";
-    EXPECT_EQ(show(), Outcome::done);
+    EXPECT_EQ(show_to_person("ohne\n12\n\n"), Outcome::done);
     EXPECT_NE(output.str().find("passt auf mehrere: Ohne Nummer, 13 Ohne alles\n"), std::string::npos);
     settings.answers = "\n\n";
     show();

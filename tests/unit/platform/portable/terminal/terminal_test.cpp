@@ -88,6 +88,38 @@ TEST(Terminal, RefusesOnceWhenNobodyCanAnswer) {
     EXPECT_EQ(terminal.outcome(), Outcome::refused);
 }
 
+TEST(Terminal, AnAnswerThatIsRefusedIsAskedForAgainOnlyOfAPerson) {
+    Talk person;
+    Terminal patient = person.with_keyboard("x\nEUR\n");
+    patient.ask("von", "AUD");
+    patient.refuse_answer("x passt nicht");
+    EXPECT_EQ(patient.ask("von", "AUD"), "EUR");
+    EXPECT_EQ(patient.outcome(), Outcome::done);
+    EXPECT_EQ(patient.refused_for(), "");
+    EXPECT_EQ(person.output.str(), "von [AUD]: x passt nicht\nvon [AUD]: ");
+
+    Talk prepared;
+    Terminal strict = prepared.with_answers("x\nEUR\n");
+    strict.ask("von", "AUD");
+    strict.refuse_answer("x passt nicht");
+    EXPECT_EQ(strict.ask("von", "AUD"), std::nullopt);
+    EXPECT_EQ(strict.outcome(), Outcome::refused);
+    EXPECT_EQ(strict.refused_for(), "x passt nicht");
+    EXPECT_EQ(prepared.output.str(),
+              "von [AUD]: x\nx passt nicht\n"
+              "prog: Diese vorbereitete Antwort passt nicht; der Lauf endet, ohne dass etwas getan wurde.\n");
+}
+
+TEST(Terminal, SaysWhatTheRunWasRefusedForWhenThatHasBeenSaid) {
+    Talk talk;
+    Terminal terminal = talk.with_answers("x");
+    terminal.refuse_answer({});
+    EXPECT_TRUE(terminal.refused_for().starts_with("Diese vorbereitete Antwort passt nicht"));
+    Terminal nobody = talk.without_input();
+    nobody.require_input();
+    EXPECT_EQ(nobody.refused_for(), "Niemand da.");
+}
+
 TEST(Terminal, NeverAnswersAPersonsQuestionFromPreparedAnswers) {
     Talk talk;
     Terminal terminal = talk.with_answers("ja\n");
