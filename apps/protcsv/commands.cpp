@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "apps/protcsv/console/interruption.h"
+#include "apps/protcsv/displays/progress_bar.h"
 #include "apps/protcsv/sample/sample_database.h"
 #include "platform/automation/error.h"
 #include "platform/portable/files/folder_access.h"
@@ -56,6 +57,22 @@ void require_free_place(const fs::path& path, bool overwrite) {
         fail("Die Datei „" + path_text(path) + "“ gibt es schon; --overwrite ersetzt sie.");
 }
 
+/// The terminal that shows how far the sample is.
+TerminalSettings status_line(const Console& console) {
+    TerminalSettings settings;
+    settings.output = &console.err;
+    settings.columns = console.err_columns;
+    settings.erases = console.err_erases;
+    return settings;
+}
+
+void write_with_progress(const std::string& path, const SampleOptions& sample, const Console& console) {
+    if (!console.has_status_line()) return write_sample_database(path, sample);
+    Terminal terminal(status_line(console));
+    ProgressBar bar(terminal);
+    write_sample_database(path, sample, &bar);
+}
+
 }  // namespace
 
 int print(const Console& console, std::string_view text) {
@@ -86,7 +103,7 @@ int write_sample(const Options& options, const Console& console) {
     const fs::path place = text_path(options.sample_file);
     require_free_place(place, options.overwrite);
     const UnfinishedFile unfinished(path_text(temporary_name(place)));
-    write_sample_database(unfinished.path(), options.sample);
+    write_with_progress(unfinished.path(), options.sample, console);
     std::error_code error;
     fs::rename(text_path(unfinished.path()), place, error);
     if (error) fail("Die Datei „" + options.sample_file + "“ lässt sich nicht anlegen.");

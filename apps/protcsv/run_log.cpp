@@ -69,6 +69,8 @@ TerminalSettings terminal_settings(const Options& options, const Console& consol
         settings.keyboard = &console.in;
     settings.answers = read_answers(options, console);
     settings.refusal = refusal;
+    settings.columns = console.err_columns;
+    settings.erases = console.err_erases;
     return settings;
 }
 
@@ -112,8 +114,8 @@ public:
           standard_output_(console.out),
           terminal_(terminal_settings(options, console)),
           message_boxes_(terminal_, options.yes),
-          displays_(
-              displays({terminal_, message_boxes_, full_screen(options, console), console.err_is_terminal})),
+          displays_(displays(
+              {terminal_, message_boxes_, full_screen(options, console), console.has_status_line()})),
           host_(options, *displays_, account),
           deletion_(options.command == Command::delete_log
                         ? std::make_unique<DeletionRun>(options, sections, account, host_, *displays_)

@@ -29,6 +29,8 @@ public:
     void expect_screen(const std::string& name) const;
     /// Waits until the text is on view.
     void expect_text(const std::string& text) const;
+    /// What is on view now, and the place of the cursor.
+    std::string screen() const;
 
     /// Waits for the end of the program, after which the terminal must be as it was before. Its exit status;
     /// -1 when it did not end.
@@ -45,7 +47,6 @@ public:
 
 private:
     std::string tmux(const std::string& command) const;
-    std::string screen() const;
     std::string settled_screen() const;
 
     std::filesystem::path folder_;

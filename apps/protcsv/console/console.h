@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <iosfwd>
 
 namespace prot {
@@ -12,6 +14,12 @@ struct Console {
     bool in_is_terminal = false;
     bool err_is_terminal = false;
     bool full_screen = false;  ///< forms may take the whole terminal, or windows of their own
+    bool err_is_dumb = false;  ///< the terminal behind `err` cannot go back on its line
+    bool err_erases = false;   ///< it knows control sequences, see TerminalSettings
+    std::function<std::size_t()> err_columns{};  ///< how wide it is now; empty: nobody knows
+
+    /// Whether a line on `err` can be replaced by another.
+    bool has_status_line() const { return err_is_terminal && !err_is_dumb; }
 };
 
 }  // namespace prot

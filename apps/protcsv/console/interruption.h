@@ -4,7 +4,8 @@
 #include <span>
 #include <string>
 
-/// What happens when the program is stopped from outside: the unfinished file is removed. The exit status is
+/// What happens when the program is stopped from outside: the unfinished file is removed, and standard error
+/// gets the line "abgebrochen", on a terminal below what stands there. The exit status is
 /// 130 for Ctrl-C; on POSIX 128 plus the signal's number (143 for SIGTERM, 129 for a terminal that went
 /// away), on Windows 130 whatever stopped it (Ctrl-Break, a closed window, the end of the session).
 namespace prot {

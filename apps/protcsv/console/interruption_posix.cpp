@@ -27,6 +27,9 @@ struct HandlersPath {
 HandlersPath unfinished_file, unfinished_folder;
 HandlersPath files_of_folder[most_unfinished_files];
 
+constexpr char last_words[] = "\nabgebrochen\n";
+bool last_words_begin_a_line = false;  // nothing stands before them that they must leave first
+
 int waits = 0;  // one within the other
 sigset_t mask_before_waits;
 
@@ -43,6 +46,10 @@ void stop(int signal) {
     for (const HandlersPath& file : files_of_folder)
         if (file.is_set()) unlink(file.text);
     if (unfinished_folder.is_set()) rmdir(unfinished_folder.text);
+    const std::size_t skipped = last_words_begin_a_line ? 1 : 0;
+    // Nobody is left to be told when it fails.
+    [[maybe_unused]] const ssize_t written =
+        write(STDERR_FILENO, last_words + skipped, sizeof last_words - 1 - skipped);
     _exit(128 + signal);
 }
 
@@ -55,6 +62,7 @@ bool is_ignored(int signal) {
 }  // namespace
 
 void handle_interruptions() {
+    last_words_begin_a_line = isatty(STDERR_FILENO) == 0;
     struct sigaction action {};
     action.sa_handler = stop;
     action.sa_mask = stopping_set();

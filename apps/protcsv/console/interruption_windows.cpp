@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <mutex>
+#include <string_view>
 #include <vector>
 
 #include "apps/protcsv/console/interruption.h"
@@ -27,11 +28,20 @@ Running& running() {
     return state;
 }
 
+void say_last_words() {
+    const HANDLE error = GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0, written = 0;
+    const std::string_view words =
+        GetConsoleMode(error, &mode) != 0 ? "\r\nabgebrochen\r\n" : "abgebrochen\n";
+    WriteFile(error, words.data(), static_cast<DWORD>(words.size()), &written, nullptr);
+}
+
 BOOL WINAPI stop(DWORD /*event*/) {
     running().mutex.lock();  // for good: nothing is written any more
     if (!running().unfinished_path.empty()) DeleteFileW(running().unfinished_path.c_str());
     for (const auto& file : running().files_of_folder) DeleteFileW(file.c_str());
     if (!running().unfinished_folder.empty()) RemoveDirectoryW(running().unfinished_folder.c_str());
+    say_last_words();
     // Not by way of the libraries' last words, which may wait for the thread that was interrupted.
     TerminateProcess(GetCurrentProcess(), exit_interrupted);
     return TRUE;

@@ -51,6 +51,13 @@ class Nowhere : public std::streambuf {
     int_type overflow(int_type c) override { return traits_type::not_eof(c); }
 };
 
+std::size_t columns_of_standard_error() {
+    constexpr std::size_t usual = 80;
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &info) == 0) return usual;
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+
 struct LocalMemory {
     void operator()(LPWSTR* memory) const noexcept { LocalFree(memory); }
 };
@@ -91,7 +98,9 @@ Console standard_console() {
                        !leads_anywhere(STD_ERROR_HANDLE);
     // Writing to a stream that is not there fails; a run that a person was told of has not failed.
     if (alone && !leads_anywhere(STD_OUTPUT_HANDLE)) std::cout.rdbuf(new Nowhere);
-    return {std::cin, std::cout, std::cerr, in_is_console, err_is_console, alone};
+    return {std::cin,      std::cout,      std::cerr,
+            in_is_console, err_is_console, alone,
+            false,         false,          columns_of_standard_error};
 }
 
 }  // namespace prot

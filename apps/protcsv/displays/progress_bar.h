@@ -9,7 +9,7 @@
 namespace prot {
 
 /// The progress of a run as the terminal's status line, redrawn at most every 100 milliseconds; wiped at its
-/// end.
+/// end. It becomes shorter with the terminal, down to the share alone, and has no colours.
 class ProgressBar : public ProgressParent {
 public:
     explicit ProgressBar(Terminal& terminal, ProgressPace::Now now = std::chrono::steady_clock::now);

@@ -59,9 +59,11 @@ Part* next_part(std::vector<Part>& parts) {
     return earliest;
 }
 
-void write_log(SqliteFile& file, std::vector<Part>& parts) {
+void write_log(SqliteFile& file, std::vector<Part>& parts, std::int64_t rows, ProgressParent* progress) {
     sample::LogWriter log(file);
+    std::int32_t written = 0;
     while (Part* const part = next_part(parts)) {
+        if (progress != nullptr) progress->gSetFortschritt(written++, static_cast<std::int32_t>(rows));
         log.add(part->section->log_change(part->next));
         if (--part->rows_left == 0) continue;
         // Every row takes a moment, used or not, so that the log ends where it should.
@@ -78,7 +80,7 @@ constexpr std::streamoff sample_mark_place = 68;
 
 }  // namespace
 
-void write_sample_database(const std::string& path, const SampleOptions& options) {
+void write_sample_database(const std::string& path, const SampleOptions& options, ProgressParent* progress) {
     const std::int64_t rows = options.rows.value_or(usual_rows(options));
     SqliteFile file(path, "Die Beispieldatenbank");
     // A file that is not complete is worth nothing, so nothing is spent on getting back to an earlier state.
@@ -89,7 +91,7 @@ void write_sample_database(const std::string& path, const SampleOptions& options
     sample::create_log_tables(file);
     sample::ClientBook clients;
     std::vector<Part> parts = create_parts(options, rows, clients);
-    write_log(file, parts);
+    write_log(file, parts, rows, progress);
     for (const Part& part : parts) {
         part.section->write_master_data(file);
         sample::write_captions(file, part.section->captions());

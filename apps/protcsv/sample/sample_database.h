@@ -4,6 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/progress_parent.h"
+
 namespace prot {
 
 /// Options of a sample database.
@@ -21,8 +23,9 @@ inline constexpr std::int64_t most_sample_rows = 30'000'000;
 /// Writes a new SQLite file with master data and a change log in which every kind of change, author and value
 /// occurs. `path` is UTF-8 and must not hold a database yet. The same options give the same content, on every
 /// system and on every day. Memory does not grow with the rows. Errors: AutomationError with one German line;
-/// what was written until then stays and is the caller's to remove.
-void write_sample_database(const std::string& path, const SampleOptions& options);
+/// what was written until then stays and is the caller's to remove. progress: hears of the rows; may be null.
+void write_sample_database(const std::string& path, const SampleOptions& options,
+                           ProgressParent* progress = nullptr);
 
 /// Whether the file at `path` is a sample database: it bears the mark that write_sample_database leaves.
 bool is_sample_database(const std::string& path);

@@ -13,6 +13,10 @@ namespace {
 constexpr std::string_view bad_answer =
     "Diese vorbereitete Antwort passt nicht; der Lauf endet, ohne dass etwas getan wurde.";
 
+constexpr std::size_t usual_columns = 80;
+constexpr std::string_view erase_from_here = "\x1B[J";
+constexpr std::string_view wrap_off = "\x1B[?7l", wrap_on = "\x1B[?7h";
+
 void drop_carriage_return(std::string& line) {
     if (line.ends_with('\r')) line.pop_back();
 }
@@ -43,15 +47,33 @@ void Terminal::write(std::string_view text) {
 
 void Terminal::complain(std::string_view text) { write(settings_.program + ": " + std::string(text) + '\n'); }
 
+std::size_t Terminal::status_columns() const {
+    const std::size_t columns = settings_.columns ? settings_.columns() : usual_columns;
+    return columns > 0 ? columns - 1 : 0;  // a full line makes some terminals wrap
+}
+
+/// The cursor waits at the beginning: a terminal that became narrower has wrapped the line below it, from
+/// where erasing reaches all of it. Nothing wraps while the program does not know yet that it did.
 void Terminal::show_status(std::string_view text) {
-    const std::size_t leftover = status_width_ > text.size() ? status_width_ - text.size() : 0;
+    text = text.substr(0, status_columns());
+    if (settings_.erases) {
+        *settings_.output << '\r' << erase_from_here << wrap_off << text << '\r' << wrap_on << std::flush;
+        status_width_ = text.size();
+        return;
+    }
+    const std::size_t before = std::min(status_width_, status_columns());
+    const std::size_t leftover = before > text.size() ? before - text.size() : 0;
     *settings_.output << '\r' << text << std::string(leftover, ' ') << std::flush;
-    status_width_ = std::max(status_width_, text.size());
+    status_width_ = text.size() + leftover;
 }
 
 void Terminal::clear_status() {
     if (status_width_ == 0) return;
-    *settings_.output << '\r' << std::string(status_width_, ' ') << '\r' << std::flush;
+    if (settings_.erases)
+        *settings_.output << '\r' << erase_from_here << std::flush;
+    else
+        *settings_.output << '\r' << std::string(std::min(status_width_, status_columns()), ' ') << '\r'
+                          << std::flush;
     status_width_ = 0;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -25,6 +26,8 @@ struct TerminalSettings {
     std::istream* keyboard = nullptr;    ///< a person's terminal; null: there is none
     std::optional<std::string> answers;  ///< prepared answers, one a line; they come before the keyboard
     std::string refusal;  ///< what is said when something has to be asked and nobody can answer
+    std::function<std::size_t()> columns{};  ///< how wide the output is now; without it the usual 80
+    bool erases = false;  ///< control sequences reach it: erasing from the cursor on, no wrapping
 };
 
 /// The conversation with a person, or with a text of prepared answers that stands in for one. Keeps the
@@ -41,8 +44,10 @@ public:
     /// Writes one line that begins with the program's name.
     void complain(std::string_view text);
 
-    /// Replaces the status line. ASCII without line breaks.
+    /// Replaces the status line. ASCII without line breaks; what has no room in status_columns is cut off.
     void show_status(std::string_view text);
+    /// How long a status line may be now without being wrapped.
+    std::size_t status_columns() const;
     void clear_status();
 
     /// Whether questions are answered by a person at the keyboard.
@@ -75,7 +80,7 @@ private:
     TerminalSettings settings_;
     std::optional<std::vector<std::string>> answers_;
     std::size_t next_answer_ = 0;
-    std::size_t status_width_ = 0;
+    std::size_t status_width_ = 0;  // of what has been drawn
     Outcome outcome_ = Outcome::done;
     std::string refused_for_;
 };

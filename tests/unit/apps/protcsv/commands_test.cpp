@@ -37,6 +37,17 @@ TEST(Commands, SayThatStandardOutputTookTheTextButDidNotHandItOn) {
     EXPECT_EQ(err.str(), "protcsv: Die Standardausgabe lässt sich nicht beschreiben.\n");
 }
 
+TEST_F(ProgramTest, ASampleShowsOnATerminalHowFarItIs) {
+    err_is_terminal = true;
+    EXPECT_EQ(run({"sample", path("s.db"), "--rows", "2000"}), 0);
+    EXPECT_TRUE(errors.starts_with("\r[........................................] 0 %, 0 von 2 000"))
+        << errors;
+    EXPECT_TRUE(errors.ends_with(" \r")) << "wiped at the end";
+    err_is_terminal = false;
+    EXPECT_EQ(run({"sample", path("t.db")}), 0);
+    EXPECT_EQ(errors, "");
+}
+
 TEST_F(ProgramTest, WritesASampleDatabaseAndPrintsItsPath) {
     EXPECT_EQ(run({"sample", path("s.db")}), 0);
     EXPECT_EQ(output, path("s.db") + "\n");

@@ -40,7 +40,7 @@ protected:
     int run(std::vector<std::string> arguments) {
         std::istringstream in(input);
         std::ostringstream out, err;
-        const Console console{in, out, err, in_is_terminal, err_is_terminal};
+        const Console console{in, out, err, in_is_terminal, err_is_terminal, false, err_is_dumb};
         const int status = run_program(arguments, console, sections);
         output = out.str();
         errors = err.str();
@@ -67,6 +67,7 @@ protected:
     std::string input;
     bool in_is_terminal = false;
     bool err_is_terminal = false;
+    bool err_is_dumb = false;
     std::string output;   ///< standard output of the last run
     std::string errors;   ///< standard error of the last run, but for its closing line
     std::string closing;  ///< the line that says what was read and written, $TIME for its time; empty: none

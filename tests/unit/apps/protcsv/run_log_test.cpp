@@ -238,6 +238,9 @@ TEST_F(RunLog, DrawsAProgressBarOnlyOnATerminalThatIsNotQuiet) {
     EXPECT_NE(closing, "");
     EXPECT_EQ(export_batch("file", {"--quiet"}), 0);
     EXPECT_EQ(errors, "");
+    err_is_dumb = true;
+    EXPECT_EQ(export_batch("file"), 0);
+    EXPECT_EQ(errors, "") << "a dumb terminal cannot go back on its line";
 }
 
 TEST_F(RunLog, WritesTheStatementsDown) {

@@ -3,11 +3,13 @@
 #include <cerrno>
 #include <climits>
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace prot {
@@ -41,6 +43,15 @@ TEST_P(InterruptionPosixTest, RemovesTheUnfinishedFileAndExitsWithTheSignalsStat
         },
         testing::ExitedWithCode(128 + GetParam()), "");
     EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_P(InterruptionPosixTest, SaysOnALineOfItsOwnThatTheRunWasStopped) {
+    EXPECT_EXIT(
+        {
+            handle_all_interruptions();
+            std::raise(GetParam());
+        },
+        testing::ExitedWithCode(128 + GetParam()), "^abgebrochen\n$");
 }
 
 TEST_P(InterruptionPosixTest, LeavesAFinishedFile) {
@@ -86,6 +97,24 @@ TEST_P(InterruptionPosixTest, LeavesAFinishedFolder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Signals, InterruptionPosixTest, testing::Values(SIGINT, SIGTERM, SIGHUP));
+
+TEST(InterruptionPosix, LeavesTheLineOfATerminalBeforeItsLastWords) {
+    const int master = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_TRUE(master != -1 && grantpt(master) == 0 && unlockpt(master) == 0);
+    const int terminal = open(ptsname(master), O_RDWR | O_NOCTTY);
+    EXPECT_EXIT(
+        {
+            dup2(terminal, STDERR_FILENO);
+            handle_all_interruptions();
+            std::raise(SIGINT);
+        },
+        testing::ExitedWithCode(130), "");
+    char text[64] = "";
+    EXPECT_GT(read(master, text, sizeof text - 1), 0);
+    EXPECT_STREQ(text, "\r\nabgebrochen\r\n");
+    close(terminal);
+    close(master);
+}
 
 TEST(InterruptionPosix, WaitsForAStatementThatMustRunToItsEnd) {
     EXPECT_EXIT(

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace prot {
@@ -44,6 +45,36 @@ TEST(ProcessPosix, AScreenIsWhereAPersonTypesAndReads) {
             },
             testing::ExitedWithCode(7), "")
             << row.in << row.err;
+}
+
+TEST(ProcessPosix, ALineCanBeReplacedUnlessTheTerminalIsDumb) {
+    const struct {
+        const char* type;
+        bool dumb;
+    } rows[] = {{"xterm-256color", false}, {"dumb", true}, {"", true}};
+    for (const auto& row : rows) {
+        setenv("TERM", row.type, 1);
+        const Console console = standard_console();
+        EXPECT_EQ(console.err_is_dumb, row.dumb) << row.type;
+        EXPECT_EQ(console.err_erases, !row.dumb) << row.type;
+    }
+    unsetenv("TERM");
+    EXPECT_TRUE(standard_console().err_is_dumb) << "nobody says what it is";
+}
+
+TEST(ProcessPosix, KnowsHowWideTheTerminalIsNow) {
+    EXPECT_EXIT(
+        {
+            const int terminal = open_end(true);
+            dup2(terminal, STDERR_FILENO);
+            const Console console = standard_console();
+            const bool unknown = console.err_columns() == 80;
+            winsize size{};
+            size.ws_col = 33;
+            ioctl(terminal, TIOCSWINSZ, &size);
+            std::_Exit(unknown && console.err_columns() == 33 ? 7 : 1);
+        },
+        testing::ExitedWithCode(7), "");
 }
 
 }  // namespace

@@ -155,6 +155,31 @@ TEST(Terminal, WipesTheStatusLineBeforeAnyOtherText) {
     EXPECT_EQ(talk.output.str(), "\r12345\r123  \r     \rText\nmehr\n");
 }
 
+TEST(Terminal, CutsAStatusLineToTheTerminalSoThatItIsNotWrapped) {
+    std::ostringstream output;
+    TerminalSettings narrow;
+    narrow.output = &output;
+    narrow.columns = [] { return std::size_t{6}; };
+    Terminal terminal(narrow);
+    terminal.show_status("1234567");
+    terminal.clear_status();
+    EXPECT_EQ(output.str(), "\r12345\r     \r");
+    EXPECT_EQ(terminal.status_columns(), 5U);
+}
+
+// A terminal that became narrower shows the line in two rows, with the cursor in the first of them.
+TEST(Terminal, ErasesAStatusLineFromItsBeginningWhereThatCanBe) {
+    std::ostringstream output;
+    TerminalSettings settings;
+    settings.output = &output;
+    settings.erases = true;
+    Terminal terminal(settings);
+    terminal.show_status("123");
+    terminal.show_status("4");
+    terminal.write("Text\n");
+    EXPECT_EQ(output.str(), "\r\x1B[J\x1B[?7l123\r\x1B[?7h\r\x1B[J\x1B[?7l4\r\x1B[?7h\r\x1B[JText\n");
+}
+
 TEST(Terminal, KeepsTheOutcomeOfHighestPrecedence) {
     Talk talk;
     Terminal terminal = talk.without_input();
