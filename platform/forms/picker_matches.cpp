@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/automation/text_parts.h"
+
 namespace prot {
 
 bool PickerMatches::look_through(const std::vector<Entry>& entries) {
@@ -50,6 +52,14 @@ std::string PickerMatches::count_text() const {
     if (entries_.empty()) return "keine Einträge";
     if (rows_.empty()) return "keine Treffer";
     return std::to_string(rows_.size()) + " von " + std::to_string(entries_.size());
+}
+
+std::string PickerMatches::missing_text(std::string_view typed) const {
+    if (entries_.empty()) return "Es gibt keine Einträge.";
+    if (trim_blanks(typed).empty()) return "Bitte eine Nummer oder einen Teil des Namens eingeben.";
+    std::string text = "„" + std::string(typed) + "“ passt auf ";
+    if (rows_.empty()) return text + "keinen Eintrag.";
+    return text + std::to_string(rows_.size()) + " Einträge; bitte einen davon wählen.";
 }
 
 }  // namespace prot

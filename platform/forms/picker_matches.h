@@ -40,6 +40,9 @@ public:
     /// How many match, for a person.
     std::string count_text() const;
 
+    /// Why no entry is chosen by what is typed, for a person.
+    std::string missing_text(std::string_view typed) const;
+
 private:
     std::vector<Entry> entries_;
     EntrySearch search_;

@@ -207,10 +207,23 @@ void FormSession::enter(std::size_t target) {
 
 void FormSession::press_button(std::size_t target) {
     const Button& pressed = button(target);
+    if (!pressed.enabled && target == ok()) return say_what_is_missing();
     if (!pressed.enabled || !may_leave_to(target)) return;
     notify(pressed.click);
     if (on(FieldKind::text)) unchecked_ = target_;
     if (!form_.shown) cancelled_ = target == cancel();
+}
+
+/// A picker without a choice gets the focus.
+void FormSession::say_what_is_missing() {
+    message_ = "Diese Angaben reichen noch nicht aus.";
+    for (std::size_t i = 0; i < form_.fields.size(); ++i) {
+        const Field& picker = form_.fields[i];
+        if (picker.kind != FieldKind::picker || !picker.can_have_focus() || picker.selected) continue;
+        message_ = without_access_key(picker.label) + ": " + matches(i).missing_text(picker.text);
+        go_to(i);
+        return;
+    }
 }
 
 void FormSession::abandon() {

@@ -2,6 +2,8 @@
 
 #include <map>
 #include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/forms/form.h"
@@ -18,7 +20,7 @@ namespace prot {
 ///   arrows              within a list, options or the matches of a picker; otherwise as Tab
 ///   letters             in a list or options: the entry that begins so
 ///   Alt and a letter    the field or button that is marked with it
-///   Enter               OK, or Cancel while that has the focus
+///   Enter               OK, or Cancel while that has the focus; an OK that is off says what is missing
 ///   Esc                 Cancel
 /// A text field is checked when the focus leaves it for anything but a Cancel that works without that; a
 /// refused one keeps the focus, and what was pressed does nothing.
@@ -34,6 +36,9 @@ public:
 
     /// Whether the form was ended by Cancel.
     bool cancelled() const { return cancelled_; }
+
+    /// What a person has to be told of what was pressed last: why OK does nothing. Empty: nothing.
+    std::string take_message() { return std::exchange(message_, {}); }
 
     /// What has the focus: a field's index, ok() or cancel().
     std::size_t target() const { return target_; }
@@ -72,6 +77,7 @@ private:
     void move(bool forward);
     void enter(std::size_t target);
     void press_button(std::size_t target);
+    void say_what_is_missing();
     void follow_form();
 
     Form& form_;
@@ -83,6 +89,7 @@ private:
     TypeAhead type_ahead_;
     std::size_t page_ = 1;
     bool cancelled_ = false;
+    std::string message_;
 };
 
 }  // namespace prot

@@ -3,7 +3,24 @@
 #include "platform/portable/screen/form_session.h"
 #include "platform/portable/screen/form_window.h"
 
+#include "platform/portable/screen/text_window.h"
+
 namespace prot {
+
+namespace {
+
+/// A search is what a person begins with, unless the form asks for another field.
+void start_in_search_field(Form& form) {
+    if (form.select_focus) return;
+    for (std::size_t i = 0; i < form.fields.size(); ++i) {
+        const Field& field = form.fields[i];
+        if (field.kind != FieldKind::picker || !field.can_have_focus()) continue;
+        form.focus = i;
+        return;
+    }
+}
+
+}  // namespace
 
 void ScreenForms::show_modal(Form& form) {
     form.shown = true;
@@ -13,6 +30,7 @@ void ScreenForms::show_modal(Form& form) {
 
 /// False when the screen could not be had.
 bool ScreenForms::show(Form& form) {
+    start_in_search_field(form);
     FormSession session(form);
     FormWindow window(form, session);
     const OpenWindow open(screen_, window);
@@ -23,6 +41,8 @@ bool ScreenForms::show(Form& form) {
             session.press(*key);
         else
             session.abandon();
+        if (const std::string missing = session.take_message(); form.shown && !missing.empty())
+            show_text_window(screen_, {"Auswahl", missing, {"OK"}});
     }
     if (session.cancelled()) terminal_.note(Outcome::cancelled);
     return true;

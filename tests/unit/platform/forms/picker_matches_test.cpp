@@ -103,5 +103,12 @@ TEST(PickerMatches, TellHowManyThereAre) {
     EXPECT_EQ(PickerMatches().count_text(), "keine Einträge");
 }
 
+TEST(PickerMatches, SayWhyNoEntryIsChosen) {
+    EXPECT_EQ(matching(" ").missing_text(" "), "Bitte eine Nummer oder einen Teil des Namens eingeben.");
+    EXPECT_EQ(matching("ier").missing_text("ier"), "„ier“ passt auf 2 Einträge; bitte einen davon wählen.");
+    EXPECT_EQ(matching("x").missing_text("x"), "„x“ passt auf keinen Eintrag.");
+    EXPECT_EQ(PickerMatches().missing_text("x"), "Es gibt keine Einträge.");
+}
+
 }  // namespace
 }  // namespace prot

@@ -175,6 +175,25 @@ TEST_F(PickerTest, NoMoreIsTypedThanTheFieldTakes) {
     EXPECT_EQ(clients().text, "123456789012");
 }
 
+TEST_F(PickerTest, EnterSaysWhatIsMissingWhenItFindsNobodyAndLeadsToTheSearch) {
+    form.ok.enabled = false;
+    press({key(Kind::enter)});
+    EXPECT_EQ(session.take_message(), "Mandant: Bitte eine Nummer oder einen Teil des Namens eingeben.");
+    EXPECT_EQ(session.take_message(), "") << "once";
+    type(U"xyz");
+    press({key(Kind::tab), key(Kind::enter)});
+    EXPECT_EQ(session.take_message(), "Mandant: „xyz“ passt auf keinen Eintrag.");
+    EXPECT_EQ(session.target(), picker);
+    EXPECT_TRUE(form.shown);
+}
+
+TEST_F(PickerTest, AnOkThatIsOffForAnotherReasonSaysSo) {
+    form.ok.enabled = false;
+    clients().selected = 0;
+    press({key(Kind::enter)});
+    EXPECT_EQ(session.take_message(), "Diese Angaben reichen noch nicht aus.");
+}
+
 TEST_F(PickerTest, EnterIsOkTabTheNextFieldAndTheLabelsLetterLeadsBack) {
     type(U"mül");
     press({key(Kind::tab)});

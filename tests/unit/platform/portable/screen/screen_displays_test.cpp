@@ -98,6 +98,37 @@ TEST_F(ScreenDisplaysTest, AFormThatTheScreenCannotShowIsAskedLineByLine) {
     EXPECT_EQ(plain_forms.shown, 2) << "too high for 24 lines";
 }
 
+TEST_F(ScreenDisplaysTest, AFormStartsInItsSearchField) {
+    form.fields.push_back({.kind = FieldKind::picker, .label = "Mandant"});
+    form.fields[1].entries = {{1, "Meier", "7"}, {2, "Maier", "8"}};
+    show({letter(U'7'), key(Kind::enter)});
+    EXPECT_EQ(form.fields[1].selected, 0U);
+    EXPECT_EQ(terminal.outcome(), Outcome::done);
+}
+
+TEST_F(ScreenDisplaysTest, AFormStartsWhereItAsksToOrWhereItCan) {
+    form.fields.push_back({.kind = FieldKind::picker, .label = "Mandant"});
+    form.fields[1].entries = {{1, "zwei", "2"}, {2, "z", "3"}};
+    form.set_focus(0);
+    show({letter(U'z'), key(Kind::enter)});
+    EXPECT_EQ(form.fields[0].selected_text(), "zwei");
+    form.fields[1].enabled = false;
+    form.focus = 0;
+    show({letter(U'e'), key(Kind::enter)});
+    EXPECT_EQ(form.fields[0].selected_text(), "eins");
+}
+
+TEST_F(ScreenDisplaysTest, EnterThatFindsNobodyIsAnsweredInFrontOfTheForm) {
+    form.fields.push_back({.kind = FieldKind::picker, .label = "Mandant"});
+    form.fields[1].entries = {{1, "Meier", "7"}};
+    form.ok.enabled = false;
+    show({letter(U'x'), key(Kind::enter), key(Kind::enter), key(Kind::escape)});
+    EXPECT_EQ(screen.titles, (Lines{"Ausgabe", "Ausgabe", "Auswahl", "Ausgabe"}));
+    EXPECT_NE(screen.seen[2][1].find("Mandant: „x“ passt auf keinen Eintrag."), std::string::npos);
+    EXPECT_EQ(form.fields[1].text, "x") << "what was typed is kept";
+    EXPECT_EQ(terminal.outcome(), Outcome::cancelled);
+}
+
 TEST_F(ScreenDisplaysTest, TheScreenIsGivenBackWhenSomethingThrows) {
     on_ok = [] { throw std::runtime_error("x"); };
     EXPECT_THROW(show({key(Kind::enter)}), std::runtime_error);
