@@ -85,6 +85,12 @@ std::optional<std::string> Host::ask_file_name(const std::string& suggestion) {
     return name;
 }
 
+bool Host::asks_again(const AutomationError& reason) {
+    if (is_alone_) return false;
+    displays_.refuse_file_name(reason.description());
+    return true;
+}
+
 void Host::unfinished_file(const std::string& path) { set_unfinished_file(path); }
 
 void Host::file_finished(const std::string& path) { account_.file = path; }

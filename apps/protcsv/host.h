@@ -35,6 +35,7 @@ public:
     std::unique_ptr<HelpDisplay> create_help_display() override;
 
     std::optional<std::string> ask_file_name(const std::string& suggestion) override;
+    bool asks_again(const AutomationError& reason) override;
     void unfinished_file(const std::string& path) override;
     void file_finished(const std::string& path) override;
     void characters_replaced(const std::string& path, const ReplacedCharacters& characters) override;

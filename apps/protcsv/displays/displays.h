@@ -34,6 +34,8 @@ public:
     /// folder: where relative names lie.
     virtual std::optional<std::string> ask_file_name(const std::string& suggestion,
                                                      const std::string& folder) = 0;
+    /// Says why no file can be made under the name that was chosen; the question comes again.
+    virtual void refuse_file_name(std::string_view why) = 0;
     /// Presents the finished file.
     virtual void show_file(const std::string& path) = 0;
     /// Says what a run leaves to be said at its end.

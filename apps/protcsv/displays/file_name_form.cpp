@@ -8,10 +8,12 @@ constexpr std::size_t longest_path = 4095;  // what the system takes
 
 }  // namespace
 
-std::optional<std::string> ask_file_name(FormDisplay& display, const std::string& suggestion) {
+std::optional<std::string> ask_file_name(FormDisplay& display, const std::string& suggestion,
+                                         const std::string& notice) {
     bool accepted = false;
     Form form;
     form.caption = "CSV-Datei schreiben";
+    form.notice = notice;
     form.fields = {
         {.kind = FieldKind::text, .label = "&Dateiname", .text = suggestion, .longest = longest_path}};
     form.ok = {.text = "OK", .click = [&] {

@@ -19,9 +19,17 @@ std::unique_ptr<ProgressParent> LineDisplays::create_progress() {
     return std::make_unique<ProgressBar>(means_.terminal);
 }
 
+/// A person who asks for help does not name a file.
 std::optional<std::string> LineDisplays::ask_file_name(const std::string& suggestion,
-                                                       const std::string& /*folder*/) {
-    return means_.terminal.ask("Dateiname", suggestion);
+                                                       const std::string& folder) {
+    Terminal& terminal = means_.terminal;
+    for (;;) {
+        const std::optional<std::string> name = terminal.ask("Dateiname", suggestion);
+        if ((name != "?" && name != "??") || !terminal.asks_person()) return name;
+        terminal.write("Die Datei kommt in den " +
+                       (folder.empty() ? "aktuellen Ordner" : "Ordner „" + folder + "“") +
+                       "; ohne Endung bekommt der Name .csv.\n");
+    }
 }
 
 }  // namespace prot

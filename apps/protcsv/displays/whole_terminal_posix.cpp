@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "apps/protcsv/displays/file_name_form.h"
 #include "apps/protcsv/displays/line_displays.h"
 #include "apps/protcsv/displays/whole_terminal.h"
@@ -36,13 +38,20 @@ public:
     }
     std::optional<std::string> ask_file_name(const std::string& suggestion,
                                              const std::string& /*folder*/) override {
-        return prot::ask_file_name(forms_, suggestion);
+        const std::string notice = std::exchange(refusal_, {});
+        const std::optional<std::string> name =
+            prot::ask_file_name(forms_, notice.empty() ? suggestion : entered_name_, notice);
+        entered_name_ = name.value_or("");
+        return name;
     }
+    /// The form comes again with what was entered.
+    void refuse_file_name(std::string_view why) override { refusal_ = why; }
 
 private:
     std::unique_ptr<Screen> screen_;
     ScreenForms forms_;
     ScreenMessageBoxes message_boxes_;
+    std::string entered_name_, refusal_;
 };
 
 }  // namespace

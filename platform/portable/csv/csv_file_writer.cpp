@@ -30,14 +30,12 @@ public:
         abandon();
         path_.clear();
         std::string name = file_name;
-        Existing existing = ask_user ? Existing::replaced : Existing::kept;
+        Existing existing = Existing::kept;
         if (!options_.output.empty()) {
             name = path_text(options_.output);
             existing = options_.existing_output;
         } else if (ask_user) {
-            const std::optional<std::string> choice = host_.ask_file_name(file_name);
-            if (!choice) return false;
-            if (!choice->empty()) name = *choice;
+            return start_chosen(file_name);
         }
         start(name, existing);
         file_name = std::move(name);
@@ -86,6 +84,22 @@ public:
     }
 
 private:
+    /// False when the person cancels.
+    bool start_chosen(std::string& file_name) {
+        for (;;) {
+            const std::optional<std::string> choice = host_.ask_file_name(file_name);
+            if (!choice) return false;
+            const std::string& name = choice->empty() ? file_name : *choice;
+            try {
+                start(name, Existing::replaced);
+                file_name = std::string(name);
+                return true;
+            } catch (const AutomationError& error) {
+                if (!host_.asks_again(error)) throw;
+            }
+        }
+    }
+
     void start(const std::string& name, Existing existing) {
         if (name.find('\0') != std::string::npos) {
             throw file_error(text_path(name), "der Name enthält ein Nullzeichen");

@@ -31,6 +31,10 @@ public:
     /// The person's choice of a file name, empty to take the suggestion; nothing when the person cancels.
     virtual std::optional<std::string> ask_file_name(const std::string& suggestion) = 0;
 
+    /// No file can be made under the name that was chosen. Whether to ask for another; when not, the run
+    /// fails with `reason`.
+    virtual bool asks_again(const AutomationError& /*reason*/) { return false; }
+
     /// A temporary file of this path is about to be made (removed when the program is stopped); empty: there
     /// is none.
     virtual void unfinished_file(const std::string& path) = 0;

@@ -12,8 +12,8 @@ namespace {
 class FakeDisplays : public Displays {
 public:
     test::FakeHost faces;
-    std::vector<std::string> asked, shown;
-    std::optional<std::string> file_name;
+    std::vector<std::string> asked, shown, refused;
+    std::optional<std::string> file_name, name_after_refusal;
 
     FormDisplay& forms() override { return faces; }
     MessageBoxes& message_boxes() override { return faces; }
@@ -24,6 +24,10 @@ public:
                                              const std::string& folder) override {
         asked = {suggestion, folder};
         return file_name;
+    }
+    void refuse_file_name(std::string_view why) override {
+        refused.emplace_back(why);
+        file_name = name_after_refusal;
     }
     void show_file(const std::string& path) override { shown.push_back(path); }
     void tell(Telling, std::string_view) override {}
@@ -79,6 +83,36 @@ TEST_F(HostTest, WritesNoFileWhenThePersonCancels) {
     std::string name = "Prot.csv";
     EXPECT_FALSE(host.environment().components.create_csv_writer()->open(name, true));
     EXPECT_EQ(folder.entries(), 0U);
+}
+
+TEST_F(HostTest, AsksAgainForANameThatNoFileCanHave) {
+    displays.file_name = options.database;
+    displays.name_after_refusal = "Meine.csv";
+    Host host(options, displays, account);
+    const auto writer = host.environment().components.create_csv_writer();
+    std::string name = "Prot.csv";
+    ASSERT_TRUE(writer->open(name, true));
+    EXPECT_EQ(name, "Meine.csv");
+    ASSERT_EQ(displays.refused.size(), 1U);
+    EXPECT_NE(displays.refused[0].find("der Lauf selbst braucht diese Datei"), std::string::npos);
+    EXPECT_EQ(displays.asked[0], "Prot.csv") << "what is refused is no suggestion";
+}
+
+TEST_F(HostTest, APersonMayGiveUpAfterANameWasRefused) {
+    displays.file_name = options.database;
+    Host host(options, displays, account);
+    std::string name = "Prot.csv";
+    EXPECT_FALSE(host.environment().components.create_csv_writer()->open(name, true));
+    EXPECT_EQ(displays.refused.size(), 1U);
+    EXPECT_EQ(name, "Prot.csv");
+}
+
+TEST_F(HostTest, FailsWithoutAQuestionWhereItIsAlone) {
+    Host host(options, displays, account);
+    host.write_into(folder.path());
+    std::string name = "x.db";
+    EXPECT_THROW(host.environment().components.create_csv_writer()->open(name, true), AutomationError);
+    EXPECT_TRUE(displays.refused.empty());
 }
 
 TEST_F(HostTest, NeverWritesOverTheFilesOfItsOwnRun) {

@@ -30,6 +30,15 @@ TEST(FileNameForm, OffersTheSuggestionSelectedAsAWhole) {
     EXPECT_EQ(ask_file_name(forms, "Vorschlag.csv"), "anders.csv");
 }
 
+TEST(FileNameForm, SaysAboveTheFieldWhatItIsTold) {
+    FakeForms forms;
+    forms.person = [](Form& form) {
+        EXPECT_EQ(form.notice, "Das geht nicht.");
+        form.cancel.click();
+    };
+    ask_file_name(forms, "Vorschlag.csv", "Das geht nicht.");
+}
+
 TEST(FileNameForm, CancelGivesNoName) {
     FakeForms forms;
     forms.person = [](Form& form) { form.cancel.click(); };

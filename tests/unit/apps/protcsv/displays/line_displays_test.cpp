@@ -32,6 +32,29 @@ TEST_F(LineDisplaysTest, AskForTheFileWithTheSuggestion) {
     EXPECT_EQ(terminal.outcome(), Outcome::cancelled);
 }
 
+TEST(LineDisplays, AQuestionMarkNamesNoFile) {
+    std::istringstream keyboard("?\n??\nMeine.csv\n");
+    std::ostringstream output;
+    TerminalSettings person;
+    person.output = &output;
+    person.keyboard = &keyboard;
+    Terminal terminal(person);
+    TerminalMessageBoxes boxes(terminal, false);
+    LineDisplays displays({terminal, boxes});
+    EXPECT_EQ(displays.ask_file_name("Prot.csv", "ordner"), "Meine.csv");
+    const std::string where = "Die Datei kommt in den Ordner „ordner“; ohne Endung bekommt der Name .csv.\n";
+    const std::string question = "Dateiname [Prot.csv]: ";
+    EXPECT_EQ(output.str(), question + where + question + where + question);
+}
+
+TEST_F(LineDisplaysTest, EndWithPreparedAnswersWhenTheNameOfTheFileIsRefused) {
+    displays.ask_file_name("Prot.csv", "ordner");
+    displays.refuse_file_name("Das geht nicht.");
+    EXPECT_EQ(displays.ask_file_name("Prot.csv", "ordner"), std::nullopt);
+    EXPECT_EQ(terminal.outcome(), Outcome::refused);
+    EXPECT_EQ(terminal.refused_for(), "Das geht nicht.");
+}
+
 TEST_F(LineDisplaysTest, ShowProgressOnlyWhereALineCanBeReplaced) {
     EXPECT_EQ(displays.create_progress(), nullptr);
     const auto progress = LineDisplays({terminal, boxes, false, true}).create_progress();

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -67,6 +68,21 @@ TEST_F(WholeTerminalTest, AsksForTheFileNameByAForm) {
     screen->keys = {key(Kind::escape)};
     EXPECT_EQ(displays->ask_file_name("Prot.csv", "ordner"), std::nullopt);
     EXPECT_EQ(terminal.outcome(), Outcome::cancelled);
+    EXPECT_EQ(output.str(), "");
+}
+
+TEST_F(WholeTerminalTest, KeepsWhatWasEnteredWhenAFileNameIsRefused) {
+    screen->keys = {key(Kind::end), test::letter(U'x'), key(Kind::enter)};
+    EXPECT_EQ(displays->ask_file_name("Prot.csv", "ordner"), "Prot.csvx");
+    displays->refuse_file_name("Den Namen gibt es schon.");
+    screen->keys = {key(Kind::end), test::letter(U'y'), key(Kind::enter)};
+    EXPECT_EQ(displays->ask_file_name("Prot.csv", "ordner"), "Prot.csvxy");
+    const auto& seen = screen->seen.back();
+    EXPECT_TRUE(std::ranges::any_of(seen, [](const std::string& line) {
+        return line.find("Den Namen gibt es schon.") != std::string::npos;
+    }));
+    screen->keys = {key(Kind::enter)};
+    EXPECT_EQ(displays->ask_file_name("Andere.csv", "ordner"), "Andere.csv") << "of the next file";
     EXPECT_EQ(output.str(), "");
 }
 
