@@ -32,6 +32,7 @@ private:
 Host::Host(const Options& options, Displays& displays, RunAccount& account)
     : csv_(options.csv),
       displays_(displays),
+      forms_(displays.forms()),
       account_(account),
       connection_information_(sqlite_connection_information(options.database)) {
     csv_.never_replaced = {text_path(options.database)};
@@ -40,7 +41,7 @@ Host::Host(const Options& options, Displays& displays, RunAccount& account)
     if (!options.report.empty()) csv_.never_replaced.push_back(text_path(options.report));
 }
 
-Environment Host::environment() { return environment(displays_.message_boxes(), displays_.forms()); }
+Environment Host::environment() { return environment(displays_.message_boxes(), forms_); }
 
 Environment Host::environment(MessageBoxes& boxes, FormDisplay& forms) {
     return {*this, boxes, forms, pointer_, *connection_information_, clock_, account_.notices};

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "apps/protcsv/displays/displays.h"
+#include "apps/protcsv/displays/form_aids.h"
 #include "apps/protcsv/options/options.h"
 #include "apps/protcsv/report/run_account.h"
 #include "platform/environment.h"
@@ -17,6 +18,9 @@ class Host : public Components, public CsvFileHost {
 public:
     /// All of them outlive it.
     Host(const Options& options, Displays& displays, RunAccount& account);
+
+    /// The displays' forms, with what this program adds to them.
+    FormDisplay& forms() { return forms_; }
 
     Environment environment();
     /// With boxes and forms that stand before those of the displays.
@@ -53,6 +57,7 @@ private:
     bool is_alone_ = false;  // nobody is asked
     FileLayer* files_ = &system_files();
     Displays& displays_;
+    FormAids forms_;
     RunAccount& account_;
     NoPointer pointer_;
     SystemClock clock_;

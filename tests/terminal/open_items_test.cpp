@@ -14,7 +14,7 @@ protected:
 TEST_F(OpenItemsForm, AClientPickedByItsNumberGivesTheFileOfAnUnattendedRun) {
     start_export_of_the_golden_sample();
     pane.expect_screen("items_form");
-    pane.press({"Tab", "123"});
+    pane.press({"123"});
     pane.expect_screen("items_client");
     pane.press({"Enter"});
     write_file("items_file_name");
@@ -24,7 +24,7 @@ TEST_F(OpenItemsForm, AClientPickedByItsNumberGivesTheFileOfAnUnattendedRun) {
 TEST_F(OpenItemsForm, AnOfficeIsPickedByAPartOfItsName) {
     start_export();
     pane.expect_screen("items_form");
-    pane.press({"Down", "M-k", "Steuer"});
+    pane.press({"M-a", "Down", "M-k", "Steuer"});
     pane.expect_screen("items_offices");
     pane.press({"Down", "Down", "Up"});
     pane.expect_screen("items_office");
@@ -46,9 +46,13 @@ TEST_F(OpenItemsForm, AFiscalYearIsChosenAmongThoseOfTheClient) {
 TEST_F(OpenItemsForm, WithoutAClientThereIsNoOk) {
     start_export();
     pane.expect_screen("items_form");
-    pane.press({"M-m", "müll", "Enter"});
+    pane.press({"müll", "Enter"});
+    pane.expect_text("Mandant: „müll“ passt auf 3 Einträge; bitte einen davon wählen.");
+    pane.press({"Enter"});
     pane.expect_screen("items_several");
     pane.press({"x", "Enter"});
+    pane.expect_text("Mandant: „müllx“ passt auf keinen Eintrag.");
+    pane.press({"Enter"});
     pane.expect_screen("items_none");
     pane.press({"BSpace", "Up"});
     pane.expect_text("• 1002  Dr. Müller, Anna");
@@ -61,7 +65,7 @@ TEST_F(OpenItemsForm, WithoutAClientThereIsNoOk) {
 TEST_F(OpenItemsForm, AccountsThatCannotBeAreSaidAndCorrected) {
     start_export();
     pane.expect_screen("items_form");
-    pane.press({"Tab", "123", "M-v", "1o000", "Tab"});
+    pane.press({"123", "M-v", "1o000", "Tab"});
     pane.expect_screen("items_not_numeric");
     pane.press({"Enter"});
     pane.expect_screen("items_not_numeric_focus");
@@ -81,10 +85,31 @@ TEST_F(OpenItemsForm, AccountsThatCannotBeAreSaidAndCorrected) {
 TEST_F(OpenItemsForm, EscLeavesNothing) {
     start_export();
     pane.expect_screen("items_form");
-    pane.press({"Tab", "123"});
+    pane.press({"123"});
     pane.expect_screen("items_client");
     pane.press({"Escape"});
     expect_no_file();
+}
+
+TEST_F(OpenItemsForm, TheFiscalYearsAreOffWhereTheClientsAreChosenTogether) {
+    pane.start("delete --db beispiel.db --section 6");
+    pane.expect_text("1 bis 999999999: alle Konten");
+    pane.press({"M-a", "End", "Tab"});
+    pane.expect_screen("items_deletion_all");
+    pane.press({"Escape"});
+    expect_no_file();
+}
+
+TEST_F(OpenItemsForm, AFileNameThatIsRefusedIsSaidAndKept) {
+    start_export();
+    pane.expect_screen("items_form");
+    pane.press({"123", "Enter"});
+    pane.expect_screen("items_file_name");
+    pane.press({"../beispiel.db", "Enter"});
+    pane.expect_screen("items_file_name_refused");
+    pane.press({"End", ".csv", "Enter"});
+    EXPECT_EQ(pane.exit_status(), 0);
+    EXPECT_EQ(pane.read("stdout.txt"), "beispiel.db.csv\n");
 }
 
 TEST_F(OpenItemsForm, MatchesUseTheLinesOfALargerTerminal) {
@@ -92,7 +117,7 @@ TEST_F(OpenItemsForm, MatchesUseTheLinesOfALargerTerminal) {
     pane.expect_screen("items_form");
     pane.resize(100, 40);
     pane.expect_screen("items_form_100x40");
-    pane.press({"Tab", "NPage", "NPage"});
+    pane.press({"NPage", "NPage"});
     pane.expect_screen("items_second_page");
     pane.resize(80, 24);
     pane.expect_screen("items_second_page_80x24");
@@ -106,7 +131,9 @@ TEST_F(OpenItemsForm, LineByLineAPartOfANameAsksAgainUntilItMeansOneClient) {
     pane.expect_text("Mandant []:");
     pane.press({"mül", "Enter"});
     pane.expect_text("„mül“ passt auf mehrere: 100 Müller, 1001 Müller & Söhne, 1002 Dr. Müller, Anna");
-    pane.press({"öztürk", "Enter", "Enter", "Enter", "Enter", "Enter"});
+    pane.press({"öztürk", "Enter"});
+    pane.expect_text("Mandant: 123 ");
+    pane.press({"Enter", "Enter", "Enter", "Enter"});
     EXPECT_EQ(pane.exit_status(), 0);
     expect_file("\\n123\\n\\n\\n\\n\\n");
 }

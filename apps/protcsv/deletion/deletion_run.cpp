@@ -36,7 +36,7 @@ DeletionRun::DeletionRun(const Options& options, SectionTable sections, RunAccou
       boxes_(
           displays.message_boxes(), [this] { return subject(); },
           options.dry_run ? DeletionBoxes::Text([this] { return trial(); }) : DeletionBoxes::Text()),
-      forms_(displays.forms(), notice_of(options.request)) {
+      forms_(host.forms(), notice_of(options.request)) {
     account_.deletion.emplace();
 }
 
