@@ -45,9 +45,10 @@ private:
 void require_free_place(const fs::path& path, bool overwrite) {
     std::error_code ignored;
     const fs::path folder = path.parent_path();
-    if (!folder.empty() && !fs::is_directory(folder, ignored))
-        fail("Den Ordner „" + path_text(folder) + "“ gibt es nicht.");
-    if (folder_refusal(folder))
+    const fs::file_status kind = folder.empty() ? fs::status(".", ignored) : fs::status(folder, ignored);
+    const bool hidden = kind.type() == fs::file_type::none;  // nobody knows whether it is there
+    if (!hidden && !fs::is_directory(kind)) fail("Den Ordner „" + path_text(folder) + "“ gibt es nicht.");
+    if (hidden || folder_refusal(folder))
         fail("In den Ordner „" + (folder.empty() ? "." : path_text(folder)) +
              "“ darf nicht geschrieben werden.");
     const fs::file_status status = fs::status(path, ignored);

@@ -84,4 +84,7 @@ AutomationError file_error(const std::filesystem::path& path, std::error_code re
 /// Likewise of a folder that cannot be made.
 AutomationError folder_error(const std::filesystem::path& path, std::error_code reason);
 
+/// The same of a folder that there is, or may be: nothing can be written into it.
+AutomationError closed_folder_error(const std::filesystem::path& path, std::error_code reason);
+
 }  // namespace prot

@@ -170,11 +170,18 @@ private:
 
 class PosixFiles : public FileLayer {
 public:
+    /// Whether a folder above forbids to see it.
+    static bool is_hidden(const fs::path& folder) {
+        std::error_code error;
+        return fs::status(folder, error).type() == fs::file_type::none &&
+               error == std::errc::permission_denied;
+    }
+
     void make_folder(const fs::path& folder) override {
         std::error_code error;
         fs::create_directories(folder, error);
-        if (!error) error = folder_refusal(folder);
-        if (error) throw folder_error(folder, error);
+        if (error) throw is_hidden(folder) ? closed_folder_error(folder, error) : folder_error(folder, error);
+        if ((error = folder_refusal(folder))) throw closed_folder_error(folder, error);
     }
 
     std::unique_ptr<PendingFile> prepare(const fs::path& target, Existing existing) override {

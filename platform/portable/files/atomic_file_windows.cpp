@@ -153,8 +153,9 @@ class WindowsFiles : public FileLayer {
 public:
     void make_folder(const fs::path& folder) override {
         std::error_code error = make_with_parents(folder);
-        if (!error) error = after_brief_use([&] { return folder_refusal(folder); });
         if (error) throw folder_error(folder, error);
+        error = after_brief_use([&] { return folder_refusal(folder); });
+        if (error) throw closed_folder_error(folder, error);
     }
 
     std::unique_ptr<PendingFile> prepare(const fs::path& target, Existing existing) override {

@@ -73,6 +73,11 @@ AutomationError file_error(const std::filesystem::path& path, std::error_code re
     return file_error(path, reason_text(reason));
 }
 
+AutomationError closed_folder_error(const std::filesystem::path& path, std::error_code reason) {
+    return {ErrorNumber::file, "In den Ordner „" + shown(path) +
+                                   "“ kann nicht geschrieben werden: " + reason_text(reason) + "."};
+}
+
 AutomationError folder_error(const std::filesystem::path& path, std::error_code reason) {
     return {ErrorNumber::file,
             "Der Ordner „" + shown(path) + "“ kann nicht angelegt werden: " + reason_text(reason) + "."};

@@ -60,6 +60,19 @@ TEST_F(ProgramTest, SaysThatASampleMayNotBeWrittenIntoAFolder) {
     EXPECT_EQ(errors, "protcsv: In den Ordner „" + folder + "“ darf nicht geschrieben werden.\n");
 }
 
+TEST_F(ProgramTest, DoesNotTakeAFolderForMissingThatItMayNotSee) {
+    const std::string folder = path("zu");
+    ASSERT_EQ(mkdir(folder.c_str(), 0700), 0);
+    ASSERT_EQ(mkdir((folder + "/da").c_str(), 0777), 0);
+    ASSERT_EQ(chmod(folder.c_str(), 0), 0);
+    {
+        const OrdinaryUser ordinary;
+        EXPECT_EQ(run({"sample", folder + "/da/s.db"}), 1);
+    }
+    chmod(folder.c_str(), 0700);
+    EXPECT_EQ(errors, "protcsv: In den Ordner „" + folder + "/da“ darf nicht geschrieben werden.\n");
+}
+
 TEST_F(ProgramTest, CallsTheCurrentFolderByAPointWhenASampleMayNotBeWrittenIntoIt) {
     const std::string folder = path("zu");
     ASSERT_EQ(mkdir(folder.c_str(), 0555), 0);

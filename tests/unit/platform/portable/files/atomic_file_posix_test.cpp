@@ -129,11 +129,24 @@ TEST_F(AtomicFilePosix, FailsInAFolderWithoutPermission) {
         const OrdinaryUser user;
         EXPECT_THAT(description_of([&] { write_whole(folder / "a.csv", ""); }),
                     HasSubstr("keine Berechtigung"));
-        EXPECT_THAT(description_of([&] { system_files().make_folder(folder.path()); }),
-                    HasSubstr("keine Berechtigung"))
+        EXPECT_EQ(description_of([&] { system_files().make_folder(folder.path()); }),
+                  "In den Ordner „" + path_text(folder.path()) +
+                      "“ kann nicht geschrieben werden: keine Berechtigung.")
             << "told before anything is written";
     }
     fs::permissions(folder.path(), fs::perms::owner_all);
+}
+
+TEST_F(AtomicFilePosix, SaysThatAFolderIsClosedThatItMayNotSee) {
+    fs::create_directories(folder / "zu" / "sub");
+    fs::permissions(folder / "zu", fs::perms::none);
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(description_of([&] { system_files().make_folder(folder / "zu" / "sub"); }),
+                  "In den Ordner „" + path_text(folder / "zu" / "sub") +
+                      "“ kann nicht geschrieben werden: keine Berechtigung.");
+    }
+    fs::permissions(folder / "zu", fs::perms::owner_all);
 }
 
 TEST_F(AtomicFilePosix, FailsWhenTheFolderVanishes) {

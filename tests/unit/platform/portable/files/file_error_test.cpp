@@ -38,6 +38,8 @@ TEST(FileError, SaysWhyInWordsThatHelp) {
         const std::error_code reason = std::make_error_code(code);
         EXPECT_EQ(file_error("a.csv", reason).description(),
                   std::string("Die Datei „a.csv“ kann nicht geschrieben werden: ") + text + ".");
+        EXPECT_EQ(closed_folder_error("a", reason).description(),
+                  std::string("In den Ordner „a“ kann nicht geschrieben werden: ") + text + ".");
         EXPECT_EQ(folder_error("a", reason).description(),
                   std::string("Der Ordner „a“ kann nicht angelegt werden: ") + text + ".");
     }
