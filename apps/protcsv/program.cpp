@@ -9,6 +9,8 @@
 #include "apps/protcsv/console/process.h"
 #include "apps/protcsv/options/options.h"
 #include "apps/protcsv/options/usage_error.h"
+#include "apps/protcsv/shell/completion.h"
+#include "apps/protcsv/shell/manual_page.h"
 #include "platform/automation/error.h"
 #include "platform/portable/time/system_clock.h"
 #include "sections/section_table.h"
@@ -25,6 +27,10 @@ int dispatch(const Options& options, const Console& console, SectionTable sectio
             return print_sections(console, sections);
         case Command::sample:
             return write_sample(options, console);
+        case Command::completion:
+            return print(console, completion_script(options.shell, sections));
+        case Command::manual:
+            return print(console, manual_page(sections));
         case Command::export_log:
             return run_sections(options, console, sections);
         case Command::delete_log:

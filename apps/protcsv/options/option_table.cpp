@@ -18,6 +18,7 @@ constexpr Commands exporting = set_of(Command::export_log);
 constexpr Commands deleting = set_of(Command::delete_log);
 constexpr Commands running = set_of(Command::run);
 constexpr Commands sampling = set_of(Command::sample);
+constexpr Commands completing = set_of(Command::completion);
 constexpr Commands filtered = exporting | deleting;
 constexpr Commands writing = exporting | running;
 constexpr Commands any_log = filtered | running;
@@ -52,9 +53,18 @@ void ask_for_events(Options& options, const std::string& value) {
 }
 
 // clang-format off
+constexpr StatusRow status_rows[] = {
+    {"0", "erledigt (auch ohne Daten)"},
+    {"1", "Fehler"},
+    {"2", "falscher Aufruf"},
+    {"3", "abgebrochen"},
+    {"4", "geschrieben, aber unvollständig"},
+    {"5", "keine Daten (mit --fail-on-empty)"},
+};
+
 constexpr CommandRow command_rows[] = {
     {Command::export_log, "export", "Schreibt das Protokoll eines Bereichs in eine CSV-Datei",
-     "--db ZIEL --section NR|NAME [Optionen]",
+     "--db ZIEL --section BEREICHE [Optionen]",
      "Beispiele:\n"
      "  protcsv export --db firma.db --section exchange-rates --from 01.01.2026\n"
      "  protcsv export --db firma.db --section 15 --params \"/autostart/vondevi:EUR\"\n"
@@ -80,6 +90,14 @@ constexpr CommandRow command_rows[] = {
      "",
      "Beispiel:\n"
      "  protcsv sections"},
+    {Command::completion, "completion", "Schreibt die Vervollständigung für eine Shell",
+     "SHELL",
+     "Beispiel:\n"
+     "  source <(protcsv completion bash)"},
+    {Command::manual, "man", "Schreibt die Handbuchseite für man",
+     "",
+     "Beispiel:\n"
+     "  protcsv man >protcsv.1"},
 };
 
 constexpr OptionRow option_rows[] = {
@@ -87,7 +105,7 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, const OptionContext&) { o.sample_file = not_empty(value); }},
     {"--db", "ZIEL", any_log, any_log, "Datenbank", "Pfad der SQLite-Datei",
      [](Options& o, const std::string& value, const OptionContext&) { o.database = as_database(value); }},
-    {"--section", "NR|NAME", exporting, exporting, "Auswahl",
+    {"--section", "BEREICHE", exporting, exporting, "Auswahl",
      "Bereich, Nummer oder Name (siehe protcsv sections);\nmehrere durch Komma getrennt, oder all",
      [](Options& o, const std::string& value, const OptionContext& context) {
          o.sections = parse_sections(value, context.sections);
@@ -130,7 +148,7 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string&, const OptionContext&) { o.no_clobber = true; }},
     {"--separator", "ZEICHEN", writing, 0, "Ausgabe", "Trennzeichen oder tab (Vorgabe: ;)",
      [](Options& o, const std::string& value, const OptionContext&) { o.csv.separator = parse_separator(value); }},
-    {"--encoding", "NAME", writing, 0, "Ausgabe", "utf-8-bom (Vorgabe), utf-8 oder windows-1252",
+    {"--encoding", "KODIERUNG", writing, 0, "Ausgabe", "utf-8-bom (Vorgabe), utf-8 oder windows-1252",
      [](Options& o, const std::string& value, const OptionContext&) { o.csv.encoding = parse_encoding(value); }},
     {"--raw-cells", "", writing, 0, "Ausgabe", "Zellen, die wie Formeln aussehen, nicht entschärfen",
      [](Options& o, const std::string&, const OptionContext&) { o.csv.raw_cells = true; }},
@@ -175,11 +193,14 @@ constexpr OptionRow option_rows[] = {
      }},
     {"--overwrite", "", sampling, 0, "Ablauf", "ersetzt auch eine Datei, die keine Beispieldatenbank ist",
      [](Options& o, const std::string&, const OptionContext&) { o.overwrite = true; }},
+    {"SHELL", "bash|zsh|fish", completing, completing, "Argumente", "bash, zsh oder fish",
+     [](Options& o, const std::string& value, const OptionContext&) { o.shell = parse_shell(value); }},
 };
 // clang-format on
 
 }  // namespace
 
+std::span<const StatusRow> status_table() { return status_rows; }
 std::span<const CommandRow> command_table() { return command_rows; }
 std::string_view command_name(Command command) {
     const CommandRow* const row = std::ranges::find(command_rows, command, &CommandRow::command);

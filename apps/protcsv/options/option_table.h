@@ -35,6 +35,25 @@ struct OptionRow {
     bool is_positional() const { return !name.starts_with('-'); }
 };
 
+/// An option of every command or of the program itself.
+struct GeneralOption {
+    std::string_view short_name;
+    std::string_view name;
+    std::string_view help;
+};
+inline constexpr GeneralOption help_option = {"-h", "--help", "zeigt diese Hilfe"};
+inline constexpr GeneralOption version_option = {"-V", "--version", "zeigt die Version"};
+
+struct StatusRow {
+    std::string_view status;
+    std::string_view meaning;
+};
+
+inline constexpr std::string_view program_summary = "Exportiert das Stammdatenprotokoll in CSV-Dateien.";
+/// What is asked for help about a command, as in `protcsv help export`.
+inline constexpr std::string_view help_command = "help";
+
+std::span<const StatusRow> status_table();
 std::span<const CommandRow> command_table();
 /// Empty for a command without a name of its own.
 std::string_view command_name(Command command);

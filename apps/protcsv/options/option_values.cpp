@@ -30,6 +30,13 @@ constexpr Word<CsvEncoding> encodings[] = {{"utf-8-bom", CsvEncoding::utf8_bom},
                                            {"utf-8", CsvEncoding::utf8},
                                            {"windows-1252", CsvEncoding::windows_1252}};
 
+constexpr Word<Shell> shells[] = {{"bash", Shell::bash}, {"zsh", Shell::zsh}, {"fish", Shell::fish}};
+
+template <typename T, std::size_t n>
+void add_words(std::vector<std::string_view>& texts, const Word<T> (&words)[n]) {
+    for (const Word<T>& word : words) texts.push_back(word.text);
+}
+
 template <typename T, std::size_t n>
 std::optional<T> find_word(const Word<T> (&words)[n], std::string_view text) {
     for (const Word<T>& word : words)
@@ -135,6 +142,31 @@ std::string parse_separator(std::string_view text) {
 CsvEncoding parse_encoding(std::string_view text) {
     if (const auto encoding = find_word(encodings, to_lower(text))) return *encoding;
     refuse(text, "ist keine Kodierung; erwartet wird utf-8-bom, utf-8 oder windows-1252");
+}
+
+Shell parse_shell(std::string_view text) {
+    if (const auto shell = find_word(shells, text)) return *shell;
+    refuse(text,
+           "ist keine Shell, für die es eine Vervollständigung gibt; erwartet wird bash, zsh oder fish");
+}
+
+std::vector<std::string_view> words_of_events() {
+    std::vector<std::string_view> texts;
+    add_words(texts, event_kinds);
+    add_words(texts, event_masks);
+    return texts;
+}
+
+std::vector<std::string_view> words_of_encodings() {
+    std::vector<std::string_view> texts;
+    add_words(texts, encodings);
+    return texts;
+}
+
+std::vector<std::string_view> words_of_shells() {
+    std::vector<std::string_view> texts;
+    add_words(texts, shells);
+    return texts;
 }
 
 std::uint64_t parse_number(std::string_view text, std::uint64_t least, std::uint64_t most) {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/protcsv/options/options.h"
 #include "core/section_table.h"
 #include "platform/portable/csv/csv_file_writer.h"
 
@@ -32,6 +33,14 @@ std::string parse_separator(std::string_view text);
 
 /// utf-8-bom, utf-8 or windows-1252.
 CsvEncoding parse_encoding(std::string_view text);
+
+/// bash, zsh or fish.
+Shell parse_shell(std::string_view text);
+
+/// The words that these functions take, for completion.
+std::vector<std::string_view> words_of_events();
+std::vector<std::string_view> words_of_encodings();
+std::vector<std::string_view> words_of_shells();
 
 /// A decimal number from `least` to `most`.
 std::uint64_t parse_number(std::string_view text, std::uint64_t least, std::uint64_t most);

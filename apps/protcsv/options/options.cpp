@@ -14,17 +14,27 @@ namespace prot {
 
 namespace {
 
-constexpr std::string_view program_summary = "Exportiert das Stammdatenprotokoll in CSV-Dateien.";
 constexpr std::string_view program_footer =
     "Hilfe zu einem Befehl: protcsv help BEFEHL oder protcsv BEFEHL --help\n"
     "\n"
-    "Rückgabewert: 0 erledigt (auch ohne Daten), 1 Fehler, 2 falscher Aufruf,\n"
-    "3 abgebrochen.";
+    "Rückgabewert:\n";
 constexpr std::size_t help_column = 24;
 constexpr const char* general = "Allgemein";
 constexpr std::string_view end_of_options = "--";
 
 std::string text_of(std::string_view text) { return std::string(text); }
+
+std::string names_of(const GeneralOption& option) {
+    return text_of(option.short_name) + ',' + text_of(option.name);
+}
+
+std::string footer_of_program() {
+    std::string text = text_of(program_footer);
+    for (const StatusRow& row : status_table())
+        text += "  " + text_of(row.status) + "  " + text_of(row.meaning) + '\n';
+    text.pop_back();
+    return text;
+}
 
 /// The option parser's help in German, with usage lines from the command table.
 class GermanFormatter : public CLI::Formatter {
@@ -55,9 +65,10 @@ struct CommandParser {
 class CommandLine {
 public:
     CommandLine() : app_(text_of(program_summary)) {
-        app_.set_version_flag("-V,--version", text_of("protcsv " PROT_VERSION), "zeigt die Version")
+        app_.set_version_flag(names_of(version_option), text_of("protcsv " PROT_VERSION),
+                              text_of(version_option.help))
             ->group(general);
-        set_up(app_, "protcsv BEFEHL [Optionen]", program_footer);
+        set_up(app_, "protcsv BEFEHL [Optionen]", footer_of_program());
         app_.require_subcommand(0, 1);
         for (const CommandRow& row : command_table()) add(row);
     }
@@ -74,7 +85,7 @@ public:
 
 private:
     static void set_up(CLI::App& app, const std::string& usage, std::string_view footer) {
-        app.set_help_flag("-h,--help", "zeigt diese Hilfe");
+        app.set_help_flag(names_of(help_option), text_of(help_option.help));
         app.get_help_ptr()->group(general);
         app.formatter(std::make_shared<GermanFormatter>(usage));
         app.footer(text_of(footer));
@@ -273,7 +284,7 @@ std::string help_path(std::span<const std::string> arguments) {
 
 /// `help` and `help COMMAND` as the options that say the same; anything else as it is.
 std::vector<std::string> with_help_as_option(std::span<const std::string> arguments) {
-    if (arguments.empty() || arguments.front() != "help") return {arguments.begin(), arguments.end()};
+    if (arguments.empty() || arguments.front() != help_command) return {arguments.begin(), arguments.end()};
     if (arguments.size() > 2) throw UsageError("help nimmt einen Befehl, nicht mehrere");
     if (arguments.size() == 2 && !is_command(arguments.back())) refuse_command(arguments.back());
     std::vector<std::string> asked(arguments.begin() + 1, arguments.end());

@@ -16,7 +16,9 @@ namespace prot {
 /// The name that stands for a standard stream where a file is asked for.
 inline constexpr std::string_view standard_stream = "-";
 
-enum class Command { show_text, export_log, delete_log, run, sample, sections };
+enum class Command { show_text, export_log, delete_log, run, sample, sections, completion, manual };
+
+enum class Shell { bash, zsh, fish };
 
 /// What of the log is asked for; the arguments of gCSVAusgabe.
 struct LogRequest {
@@ -53,6 +55,7 @@ struct Options {
     std::string sample_file;
     SampleOptions sample;
     bool overwrite = false;
+    Shell shell = Shell::bash;          ///< completion: for which
     std::vector<std::string> warnings;  ///< about what was taken otherwise than it was written; German lines
 };
 

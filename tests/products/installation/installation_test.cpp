@@ -41,8 +41,13 @@ protected:
 };
 
 std::vector<std::string> expected_files() {
-    std::vector<std::string> names{"bin/protcsv", "share/doc/protcsv/handbuch.md",
-                                   "share/doc/protcsv/CHANGELOG.md"};
+    std::vector<std::string> names{"bin/protcsv",
+                                   "share/doc/protcsv/handbuch.md",
+                                   "share/doc/protcsv/CHANGELOG.md",
+                                   "share/man/de/man1/protcsv.1",
+                                   "share/bash-completion/completions/protcsv",
+                                   "share/zsh/site-functions/_protcsv",
+                                   "share/fish/vendor_completions.d/protcsv.fish"};
     const fs::path documents = fs::path(PROT_SOURCE_DIR) / "docs";
     for (const auto& entry : fs::directory_iterator(documents / "hilfe"))
         if (entry.path().extension() != ".txt")

@@ -30,21 +30,28 @@ Befehle:
   run                   Exportiert unbeaufsichtigt nach einem Parametertext
   sample                Schreibt eine Beispieldatenbank
   sections              Zeigt die Bereiche, die es gibt
+  completion            Schreibt die Vervollständigung für eine Shell
+  man                   Schreibt die Handbuchseite für man
 
 Hilfe zu einem Befehl: protcsv help BEFEHL oder protcsv BEFEHL --help
 
-Rückgabewert: 0 erledigt (auch ohne Daten), 1 Fehler, 2 falscher Aufruf,
-3 abgebrochen.
+Rückgabewert:
+  0  erledigt (auch ohne Daten)
+  1  Fehler
+  2  falscher Aufruf
+  3  abgebrochen
+  4  geschrieben, aber unvollständig
+  5  keine Daten (mit --fail-on-empty)
 )"},
     {"export", R"(Schreibt das Protokoll eines Bereichs in eine CSV-Datei
 
-Aufruf: protcsv export --db ZIEL --section NR|NAME [Optionen]
+Aufruf: protcsv export --db ZIEL --section BEREICHE [Optionen]
 
 Datenbank:
   --db ZIEL             Pfad der SQLite-Datei
 
 Auswahl:
-  --section NR|NAME     Bereich, Nummer oder Name (siehe protcsv sections);
+  --section BEREICHE    Bereich, Nummer oder Name (siehe protcsv sections);
                         mehrere durch Komma getrennt, oder all
   --user NAME           nur Änderungen dieses Mitarbeiters
   --from DATUM          erster Tag: TT.MM.JJJJ, JJJJ-MM-TT, heute, gestern oder
@@ -64,7 +71,7 @@ Ausgabe:
                         Laufs; - schreibt auf die Standardausgabe
   --no-clobber          lehnt den Lauf ab, wenn es die Datei von --output gibt
   --separator ZEICHEN   Trennzeichen oder tab (Vorgabe: ;)
-  --encoding NAME       utf-8-bom (Vorgabe), utf-8 oder windows-1252
+  --encoding KODIERUNG  utf-8-bom (Vorgabe), utf-8 oder windows-1252
   --raw-cells           Zellen, die wie Formeln aussehen, nicht entschärfen
 
 Ablauf:
@@ -147,7 +154,7 @@ Ausgabe:
                         Laufs; - schreibt auf die Standardausgabe
   --no-clobber          lehnt den Lauf ab, wenn es die Datei von --output gibt
   --separator ZEICHEN   Trennzeichen oder tab (Vorgabe: ;)
-  --encoding NAME       utf-8-bom (Vorgabe), utf-8 oder windows-1252
+  --encoding KODIERUNG  utf-8-bom (Vorgabe), utf-8 oder windows-1252
   --raw-cells           Zellen, die wie Formeln aussehen, nicht entschärfen
 
 Ablauf:
@@ -193,6 +200,39 @@ Allgemein:
 
 Beispiel:
   protcsv sample beispiel.db --seed 7
+)"},
+    {"sections", R"(Zeigt die Bereiche, die es gibt
+
+Aufruf: protcsv sections
+
+Allgemein:
+  -h,--help             zeigt diese Hilfe
+
+Beispiel:
+  protcsv sections
+)"},
+    {"completion", R"(Schreibt die Vervollständigung für eine Shell
+
+Aufruf: protcsv completion SHELL
+
+Argumente:
+  SHELL                 bash, zsh oder fish
+
+Allgemein:
+  -h,--help             zeigt diese Hilfe
+
+Beispiel:
+  source <(protcsv completion bash)
+)"},
+    {"man", R"(Schreibt die Handbuchseite für man
+
+Aufruf: protcsv man
+
+Allgemein:
+  -h,--help             zeigt diese Hilfe
+
+Beispiel:
+  protcsv man >protcsv.1
 )"},
 };
 // clang-format on

@@ -150,7 +150,8 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
          "„exprot“ ist kein Befehl; meinten Sie export? (Hilfe: protcsv --help)",
          "a command mistyped"},
         {{"kopieren"},
-         "„kopieren“ ist kein Befehl; es gibt: export, delete, run, sample, sections (Hilfe: protcsv --help)",
+         "„kopieren“ ist kein Befehl; es gibt: export, delete, run, sample, sections, completion, man "
+         "(Hilfe: protcsv --help)",
          "unknown command"},
         {{"help", "exprot"},
          "„exprot“ ist kein Befehl; meinten Sie export? (Hilfe: protcsv --help)",
@@ -172,13 +173,15 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
          "--from liegt hinter --to (Hilfe: protcsv delete --help)",
          "of a deletion"},
         {{},
-         "es fehlt ein Befehl; es gibt: export, delete, run, sample, sections (Hilfe: protcsv --help)",
+         "es fehlt ein Befehl; es gibt: export, delete, run, sample, sections, completion, man (Hilfe: "
+         "protcsv --help)",
          "nothing at all"},
         {{"--", "--quiet"},
          "die Option --quiet gibt es vor dem Befehl nicht (Hilfe: protcsv --help)",
          "no command"},
         {{"--"},
-         "es fehlt ein Befehl; es gibt: export, delete, run, sample, sections (Hilfe: protcsv --help)",
+         "es fehlt ein Befehl; es gibt: export, delete, run, sample, sections, completion, man (Hilfe: "
+         "protcsv --help)",
          "no command"},
         {{"--db", "x", "export", "--section", "15"},
          "die Option --db gibt es vor dem Befehl nicht (Hilfe: protcsv --help)",
