@@ -22,7 +22,7 @@ check: ## hold every source against clang-format and clang-tidy; what has not ch
 
 test: ## build and run every test: the Linux program, the rest under the sanitizers, and for Windows under Wine
 	@scripts/build linux program_tests
-	@scripts/test linux -L 'golden|terminal|products|faults'
+	@scripts/test linux -L 'golden|terminal|products|documents|faults'
 	@scripts/test linux -R '^(Sample|Architecture|ErrorExits|Names)'
 	@$(MAKE) --no-print-directory test-asan
 	@$(MAKE) --no-print-directory test-threads
