@@ -64,7 +64,7 @@ TEST_F(ReportFrameworksForm, TheChartGoesAwayWithPositionsAndComesBackWithAccoun
 
 TEST_F(ReportFrameworksForm, ADeletionSaysHowManyRecordsItTakes) {
     pane.start("delete --db beispiel.db --section 10");
-    pane.expect_screen("frameworks_form");
+    pane.expect_screen("frameworks_deletion");
     pane.press({"M-u", "sp", "Enter"});
     pane.expect_text("wurden 9 Protokol");
     pane.press({"Enter"});
