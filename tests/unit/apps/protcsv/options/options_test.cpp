@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "apps/protcsv/options/option_table.h"
@@ -394,8 +395,8 @@ TEST(Options, NamesInTheUsageLineWhatMustBeGivenAndNothingElse) {
 
 TEST(Options, ShowsAnExampleForEveryCommand) {
     for (const CommandRow& row : command_table())
-        EXPECT_NE(parse({std::string(row.name), "--help"}).text.find("\n  protcsv " + std::string(row.name)),
-                  std::string::npos);
+        EXPECT_THAT(parse({std::string(row.name), "--help"}).text,
+                    testing::ContainsRegex("\nBeispiele?:\n  [^\n]*protcsv " + std::string(row.name)));
 }
 
 TEST(Options, ShowsTheHelpOfACommandBeforeWhatIsMissing) {
