@@ -55,7 +55,8 @@ std::size_t columns_of_standard_error() {
     constexpr std::size_t usual = 80;
     CONSOLE_SCREEN_BUFFER_INFO info{};
     if (GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &info) == 0) return usual;
-    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+    const int between = info.srWindow.Right - info.srWindow.Left;
+    return static_cast<std::size_t>(between) + 1;
 }
 
 struct LocalMemory {
