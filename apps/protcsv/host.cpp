@@ -87,9 +87,7 @@ std::optional<std::string> Host::ask_file_name(const std::string& suggestion) {
 }
 
 bool Host::asks_again(const AutomationError& reason) {
-    if (is_alone_) return false;
-    displays_.refuse_file_name(reason.description());
-    return true;
+    return !is_alone_ && displays_.refuse_file_name(reason.description());
 }
 
 void Host::unfinished_file(const std::string& path) { set_unfinished_file(path); }

@@ -38,6 +38,10 @@ aged_rates_are_gone() {
     [ "$(sql "SELECT count(*) FROM tProtokoll WHERE $rates")" = "$(cat ../kept)" ] || fail "falsche Anzahl"
     [ "$(sql "SELECT count(*) FROM tProtokoll WHERE $rates AND ddDatum < '2016'")" = 0 ] || fail "nicht alle"
 }
+aged_rates_are_archived() {
+    named 'archiv/Archiv_Devisenkurse_[0-9]{8}_[0-9]{6}'
+    grep -Eq '"state": ?"deleted"' "$(file)/beleg.json" && [ -s "$(file)/archiv.db" ] && ls "$(file)"/Prot_*.csv
+}
 change_rate_yesterday() {
     sql "UPDATE tProtokoll SET ddDatum = datetime('now', 'localtime', 'start of day', '-12 hours')
          WHERE $rates AND idProtokoll = (SELECT max(idProtokoll) FROM tProtokoll WHERE $rates)"
@@ -119,9 +123,7 @@ constexpr Example examples[] = {
              CASE ARa_Id WHEN 10000003 THEN '2020-01-01 00:00:00' END WHERE ARa_Id IN (10000003, 10000019)")sh", "",
      R"sh(protcsv run --db firma.db --params "/autostart/sektion:10/auswertung:Betriebswirtschaftliche Auswertung$text")sh"},
     {"protcsv delete --db firma.db --section 15 --to 31.12.2015 --archive archiv", 0,
-     R"sh(aged_rates_are_gone; named 'archiv/Archiv_Devisenkurse_[0-9]{8}_[0-9]{6}'
-        grep -Eq '"state": ?"deleted"' "$(file)/beleg.json"; [ -s "$(file)/archiv.db" ]; ls "$(file)"/Prot_*.csv
-        grep -q 'Sollen die Protokollsätze endgültig gelöscht werden' ../typescript)sh", "age_rates", R"sh(\n\nja\n)sh"},
+     R"sh(aged_rates_are_gone; aged_rates_are_archived; grep -q 'Sollen die Protokollsätze endgültig gelöscht werden' ../typescript)sh", "age_rates", R"sh(\n\nja\n)sh"},
     {"protcsv sample beispiel.db", 0, "[ -s beispiel.db ]"},
     {"/autostart/vonkonto:1/biskonto:999999999", 0, R"sh(has 'von Konto: 1 bis Konto: 999999999'; rows_have '^([0-9]+|nicht vorhanden);'; has '^nicht vorhanden;')sh", "", "",
      R"sh(protcsv run --db firma.db --params "$text/sektion:6")sh"},
@@ -130,7 +132,8 @@ constexpr Example examples[] = {
     {"protcsv export --db firma.db --section exchange-rates --from 01.01.2026", 0, R"sh(rows_have ';[0-9.]+2026 [0-9:]+;')sh", "", R"sh(\n\n\n)sh"},
     {"protcsv export --db firma.db --section 15 --params \"/autostart/vondevi:EUR\"", 0, "has 'Von ISO Währungscode: EUR bis '"},
     {"protcsv export --db firma.db --section 6 --params \"/autostart/mandant:123\"", 0, "has '^.*Mandant: 123 '"},
-    {"protcsv delete --db firma.db --section 15 --to 31.12.2015 --params \"/autostart\" --yes", 0, "aged_rates_are_gone", "age_rates"},
+    {"protcsv delete --db firma.db --section 15 --to 31.12.2015 --params \"/autostart\" --archive archiv --yes", 0,
+     "aged_rates_are_gone; aged_rates_are_archived", "age_rates"},
     {"protcsv run --db firma.db --out /srv/protokolle --params \"/sektion:15/datvon:01.01.2026/autostart/vondevi:EUR\"", 0,
      R"sh(named "$SRV/protokolle/Prot_Devisenkurse_.*"; has 'Von ISO Währungscode: EUR bis '; rows_have ';[0-9.]+2026 [0-9:]+;')sh"},
     {"protcsv sample beispiel.db --seed 7", 0,

@@ -193,16 +193,17 @@ void LogArchive::finish(std::string_view state, std::optional<int> status) noexc
 void LogArchive::nothing_went() noexcept {
     if (folder_.empty()) return;
     std::error_code ignored;
-    fs::remove_all(folder_, ignored);
+    for (const std::string& name : files_) fs::remove(folder_ / text_path(name), ignored);
+    fs::remove(folder_, ignored);
     set_unfinished_folder({}, {});
     account_.file.clear();
     account_.deletion = DeletionAccount{};
 }
 
-void LogArchive::name_unfinished_files() const {
-    std::vector<std::string> files = {std::string(database_name), std::string(receipt_name)};
-    if (!account_.file.empty()) files.push_back(path_text(text_path(account_.file).filename()));
-    set_unfinished_folder(path_text(folder_), files);
+void LogArchive::name_unfinished_files() {
+    files_ = {std::string(database_name), std::string(receipt_name)};
+    if (!account_.file.empty()) files_.push_back(path_text(text_path(account_.file).filename()));
+    set_unfinished_folder(path_text(folder_), files_);
 }
 
 }  // namespace prot

@@ -52,7 +52,7 @@ private:
     void write_receipt(std::optional<int> status);
     void finish(std::string_view state, std::optional<int> status) noexcept;
     void flush();
-    void name_unfinished_files() const;
+    void name_unfinished_files();
 
     const std::filesystem::path place_;
     const std::int32_t section_;
@@ -60,7 +60,8 @@ private:
     RunAccount& account_;
     const ArchiveMakers makers_;
 
-    std::filesystem::path folder_;  // empty: not made
+    std::filesystem::path folder_;    // empty: not made
+    std::vector<std::string> files_;  // in it, to be removed when nothing went
     std::vector<std::int64_t> ids_;
     std::int64_t memos_ = 0;
     std::set<std::string> tables_;  // dcTable of the records

@@ -35,7 +35,8 @@ public:
     virtual std::optional<std::string> ask_file_name(const std::string& suggestion,
                                                      const std::string& folder) = 0;
     /// Says why no file can be made under the name that was chosen; the question comes again.
-    virtual void refuse_file_name(std::string_view why) = 0;
+    /// False, and nothing is said, when no person could name another.
+    virtual bool refuse_file_name(std::string_view why) = 0;
     /// Presents the finished file.
     virtual void show_file(const std::string& path) = 0;
     /// Says what a run leaves to be said at its end.

@@ -18,7 +18,10 @@ public:
     std::unique_ptr<ProgressParent> create_progress() override;
     std::optional<std::string> ask_file_name(const std::string& suggestion,
                                              const std::string& folder) override;
-    void refuse_file_name(std::string_view why) override { means_.terminal.refuse_answer(why); }
+    bool refuse_file_name(std::string_view why) override {
+        if (means_.terminal.asks_person()) means_.terminal.refuse_answer(why);
+        return means_.terminal.asks_person();
+    }
     /// The path on standard output is all the presentation there is.
     void show_file(const std::string& /*path*/) override {}
     void tell(Telling /*kind*/, std::string_view text) override { means_.terminal.write(text); }

@@ -45,7 +45,10 @@ public:
         return name;
     }
     /// The form comes again with what was entered.
-    void refuse_file_name(std::string_view why) override { refusal_ = why; }
+    bool refuse_file_name(std::string_view why) override {
+        refusal_ = why;
+        return true;
+    }
 
 private:
     std::unique_ptr<Screen> screen_;

@@ -125,7 +125,10 @@ public:
         if (!name) terminal_.note(Outcome::cancelled);
         return name;
     }
-    void refuse_file_name(std::string_view why) override { boxes_.show(why, BoxStyle::exclamation, title); }
+    bool refuse_file_name(std::string_view why) override {
+        boxes_.show(why, BoxStyle::exclamation, title);
+        return true;
+    }
     void show_file(const std::string& path) override {
         progress_.close();
         open_finished_file(path, boxes_);

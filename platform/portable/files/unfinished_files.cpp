@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "platform/portable/files/names_in_folder.h"
 #include "platform/portable/files/paths.h"
 #include "platform/portable/files/remove_if_free.h"
 
@@ -14,9 +15,10 @@ namespace fs = std::filesystem;
 
 constexpr std::chrono::hours patience(24);
 
-bool is_left_over(const fs::directory_entry& entry) {
-    return entry.symlink_status().type() == fs::file_type::regular && is_temporary_name(entry.path()) &&
-           fs::file_time_type::clock::now() - entry.last_write_time() > patience;
+bool is_left_over(const fs::path& file) {
+    std::error_code ignored;
+    return fs::symlink_status(file, ignored).type() == fs::file_type::regular &&
+           fs::file_time_type::clock::now() - fs::last_write_time(file, ignored) > patience && !ignored;
 }
 
 }  // namespace
@@ -34,8 +36,8 @@ bool is_temporary_name(const fs::path& name) {
 
 void remove_unfinished_files(const fs::path& folder) noexcept {
     try {
-        for (const fs::directory_entry& entry : fs::directory_iterator(folder.empty() ? "." : folder))
-            if (is_left_over(entry)) remove_if_free(entry.path());
+        for (const fs::path& name : names_in_folder(folder))
+            if (is_temporary_name(name) && is_left_over(folder / name)) remove_if_free(folder / name);
     } catch (const std::exception&) {
         // What cannot be looked at stays.
     }

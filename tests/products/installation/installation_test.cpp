@@ -78,8 +78,9 @@ TEST_F(Installation, TheInstalledProgramFindsItsHelp) {
     run("cd '" + folder_.path().string() + "' && '" + program.string() + "' sample log.db");
     // Help is for persons: it is shown at a terminal alone. Ctrl-D ends the questions, and the run as
     // cancelled.
-    run("cd '" + folder_.path().string() + "' && printf '?\\n\\004' | script --quiet --return --command \"'" +
-        program.string() + "' export --plain --db log.db --section 15 || [ \\$? -eq 3 ]\" typescript");
+    run("cd '" + folder_.path().string() +
+        "' && printf '??\\n\\004' | script --quiet --return --command \"'" + program.string() +
+        "' export --plain --db log.db --section 15 || [ \\$? -eq 3 ]\" typescript");
     EXPECT_THAT(content_of(folder_ / "typescript"), testing::HasSubstr("Das Formular wählt die Währungen"));
 }
 

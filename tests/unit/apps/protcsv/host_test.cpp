@@ -25,9 +25,10 @@ public:
         asked = {suggestion, folder};
         return file_name;
     }
-    void refuse_file_name(std::string_view why) override {
+    bool refuse_file_name(std::string_view why) override {
         refused.emplace_back(why);
         file_name = name_after_refusal;
+        return true;
     }
     void show_file(const std::string& path) override { shown.push_back(path); }
     void tell(Telling, std::string_view) override {}
