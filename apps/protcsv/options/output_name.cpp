@@ -25,13 +25,13 @@ std::string numbers(const char* format, int one, int two, int three) {
     return text.data();
 }
 
-struct Word {
+struct Placeholder {
     std::string_view name;
     std::string (*text)(const OutputFacts& facts);
 };
 
 // clang-format off
-constexpr Word words[] = {
+constexpr Placeholder words[] = {
     {"section",   [](const OutputFacts& facts) { return std::string(facts.section); }},
     {client_word, [](const OutputFacts& facts) { return facts.client; }},
     {"date",      [](const OutputFacts& facts) { return numbers("%04d%02d%02d", facts.now.year, facts.now.month, facts.now.day); }},
@@ -64,7 +64,7 @@ std::string output_name(std::string_view pattern, const OutputFacts& facts) {
         if (begin == std::string_view::npos) return name;
         const std::size_t end = std::min(pattern.find('}', begin), pattern.size());
         const std::string_view word = pattern.substr(begin + 1, end - begin - 1);
-        const Word* const found = std::ranges::find(words, word, &Word::name);
+        const Placeholder* const found = std::ranges::find(words, word, &Placeholder::name);
         if (end == pattern.size() || found == std::end(words))
             refuse_word(pattern.substr(begin, end + 1 - begin));
         name += found->text(facts);
