@@ -23,14 +23,14 @@ struct ColumnType {
 constexpr ColumnType column_types[] = {
     {"dd", "DATETIME"}, {"dc", "COLLATE NOCASE"}, {"dm", "COLLATE NOCASE"}};
 
-std::string quoted(std::string_view name) {
+std::string sql_name(std::string_view name) {
     std::string text;
     append_quoted(text, name, '"');
     return text;
 }
 
 std::string column_definition(std::string_view name, bool is_id) {
-    std::string definition = quoted(name);
+    std::string definition = sql_name(name);
     if (is_id) return definition + " INTEGER PRIMARY KEY";
     for (const ColumnType& row : column_types)
         if (name.starts_with(row.prefix)) return definition + ' ' + std::string(row.type);
@@ -38,13 +38,13 @@ std::string column_definition(std::string_view name, bool is_id) {
 }
 
 std::string table_definition(const ArchivedTable& table, const std::vector<std::string>& columns) {
-    std::string sql = "CREATE TABLE " + quoted(table.name) + " (";
+    std::string sql = "CREATE TABLE " + sql_name(table.name) + " (";
     for (std::size_t i = 0; i < columns.size(); ++i)
         sql += (i > 0 ? ", " : "") + column_definition(columns[i], columns[i] == table.id);
     sql += ")";
     if (!table.search.empty())
-        sql += "; CREATE INDEX " + quoted("i" + table.name) + " ON " + quoted(table.name) + " (" +
-               quoted(table.search) + ")";
+        sql += "; CREATE INDEX " + sql_name("i" + table.name) + " ON " + sql_name(table.name) + " (" +
+               sql_name(table.search) + ")";
     return sql;
 }
 
@@ -108,7 +108,7 @@ ArchiveFile::Table& ArchiveFile::table_for(const ArchivedTable& table,
     if (is_new) {
         file_.execute(table_definition(table, columns));
         known->second.insert =
-            std::make_unique<SqliteInsert>(file_, insert_into(quoted(table.name), columns.size()));
+            std::make_unique<SqliteInsert>(file_, insert_into(sql_name(table.name), columns.size()));
     }
     return known->second;
 }
