@@ -4,7 +4,8 @@
 
 namespace prot {
 
-/// Removes a file of this user that no running program is writing as a PendingFile; else it stays.
+/// Removes a file of this user that no running program is writing as a PendingFile; else it stays. Windows:
+/// it always stays.
 void remove_if_free(const std::filesystem::path& file);
 
 }  // namespace prot

@@ -1,3 +1,4 @@
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -10,6 +11,18 @@
 
 namespace prot::test {
 namespace {
+
+TEST_F(ProgramTest, RemovesWhatAKilledRunLeftInItsFolder) {
+    const std::vector<std::string> arguments = {"--params", "/autostart", "--out", path("")};
+    const std::filesystem::path left = text_path(path("Prot.csv.0123456789abcdef.tmp"));
+    write("Prot.csv.0123456789abcdef.tmp", "halb");
+    EXPECT_EQ(run_section("export", "file", arguments), 0);
+    EXPECT_TRUE(std::filesystem::exists(left)) << "it may be that of a run that goes on";
+    std::filesystem::last_write_time(left,
+                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(25));
+    EXPECT_EQ(run_section("export", "file", arguments), 0);
+    EXPECT_FALSE(std::filesystem::exists(left));
+}
 
 TEST_F(ProgramTest, FailsWhenTheDiskIsFullUnderTheStatementLog) {
     const std::string log = full_disk(path("log"));

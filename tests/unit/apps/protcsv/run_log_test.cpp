@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <chrono>
 
 #include <nlohmann/json.hpp>
 
@@ -97,17 +96,6 @@ TEST_F(RunLog, ShowsAForeignErrorAsAProblemReportToo) {
 TEST_F(RunLog, LeavesNoHalfFileAfterAnError) {
     EXPECT_EQ(export_batch("half"), 1);
     EXPECT_EQ(files(), 1u) << "only the database";
-}
-
-TEST_F(RunLog, RemovesWhatAKilledRunLeftInItsFolder) {
-    const std::string left = path("Prot.csv.0123456789abcdef.tmp");
-    write("Prot.csv.0123456789abcdef.tmp", "halb");
-    EXPECT_EQ(export_batch("file"), 0);
-    EXPECT_TRUE(std::filesystem::exists(text_path(left))) << "it may be that of a run that goes on";
-    std::filesystem::last_write_time(text_path(left),
-                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(25));
-    EXPECT_EQ(export_batch("file"), 0);
-    EXPECT_FALSE(std::filesystem::exists(text_path(left)));
 }
 
 TEST_F(RunLog, FailsWhenAProblemReportWasShownAlthoughTheCoreReturned) {

@@ -249,14 +249,14 @@ TEST_F(CsvFileWriterTest, HandsTheHostEveryByteOfAFile) {
 
 TEST_F(CsvFileWriterTest, GivesEveryFileTheNameThatWasChosenBefore) {
     CsvFileOptions chosen = options();
-    chosen.output = "gewählt.csv";
-    write_file(folder / "gewählt.csv", "alt");
+    chosen.output = text_path("gewählt.csv");
+    write_file(folder / text_path("gewählt.csv"), "alt");
     CsvFileWriter writer(chosen, host);
     for (const bool ask_user : {true, false}) {
         EXPECT_EQ(open(writer, "vorschlag.csv", ask_user), "gewählt.csv");
         write(writer, {ask_user ? "gefragt" : "stumm"});
         writer.close();
-        EXPECT_EQ(content_of(folder / "gewählt.csv"), ask_user ? "gefragt\r\n" : "stumm\r\n");
+        EXPECT_EQ(content_of(folder / text_path("gewählt.csv")), ask_user ? "gefragt\r\n" : "stumm\r\n");
     }
     EXPECT_EQ(std::count(host.told.begin(), host.told.end(), "ask vorschlag.csv"), 0);
     EXPECT_EQ(folder.entries(), 1U);
