@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string text_of(const fs::path& path) {
+std::string bytes_of(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
@@ -40,7 +40,7 @@ TEST_P(Receipt, AgreesWithTheArchiveAndWithWhatIsGone) {
         std::system(
             ("bash '" + (work / "script").string() + "' 2>'" + (work / "errors").string() + "'").c_str()),
         0)
-        << text_of(work / "problems") << text_of(work / "errors");
+        << bytes_of(work / "problems") << bytes_of(work / "errors");
     fs::remove_all(work);
 }
 

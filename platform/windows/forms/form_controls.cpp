@@ -57,10 +57,11 @@ std::string text_of(const Form& form, const FormControl& control) {
     return {};
 }
 
-int id_of(ControlPart part, std::size_t number) {
+int id_of(const Form& form, ControlPart part, std::size_t number) {
+    if (part == ControlPart::notice) return notice_id;
     if (part == ControlPart::ok) return IDOK;
     if (part == ControlPart::cancel) return IDCANCEL;
-    return first_control_id + static_cast<int>(number);
+    return first_control_id + static_cast<int>(number) - notices_of(form);
 }
 
 }  // namespace
@@ -68,7 +69,7 @@ int id_of(ControlPart part, std::size_t number) {
 ControlDescription describe_control(const Form& form, const FormControl& control, std::size_t number) {
     const PartRule& rule = rule_of(control.part);
     ControlDescription description{rule.window_class, text_of(form, control), rule.style, 0,
-                                   id_of(control.part, number)};
+                                   id_of(form, control.part, number)};
     if (control.part == ControlPart::field && form.fields[control.index].kind != FieldKind::list) {
         description.window_class = L"EDIT";
         description.style = text_style;

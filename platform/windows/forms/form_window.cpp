@@ -99,7 +99,7 @@ INT_PTR FormWindow::answer(UINT message, WPARAM word, LPARAM number) {
 void FormWindow::command(WORD id, WORD notification) {
     if (id == IDCANCEL && notification == BN_CLICKED) return handle([this] { press(form_.cancel); });
     if (id == IDOK && notification == BN_CLICKED) return handle([this] { press(form_.ok); });
-    const auto number = static_cast<std::size_t>(id - first_control_id);
+    const auto number = static_cast<std::size_t>(id - first_control_id + notices_of(form_));
     if (id < first_control_id || number >= view_->controls().size()) return post_settle();
     const FormControl control = view_->controls()[number];
     const bool list =

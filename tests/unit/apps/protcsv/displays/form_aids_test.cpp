@@ -7,7 +7,7 @@ namespace {
 
 constexpr int filter_form_setup = 1000;
 
-class NoForms : public FormDisplay {
+class CountedForms : public FormDisplay {
 public:
     std::vector<int> setups;
     int shown = 0;
@@ -27,7 +27,7 @@ protected:
         form.groups = {{"Mandant", 0, 3}, {"Konten", 3, 2}};
     }
 
-    NoForms display;
+    CountedForms display;
     FormAids aids{display};
     Form form;
 };

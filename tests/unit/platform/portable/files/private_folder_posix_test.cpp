@@ -26,7 +26,7 @@ private:
 
 TEST(PrivateFolder, IsItsOwnersAloneWhateverTheUmask) {
     const TemporaryFolder folder;
-    for (const mode_t mask : {0000, 0022, 0777}) {
+    for (const mode_t mask : {0000U, 0022U, 0777U}) {
         const Umask umask(mask);
         EXPECT_EQ(permissions(make_private_folder(folder.path() / std::to_string(mask))), 0700) << mask;
     }

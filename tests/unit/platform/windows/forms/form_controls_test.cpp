@@ -83,7 +83,9 @@ TEST(FormControl, OkAndCancelHaveTheSystemsIds) {
     const Form form = sample_form();
     EXPECT_EQ(describe_control(form, {ControlPart::ok}, 7).id, IDOK);
     EXPECT_EQ(describe_control(form, {ControlPart::cancel}, 8).id, IDCANCEL);
-    EXPECT_EQ(describe_control(form, {ControlPart::label, 1}, 4).id, first_control_id + 4);
+    EXPECT_EQ(describe_control(form, {ControlPart::label, 1}, 4).id, first_control_id + 3)
+        << "behind the notice";
+    EXPECT_EQ(describe_control(form, {ControlPart::notice}, 0).id, notice_id);
 }
 
 TEST(FormControl, ALiteralTextShowsEachAmpersand) {
