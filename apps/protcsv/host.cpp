@@ -1,8 +1,11 @@
 #include "apps/protcsv/host.h"
 
+#include <algorithm>
+
 #include "apps/protcsv/console/interruption.h"
 #include "apps/protcsv/options/output_name.h"
 #include "platform/portable/files/paths.h"
+#include "platform/portable/files/same_place.h"
 #include "platform/portable/sqlite/sqlite_database.h"
 #include "platform/portable/xml/document_reader.h"
 
@@ -41,10 +44,10 @@ Host::Host(const Options& options, Displays& displays, RunAccount& account)
     if (!options.report.empty()) csv_.never_replaced.push_back(text_path(options.report));
 }
 
-Environment Host::environment() { return environment(displays_.message_boxes(), forms_); }
+Environment Host::environment() { return environment(displays_.message_boxes()); }
 
-Environment Host::environment(MessageBoxes& boxes, FormDisplay& forms) {
-    return {*this, boxes, forms, pointer_, *connection_information_, clock_, account_.notices};
+Environment Host::environment(MessageBoxes& boxes) {
+    return {*this, boxes, forms_, pointer_, *connection_information_, clock_, account_.notices};
 }
 
 void Host::set_output(const std::string& name, Existing existing) {
@@ -81,9 +84,22 @@ std::unique_ptr<HelpDisplay> Host::create_help_display() { return displays_.crea
 
 std::optional<std::string> Host::ask_file_name(const std::string& suggestion) {
     if (is_alone_) return std::string();
-    std::optional<std::string> name = displays_.ask_file_name(suggestion, path_text(csv_.folder));
-    if (name) *name = with_csv_ending(*name, csv_.folder);
-    return name;
+    for (;;) {
+        std::optional<std::string> name = displays_.ask_file_name(suggestion, path_text(csv_.folder));
+        if (!name) return name;
+        *name = with_csv_ending(*name, csv_.folder);
+        const auto place = joined_path(csv_.folder, text_path(name->empty() ? suggestion : *name));
+        if (may_take(place)) return name;
+    }
+}
+
+/// Of a file that the run itself needs nobody is asked: the writer refuses it.
+bool Host::may_take(const std::filesystem::path& place) {
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(place, ignored)) return true;
+    const bool refused = std::ranges::any_of(
+        csv_.never_replaced, [&](const std::filesystem::path& own) { return is_same_place(place, own); });
+    return refused || displays_.may_replace(path_text(place));
 }
 
 bool Host::asks_again(const AutomationError& reason) {

@@ -19,12 +19,12 @@ public:
     /// All of them outlive it.
     Host(const Options& options, Displays& displays, RunAccount& account);
 
-    /// The displays' forms, with what this program adds to them.
-    FormDisplay& forms() { return forms_; }
+    /// Above the fields of every filter form.
+    void set_form_notice(std::string notice) { forms_.set_notice(std::move(notice)); }
 
     Environment environment();
-    /// With boxes and forms that stand before those of the displays.
-    Environment environment(MessageBoxes& boxes, FormDisplay& forms);
+    /// With boxes that stand before those of the displays.
+    Environment environment(MessageBoxes& boxes);
 
     /// Every CSV file gets this name, seen from the run's folder, and nobody is asked.
     void set_output(const std::string& name, Existing existing);
@@ -52,6 +52,8 @@ private:
     public:
         void set(Pointer /*pointer*/) override {}
     };
+
+    bool may_take(const std::filesystem::path& place);
 
     CsvFileOptions csv_;
     bool is_alone_ = false;  // nobody is asked

@@ -13,6 +13,7 @@
 #include "apps/protcsv/deletion/deletion_run.h"
 #include "apps/protcsv/host.h"
 #include "apps/protcsv/options/output_name.h"
+#include "apps/protcsv/options/request_words.h"
 #include "apps/protcsv/options/run_parameters.h"
 #include "apps/protcsv/options/usage_error.h"
 #include "apps/protcsv/own_files.h"
@@ -120,8 +121,7 @@ public:
           deletion_(options.command == Command::delete_log
                         ? std::make_unique<DeletionRun>(options, sections, account, host_, *displays_)
                         : nullptr),
-          environment_(deletion_ ? host_.environment(deletion_->boxes(), deletion_->forms())
-                                 : host_.environment()) {}
+          environment_(deletion_ ? host_.environment(deletion_->boxes()) : host_.environment()) {}
 
     /// Whether the parameter text, where it asks for an unattended run, chooses anything in the section.
     bool fits() {
@@ -145,6 +145,7 @@ public:
         for (const std::string& error : errors) refuse(error);
         const std::unique_ptr<HostDatabase> database = open_database(!errors.empty());
         if (!database || !parameters_pass(request, *database) || !errors.empty()) return exit_usage;
+        host_.set_form_notice(form_notice(request, !exports()));
         choose_output(request);
         if (exports() && !folder_.empty()) system_files().make_folder(folder_);
         if (exports() && options_.output != standard_stream) remove_unfinished_files(folder_);

@@ -21,6 +21,9 @@ constexpr std::chrono::seconds deadline{20};
 constexpr std::chrono::milliseconds interval{50};
 constexpr int looks_until_settled = 20;
 
+/// Of the same length everywhere, since forms show it; "/tmp" is there on every POSIX system.
+constexpr const char* folder_template = "/tmp/protcsv_terminal_XXXXXX";
+
 const fs::path screens = fs::path(PROT_SOURCE_DIR) / "tests" / "terminal" / "screens";
 
 /// Looks again and again until the condition holds. Whether it did in time.
@@ -58,7 +61,7 @@ std::string output_of(const std::string& command) {
 }
 
 Pane::Pane(int columns, int rows) {
-    std::string folder = (fs::temp_directory_path() / "protcsv_terminal_XXXXXX").string();
+    std::string folder = folder_template;
     folder_ = mkdtemp(folder.data());
     output_of("cd " + quoted(folder_) + " && " PROT_PROGRAM " sample beispiel.db");
     tmux("new-session -d -x " + std::to_string(columns) + " -y " + std::to_string(rows) +
@@ -96,7 +99,10 @@ std::string Pane::tmux(const std::string& command) const {
 }
 
 std::string Pane::screen() const {
-    return tmux("capture-pane -p ';' display-message -p 'Cursor: #{cursor_x},#{cursor_y}'");
+    std::string shown = tmux("capture-pane -p ';' display-message -p 'Cursor: #{cursor_x},#{cursor_y}'");
+    for (std::size_t at = 0; (at = shown.find(folder_.string(), at)) != std::string::npos;)
+        shown.replace(at, folder_.string().size(), folder_template);
+    return shown;
 }
 
 std::string Pane::settled_screen() const {

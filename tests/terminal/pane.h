@@ -29,7 +29,8 @@ public:
     void expect_screen(const std::string& name) const;
     /// Waits until the text is on view.
     void expect_text(const std::string& text) const;
-    /// What is on view now, and the place of the cursor.
+    /// What is on view now, and the place of the cursor. The name of the folder, which is another every time,
+    /// ends with "XXXXXX".
     std::string screen() const;
 
     /// Waits for the end of the program, after which the terminal must be as it was before. Its exit status;

@@ -12,12 +12,6 @@ namespace prot {
 
 namespace {
 
-std::string notice_of(const LogRequest& request) {
-    return "Die Protokollsätze, die hier gewählt werden, werden gelöscht.\nZeitraum: " +
-           period_text(request) + "   Mitarbeiter: " + user_text(request) +
-           "   Ereignisse: " + events_text(request);
-}
-
 /// What a filter says of no client is easily overlooked.
 std::string selection_text(const std::string& filter) {
     constexpr std::string_view nobody = "Mandant:  ,";
@@ -35,8 +29,7 @@ DeletionRun::DeletionRun(const Options& options, SectionTable sections, RunAccou
       host_(host),
       boxes_(
           displays.message_boxes(), [this] { return subject(); },
-          options.dry_run ? DeletionBoxes::Text([this] { return trial(); }) : DeletionBoxes::Text()),
-      forms_(host.forms(), notice_of(options.request)) {
+          options.dry_run ? DeletionBoxes::Text([this] { return trial(); }) : DeletionBoxes::Text()) {
     account_.deletion.emplace();
 }
 

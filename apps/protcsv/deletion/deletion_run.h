@@ -7,7 +7,6 @@
 
 #include "apps/protcsv/deletion/deletion.h"
 #include "apps/protcsv/deletion/deletion_boxes.h"
-#include "apps/protcsv/deletion/deletion_forms.h"
 #include "apps/protcsv/deletion/log_archive.h"
 #include "apps/protcsv/host.h"
 #include "apps/protcsv/options/options.h"
@@ -25,7 +24,6 @@ public:
                 Displays& displays);
 
     MessageBoxes& boxes() { return boxes_; }
-    FormDisplay& forms() { return forms_; }
 
     /// The database that the exporter gets. statements: where its own go; database: behind them.
     /// export_selection: see SectionExporter.
@@ -53,7 +51,6 @@ private:
     RunAccount& account_;
     Host& host_;
     DeletionBoxes boxes_;
-    DeletionForms forms_;
     std::optional<LogArchive> archive_;
     std::optional<Deletion> deletion_;
 };

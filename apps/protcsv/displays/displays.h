@@ -34,6 +34,9 @@ public:
     /// folder: where relative names lie.
     virtual std::optional<std::string> ask_file_name(const std::string& suggestion,
                                                      const std::string& folder) = 0;
+    /// Whether the file that lies under the chosen name may be replaced; false: the question comes again. A
+    /// display whose own question asks that already has nothing to ask.
+    virtual bool may_replace(const std::string& /*path*/) { return true; }
     /// Says why no file can be made under the name that was chosen; the question comes again.
     /// False, and nothing is said, when no person could name another.
     virtual bool refuse_file_name(std::string_view why) = 0;

@@ -5,6 +5,9 @@
 
 namespace prot {
 
+/// Where files lie, for a person: the whole path.
+std::string folder_text(const std::string& folder);
+
 /// Displays as lines on a terminal, or in the file that stands in for one: forms are questions, progress is a
 /// status line.
 class LineDisplays : public Displays {
@@ -16,6 +19,8 @@ public:
     std::unique_ptr<ErrorDisplay> create_error_display() override;
     std::unique_ptr<HelpDisplay> create_help_display() override;
     std::unique_ptr<ProgressParent> create_progress() override;
+    /// Prepared answers name a file that may be replaced.
+    bool may_replace(const std::string& path) override;
     std::optional<std::string> ask_file_name(const std::string& suggestion,
                                              const std::string& folder) override;
     bool refuse_file_name(std::string_view why) override {

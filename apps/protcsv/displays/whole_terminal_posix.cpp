@@ -7,6 +7,7 @@
 #include "platform/portable/screen/newt_screen.h"
 #include "platform/portable/screen/screen_displays.h"
 #include "platform/portable/screen/screen_forms.h"
+#include "platform/portable/screen/text_window.h"
 
 namespace prot {
 
@@ -37,12 +38,22 @@ public:
             });
     }
     std::optional<std::string> ask_file_name(const std::string& suggestion,
-                                             const std::string& /*folder*/) override {
-        const std::string notice = std::exchange(refusal_, {});
+                                             const std::string& folder) override {
+        const std::string refusal = std::exchange(refusal_, {});
+        const std::string notice = (refusal.empty() ? "" : refusal + '\n') + "Ordner: " + folder_text(folder);
         const std::optional<std::string> name =
-            prot::ask_file_name(forms_, notice.empty() ? suggestion : entered_name_, notice);
+            prot::ask_file_name(forms_, refusal.empty() ? suggestion : entered_name_, notice);
         entered_name_ = name.value_or("");
         return name;
+    }
+    bool may_replace(const std::string& path) override {
+        const std::string text = "Die Datei „" + path + "“ gibt es schon. Soll sie ersetzt werden?";
+        // No is what a hasty Enter says.
+        const auto button = show_text_window(*screen_, {"CSV-Datei schreiben", text, {"&Ja", "&Nein"}, 1, 1});
+        if (!button) return LineDisplays::may_replace(path);
+        if (*button == 0) return true;
+        refusal_ = "Bitte einen anderen Namen eingeben.";
+        return false;
     }
     /// The form comes again with what was entered.
     bool refuse_file_name(std::string_view why) override {

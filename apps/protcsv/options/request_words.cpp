@@ -36,6 +36,13 @@ std::string events_text(const LogRequest& request) {
     return text.empty() ? "keine" : text;
 }
 
+std::string form_notice(const LogRequest& request, bool deletes) {
+    const std::string besides = "Zeitraum: " + period_text(request) +
+                                "   Mitarbeiter: " + user_text(request) +
+                                "   Ereignisse: " + events_text(request);
+    return deletes ? "Die Protokollsätze, die hier gewählt werden, werden gelöscht.\n" + besides : besides;
+}
+
 std::string amount_text(std::int64_t records, std::int64_t memos) {
     return counted(records, "Protokollsatz", "Protokollsätze") + " und " +
            counted(memos, "Memotext", "Memotexte");

@@ -12,6 +12,9 @@ std::string period_text(const LogRequest& request);  ///< "01.01.2026 bis 31.01.
 std::string user_text(const LogRequest& request);    ///< the name, or "alle"
 std::string events_text(const LogRequest& request);  ///< "angelegt, gelöscht", "alle", "keine"
 
+/// What stands above the fields of a filter form: what is chosen besides, and that a deletion deletes.
+std::string form_notice(const LogRequest& request, bool deletes);
+
 /// "3 Protokollsätze und 1 Memotext".
 std::string amount_text(std::int64_t records, std::int64_t memos);
 

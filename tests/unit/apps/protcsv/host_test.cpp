@@ -14,6 +14,7 @@ public:
     test::FakeHost faces;
     std::vector<std::string> asked, shown, refused;
     std::optional<std::string> file_name, name_after_refusal;
+    std::vector<std::string> replaceable;  // asked about, in turn; each answered no, but the last
 
     FormDisplay& forms() override { return faces; }
     MessageBoxes& message_boxes() override { return faces; }
@@ -24,6 +25,10 @@ public:
                                              const std::string& folder) override {
         asked = {suggestion, folder};
         return file_name;
+    }
+    bool may_replace(const std::string& path) override {
+        replaceable.push_back(path);
+        return replaceable.size() > 1;
     }
     bool refuse_file_name(std::string_view why) override {
         refused.emplace_back(why);
@@ -61,6 +66,43 @@ TEST_F(HostTest, ShowsEverythingByItsDisplays) {
     EXPECT_EQ(displays.faces.setups, std::vector<int>{1000});
     EXPECT_EQ(displays.faces.errors, (std::vector<test::ShownError>{{5, "Quelle", "Beschreibung"}}));
     EXPECT_EQ(displays.faces.help_topics, std::vector<std::string>{"karte.xml#HID_1"});
+}
+
+TEST_F(HostTest, AsksBeforeItReplacesAFileAndForAnotherNameWhenItMayNot) {
+    displays.file_name = "Meine";
+    std::filesystem::create_directories(options.csv.folder);
+    write_file(options.csv.folder / "Meine.csv", "von gestern");
+    Host host(options, displays, account);
+    const auto writer = host.environment().components.create_csv_writer();
+    std::string name = "Prot.csv";
+    ASSERT_TRUE(writer->open(name, true));
+    const std::string place = path_text(options.csv.folder / "Meine.csv");
+    EXPECT_EQ(displays.replaceable, (std::vector<std::string>{place, place}));
+    displays.file_name = "Neue.csv";
+    ASSERT_TRUE(writer->open(name, true));
+    EXPECT_EQ(displays.replaceable.size(), 2U) << "there is no such file";
+}
+
+TEST_F(HostTest, DoesNotAskAboutFilesThatTheRunItselfNeeds) {
+    std::filesystem::create_directories(options.csv.folder);
+    options.database = path_text(options.csv.folder / "x.csv");
+    write_file(text_path(options.database), "Datenbank");
+    displays.file_name = "x.csv";
+    Host host(options, displays, account);
+    const auto writer = host.environment().components.create_csv_writer();
+    std::string name = "Prot.csv";
+    EXPECT_FALSE(writer->open(name, true)) << "the next name is none";
+    EXPECT_EQ(displays.replaceable, std::vector<std::string>{});
+    EXPECT_EQ(displays.refused.size(), 1U);
+}
+
+TEST_F(HostTest, SaysAboveItsFormsWhatElseIsChosen) {
+    Host host(options, displays, account);
+    host.set_form_notice("Zeitraum: alle Tage");
+    displays.faces.person = [](Form&) {};
+    Form form;
+    host.environment().form_display.show_modal(form);
+    EXPECT_EQ(form.notice, "Zeitraum: alle Tage");
 }
 
 TEST_F(HostTest, AsksForTheFileInTheRunsFolderAndPresentsItWhenItIsFinished) {

@@ -32,19 +32,59 @@ TEST_F(LineDisplaysTest, AskForTheFileWithTheSuggestion) {
     EXPECT_EQ(terminal.outcome(), Outcome::cancelled);
 }
 
-TEST(LineDisplays, AQuestionMarkNamesNoFile) {
-    std::istringstream keyboard("?\n??\nMeine.csv\n");
+/// A run whose questions a person answers.
+class LineDisplaysOfAPerson : public testing::Test {
+protected:
+    explicit LineDisplaysOfAPerson(const char* typed) : keyboard(typed) {}
+    TerminalSettings settings() {
+        TerminalSettings person;
+        person.output = &output;
+        person.keyboard = &keyboard;
+        return person;
+    }
+
+    std::istringstream keyboard;
     std::ostringstream output;
-    TerminalSettings person;
-    person.output = &output;
-    person.keyboard = &keyboard;
-    Terminal terminal(person);
-    TerminalMessageBoxes boxes(terminal, false);
-    LineDisplays displays({terminal, boxes});
+    Terminal terminal{settings()};
+    TerminalMessageBoxes boxes{terminal, false};
+    LineDisplays displays{{terminal, boxes}};
+};
+
+struct LineDisplaysHelp : LineDisplaysOfAPerson {
+    LineDisplaysHelp() : LineDisplaysOfAPerson("?\n??\nMeine.csv\n") {}
+};
+
+TEST_F(LineDisplaysHelp, AQuestionMarkNamesNoFile) {
     EXPECT_EQ(displays.ask_file_name("Prot.csv", "ordner"), "Meine.csv");
     const std::string where = "Die Datei kommt in den Ordner „ordner“; ohne Endung bekommt der Name .csv.\n";
     const std::string question = "Dateiname [Prot.csv]: ";
-    EXPECT_EQ(output.str(), question + where + question + where + question);
+    EXPECT_EQ(output.str(),
+              "Ordner: " + folder_text("ordner") + "\n" + question + where + question + where + question);
+}
+
+struct LineDisplaysReplacing : LineDisplaysOfAPerson {
+    LineDisplaysReplacing() : LineDisplaysOfAPerson("\nJA\nj\nn\n") {}
+};
+
+TEST_F(LineDisplaysReplacing, AFileIsReplacedOnlyWhenThePersonSaysSo) {
+    EXPECT_FALSE(displays.may_replace("o/Prot.csv")) << "No is the proposal";
+    EXPECT_EQ(output.str(), "Die Datei „o/Prot.csv“ gibt es schon. Ersetzen? Ja/Nein [Nein]: ");
+    EXPECT_TRUE(displays.may_replace("o/Prot.csv"));
+    EXPECT_TRUE(displays.may_replace("o/Prot.csv"));
+    EXPECT_FALSE(displays.may_replace("o/Prot.csv"));
+    EXPECT_FALSE(displays.may_replace("o/Prot.csv")) << "the end of the input";
+}
+
+TEST_F(LineDisplaysTest, APreparedAnswerNamesAFileThatMayBeReplaced) {
+    EXPECT_TRUE(displays.may_replace("Prot.csv"));
+    EXPECT_EQ(output.str(), "");
+}
+
+TEST(FolderText, IsTheWholePath) {
+    EXPECT_EQ(folder_text(""), folder_text("."));
+    EXPECT_EQ(folder_text("a/../b"), folder_text("b"));
+    EXPECT_NE(folder_text("b").find("b"), std::string::npos);
+    EXPECT_GT(folder_text("b").size(), folder_text("").size());
 }
 
 TEST_F(LineDisplaysTest, HaveNobodyToNameAnotherFileWhereAnswersArePrepared) {

@@ -86,6 +86,25 @@ TEST_F(WholeTerminalTest, KeepsWhatWasEnteredWhenAFileNameIsRefused) {
     EXPECT_EQ(output.str(), "");
 }
 
+TEST_F(WholeTerminalTest, AsksBeforeAFileIsReplacedWithNoAsTheDefault) {
+    screen->keys = {key(Kind::enter)};
+    EXPECT_FALSE(displays->may_replace("o/Prot.csv"));
+    EXPECT_NE(screen->seen.back()[1].find("Die Datei „o/Prot.csv“ gibt es schon."), std::string::npos);
+    screen->keys = {test::letter(U'j')};
+    EXPECT_TRUE(displays->may_replace("o/Prot.csv"));
+    screen->usable = false;
+    EXPECT_FALSE(displays->may_replace("o/Prot.csv")) << "what is typed on the line is no Yes";
+    EXPECT_NE(output.str().find("Ersetzen?"), std::string::npos);
+}
+
+TEST_F(WholeTerminalTest, ShowsTheFolderOfTheFile) {
+    screen->keys = {key(Kind::enter)};
+    displays->ask_file_name("Prot.csv", "ordner");
+    EXPECT_TRUE(std::ranges::any_of(screen->seen.back(), [](const std::string& line) {
+        return line.find("Ordner: /") != std::string::npos;
+    }));
+}
+
 TEST_F(WholeTerminalTest, AsksOnLinesWhatTheTerminalCannotShow) {
     screen->usable = false;
     EXPECT_EQ(displays->ask_file_name("Prot.csv", "ordner"), "Von Hand.csv");
