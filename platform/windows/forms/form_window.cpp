@@ -99,8 +99,9 @@ INT_PTR FormWindow::answer(UINT message, WPARAM word, LPARAM number) {
 void FormWindow::command(WORD id, WORD notification) {
     if (id == IDCANCEL && notification == BN_CLICKED) return handle([this] { press(form_.cancel); });
     if (id == IDOK && notification == BN_CLICKED) return handle([this] { press(form_.ok); });
-    const auto number = static_cast<std::size_t>(id - first_control_id + notices_of(form_));
-    if (id < first_control_id || number >= view_->controls().size()) return post_settle();
+    if (id < first_control_id) return post_settle();
+    const std::size_t number = static_cast<std::size_t>(id - first_control_id) + notices_of(form_);
+    if (number >= view_->controls().size()) return post_settle();
     const FormControl control = view_->controls()[number];
     const bool list =
         control.part == ControlPart::field && form_.fields[control.index].kind == FieldKind::list;
