@@ -6,6 +6,7 @@
 
 #include "apps/protcsv/console/interruption.h"
 #include "apps/protcsv/displays/progress_bar.h"
+#include "apps/protcsv/options/usage_error.h"
 #include "apps/protcsv/sample/sample_database.h"
 #include "platform/automation/error.h"
 #include "platform/portable/files/folder_access.h"
@@ -85,6 +86,23 @@ int print(const Console& console, std::string_view text) {
 
 void complain(const Console& console, std::string_view text) {
     console.err << "protcsv: " << text << std::endl;
+}
+
+int tell_failure(const Console& console) {
+    try {
+        throw;
+    } catch (const UsageError& error) {
+        complain(console, error.what());
+        return exit_usage;
+    } catch (const AutomationError& error) {
+        complain(console, error.description());
+    } catch (const std::bad_alloc&) {
+        complain(console, out_of_memory_text);  // takes none
+    } catch (const std::exception& error) {
+        complain(console, "Unerwarteter Fehler:");
+        complain(console, error.what());
+    }
+    return exit_error;
 }
 
 int print_sections(const Console& console, SectionTable sections) {

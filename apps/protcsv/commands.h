@@ -27,6 +27,9 @@ int print(const Console& console, std::string_view text);
 /// Writes one line of the program's own to standard error.
 void complain(const Console& console, std::string_view text);
 
+/// In a catch block only: tells what was caught. The exit status.
+int tell_failure(const Console& console);
+
 int print_sections(const Console& console, SectionTable sections);
 
 /// Writes the sample database beside its place and moves it there; an existing file is replaced only when

@@ -1,6 +1,5 @@
 #include "apps/protcsv/program.h"
 
-#include <new>
 #include <ostream>
 #include <vector>
 
@@ -50,19 +49,8 @@ int run_program(std::span<const std::string> arguments, const Console& console, 
     try {
         const OptionContext context{sections, to_date(SystemClock().now())};
         return dispatch(parse_options(arguments, context), console, sections);
-    } catch (const UsageError& error) {
-        complain(console, error.what());
-        return exit_usage;
-    } catch (const AutomationError& error) {
-        complain(console, error.description());
-        return exit_error;
-    } catch (const std::bad_alloc&) {
-        complain(console, out_of_memory_text);  // takes none
-        return exit_error;
-    } catch (const std::exception& error) {
-        complain(console, "Unerwarteter Fehler:");
-        complain(console, error.what());
-        return exit_error;
+    } catch (...) {
+        return tell_failure(console);
     }
 }
 

@@ -125,9 +125,7 @@ public:
 
     /// Whether the parameter text, where it asks for an unattended run, chooses anything in the section.
     bool fits() {
-        if (!pbCommandVorhanden(options_.parameters, "autostart") &&
-            options_.parameters.find("/autostart") == std::string::npos)
-            return true;
+        if (options_.parameters.empty()) return true;
         const std::unique_ptr<HostDatabase> database = open_database(false);
         const UnderstoodText text = understand(options_.parameters, sections_, options_.request.section,
                                                !exports(), *database, environment_);

@@ -5,7 +5,6 @@
 
 #include "apps/protcsv/commands.h"
 #include "apps/protcsv/options/usage_error.h"
-#include "platform/automation/error.h"
 #include "platform/automation/text_parts.h"
 
 namespace prot {
@@ -44,12 +43,8 @@ std::ptrdiff_t weight_of(int status) {
 int status_of(const Options& options, const Console& console, SectionTable sections) {
     try {
         return run_log(options, console, sections);
-    } catch (const UsageError& error) {
-        complain(console, error.what());
-        return exit_usage;
-    } catch (const AutomationError& error) {
-        complain(console, error.description());
-        return exit_error;
+    } catch (...) {
+        return tell_failure(console);
     }
 }
 

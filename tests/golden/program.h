@@ -20,4 +20,9 @@ inline std::string with_own_paths(std::string text, const std::string& folder) {
     return text;
 }
 
+/// Runs a bash script in a folder of its own, which goes afterwards. Empty when all went well, else what it
+/// wrote to standard output and standard error. PROGRAM and SOURCE stand for the program's command and the
+/// root of the sources.
+std::string problems_of_script(std::string script);
+
 }  // namespace prot::test

@@ -1,11 +1,4 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <string>
 
 #include "tests/golden/program.h"
 
@@ -13,35 +6,16 @@
 /// that of an export of the same selection before.
 namespace {
 
-namespace fs = std::filesystem;
-
-std::string bytes_of(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 class Receipt : public testing::TestWithParam<std::string> {};
 
 TEST_P(Receipt, AgreesWithTheArchiveAndWithWhatIsGone) {
-    const fs::path work = fs::temp_directory_path() / ("receipt-" + std::to_string(getpid()));
-    fs::create_directories(work);
-    const std::string program = prot::test::program_command();
-    const std::string source = PROT_SOURCE_DIR;
-    std::ofstream(work / "script")
-        << "set -e; umask 000; cd '" << work.string() << "'; " << program << " sample log.db >/dev/null; "
-        << "cp log.db before.db; " << program << " export --db log.db " << GetParam()
-        << " --quiet --output before.csv >/dev/null; " << program << " delete --db log.db " << GetParam()
-        << " --yes --quiet --archive archive >folder; python3 '" << source
-        << "/tests/golden/check_receipt.py' \"$(cat folder)\" before.db log.db >problems; "
-        << "cmp before.csv archive/*/*.csv >>problems";
     EXPECT_EQ(
-        std::system(
-            ("bash '" + (work / "script").string() + "' 2>'" + (work / "errors").string() + "'").c_str()),
-        0)
-        << bytes_of(work / "problems") << bytes_of(work / "errors");
-    fs::remove_all(work);
+        prot::test::problems_of_script(
+            "umask 000; PROGRAM sample log.db >/dev/null; cp log.db before.db; PROGRAM export --db log.db " +
+            GetParam() + " --quiet --output before.csv >/dev/null; PROGRAM delete --db log.db " + GetParam() +
+            " --yes --quiet --archive archive >folder; python3 'SOURCE/tests/golden/check_receipt.py'"
+            " \"$(cat folder)\" before.db log.db; cmp before.csv archive/*/*.csv"),
+        "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Sections, Receipt,

@@ -1,45 +1,19 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <string>
 
 #include "tests/golden/program.h"
 
 /// The report of a run, read by a program that is not ours: check_report.py.
 namespace {
 
-namespace fs = std::filesystem;
-
-std::string text_of(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
-
 class Report : public testing::TestWithParam<std::string> {};
 
 TEST_P(Report, AgreesWithFileStatementsAndDatabase) {
-    const fs::path work = fs::temp_directory_path() / ("report-" + std::to_string(getpid()));
-    fs::create_directories(work);
-    const std::string program = prot::test::program_command();
-    const std::string source = PROT_SOURCE_DIR;
-    std::ofstream(work / "script")
-        << "set -e; cd '" << work.string() << "'; " << program << " sample log.db >/dev/null; " << program
-        << " export --db log.db " << GetParam()
-        << " --quiet --report report.json --sql-log sql.json --output file.csv >/dev/null; "
-        << "python3 '" << source << "/tests/golden/check_report.py' report.json sql.json log.db '" << source
-        << "/docs/handbuch.md' >problems";
-    EXPECT_EQ(
-        std::system(
-            ("bash '" + (work / "script").string() + "' 2>'" + (work / "errors").string() + "'").c_str()),
-        0)
-        << text_of(work / "problems") << text_of(work / "errors");
-    fs::remove_all(work);
+    EXPECT_EQ(prot::test::problems_of_script(
+                  "PROGRAM sample log.db >/dev/null; PROGRAM export --db log.db " + GetParam() +
+                  " --quiet --report report.json --sql-log sql.json --output file.csv >/dev/null;"
+                  " python3 'SOURCE/tests/golden/check_report.py' report.json sql.json log.db "
+                  "'SOURCE/docs/handbuch.md'"),
+              "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Sections, Report,

@@ -19,9 +19,18 @@ public:
 
     BoxAnswer show(std::string_view text, BoxStyle style, std::string_view title) override;
 
-    /// While it is silent nothing is shown, and every question answered no: an export into an archive has
-    /// nobody to talk to.
-    void set_silent(bool silent) { silent_ = silent; }
+    /// While it lives nothing is shown, and every question answered no: an export into an archive has nobody
+    /// to talk to.
+    class Silence {
+    public:
+        explicit Silence(DeletionBoxes& boxes) : boxes_(boxes) { boxes_.silent_ = true; }
+        ~Silence() { boxes_.silent_ = false; }
+        Silence(const Silence&) = delete;
+        Silence& operator=(const Silence&) = delete;
+
+    private:
+        DeletionBoxes& boxes_;
+    };
 
 private:
     MessageBoxes& boxes_;

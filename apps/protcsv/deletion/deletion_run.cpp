@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "apps/protcsv/options/request_words.h"
+#include "apps/protcsv/report/closing_text.h"
 #include "apps/protcsv/report/report_text.h"
 #include "core/ProtQRBCsvBas.h"
 #include "platform/automation/text_parts.h"
@@ -98,10 +99,9 @@ std::filesystem::path DeletionRun::archive_place() const {
 
 void DeletionRun::export_into(const std::filesystem::path& folder,
                               const std::function<void()>& export_selection) {
-    boxes_.set_silent(true);
+    const DeletionBoxes::Silence silence(boxes_);
     host_.write_into(folder);
     export_selection();
-    boxes_.set_silent(false);
     if (account_.notices.failed_lookups() == 0) return;
     throw AutomationError(ErrorNumber::internal,
                           "Es wurde nichts gelöscht: Die CSV-Datei des Archivs wäre unvollständig. " +
@@ -116,8 +116,8 @@ std::string DeletionRun::end_text(bool quiet) const {
         return text + "Ob die Protokollsätze gelöscht sind, ist nicht bekannt; das Archiv bleibt: „" +
                account.folder + "“.\n";
     if (account.state == "memos_deleted")
-        return text + "Gelöscht sind schon " + std::to_string(account.memos) +
-               " Memotexte der ausgewählten Protokollsätze, die Sätze selbst nicht.\n";
+        return text + "Gelöscht sind schon die Memotexte der ausgewählten Protokollsätze (" +
+               grouped(account.memos) + "), die Sätze selbst nicht.\n";
     if (account.state != "deleted") return text;
     const std::string amount = amount_text(account.records, account.memos);
     if (account.folder.empty() && options_.yes)

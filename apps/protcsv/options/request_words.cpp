@@ -13,10 +13,6 @@ struct EventWord {
 };
 constexpr EventWord event_words[] = {{1, "angelegt"}, {2, "geändert"}, {4, "gelöscht"}};
 
-std::string counted(std::int64_t count, std::string_view one, std::string_view many) {
-    return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
-}
-
 }  // namespace
 
 std::string period_text(const LogRequest& request) {
@@ -41,11 +37,6 @@ std::string form_notice(const LogRequest& request, bool deletes) {
                                 "   Mitarbeiter: " + user_text(request) +
                                 "   Ereignisse: " + events_text(request);
     return deletes ? "Die Protokollsätze, die hier gewählt werden, werden gelöscht.\n" + besides : besides;
-}
-
-std::string amount_text(std::int64_t records, std::int64_t memos) {
-    return counted(records, "Protokollsatz", "Protokollsätze") + " und " +
-           counted(memos, "Memotext", "Memotexte");
 }
 
 }  // namespace prot

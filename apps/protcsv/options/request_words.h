@@ -15,7 +15,4 @@ std::string events_text(const LogRequest& request);  ///< "angelegt, gelöscht",
 /// What stands above the fields of a filter form: what is chosen besides, and that a deletion deletes.
 std::string form_notice(const LogRequest& request, bool deletes);
 
-/// "3 Protokollsätze und 1 Memotext".
-std::string amount_text(std::int64_t records, std::int64_t memos);
-
 }  // namespace prot

@@ -61,6 +61,11 @@ std::string closing_line(const NoticesReport& notices, std::chrono::milliseconds
            seconds_text(duration) + '\n';
 }
 
+std::string amount_text(std::int64_t records, std::int64_t memos) {
+    return counted(records, "Protokollsatz", "Protokollsätze") + " und " +
+           counted(memos, "Memotext", "Memotexte");
+}
+
 std::string replaced_text(const ReplacedCharacters& replaced, const std::string& file) {
     if (replaced.count == 0) return {};
     std::string text = replaced.count == 1

@@ -17,6 +17,9 @@ std::string grouped(std::int64_t number);
 /// took.
 std::string closing_line(const NoticesReport& notices, std::chrono::milliseconds duration);
 
+/// "3 Protokollsätze und 1 Memotext".
+std::string amount_text(std::int64_t records, std::int64_t memos);
+
 /// How many characters of the file the encoding could not hold, and where the first of them stand.
 std::string replaced_text(const ReplacedCharacters& replaced, const std::string& file);
 

@@ -43,10 +43,5 @@ TEST(RequestWords, SayAboveAFormWhatElseIsChosenAndThatItDeletes) {
               "Zeitraum: bis 31.12.2015   Mitarbeiter: alle   Ereignisse: alle");
 }
 
-TEST(RequestWords, CountInSingularAndPlural) {
-    EXPECT_EQ(amount_text(1, 1), "1 Protokollsatz und 1 Memotext");
-    EXPECT_EQ(amount_text(0, 2), "0 Protokollsätze und 2 Memotexte");
-}
-
 }  // namespace
 }  // namespace prot

@@ -79,5 +79,11 @@ TEST(ClosingText, WarnsOfAFileThatNoSpreadsheetTakesWhole) {
               "den Export auf\n");
 }
 
+TEST(ClosingText, CountsWhatADeletionIsAbout) {
+    EXPECT_EQ(amount_text(1, 1), "1 Protokollsatz und 1 Memotext");
+    EXPECT_EQ(amount_text(0, 2), "0 Protokollsätze und 2 Memotexte");
+    EXPECT_EQ(amount_text(1234567, 0), grouped(1234567) + " Protokollsätze und 0 Memotexte");
+}
+
 }  // namespace
 }  // namespace prot
