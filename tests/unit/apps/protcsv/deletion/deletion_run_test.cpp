@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
+#include <sqlite3.h>
 #include <nlohmann/json.hpp>
 
 #include "sections/section_table.h"
@@ -131,6 +134,53 @@ TEST_F(DeletionRun, ReportsWhatDidNotGo) {
     EXPECT_EQ(remove({"--dry-run", "--report", path("b.json")}), 0);
     EXPECT_EQ(nlohmann::json::parse(read("b.json"))["outcome"], "trial");
     EXPECT_EQ(nlohmann::json::parse(read("b.json"))["deletion"]["records"], 112);
+}
+
+/// A log whose records cannot be deleted, though their memo texts can.
+class DeletionRunThatStops : public DeletionRun {
+protected:
+    DeletionRunThatStops() {
+        sqlite3* handle = nullptr;
+        sqlite3_open(database().c_str(), &handle);
+        EXPECT_EQ(sqlite3_exec(handle,
+                               "CREATE TRIGGER stop BEFORE DELETE ON tProtokoll BEGIN"
+                               " SELECT RAISE(ABORT, 'gesperrt'); END",
+                               nullptr, nullptr, nullptr),
+                  SQLITE_OK);
+        sqlite3_close(handle);
+    }
+};
+
+TEST_F(DeletionRunThatStops, SaysThatTheMemoTextsAreGoneAndTheRecordsNot) {
+    EXPECT_EQ(remove({"--yes", "--report", path("r.json")}), 1);
+    EXPECT_THAT(errors,
+                HasSubstr("Gelöscht sind schon die Memotexte der ausgewählten Protokollsätze (2), die "
+                          "Sätze selbst nicht.\n"));
+    EXPECT_EQ(nlohmann::json::parse(read("r.json"))["deletion"]["state"], "memos_deleted");
+}
+
+TEST_F(DeletionRunThatStops, UndoesAllAndKeepsNoArchive) {
+    const std::string before = database_bytes();
+    EXPECT_EQ(remove({"--yes", "--archive", path("archiv"), "--report", path("r.json")}), 1);
+    EXPECT_THAT(errors, HasSubstr("gesperrt"));
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(database_bytes(), before);
+    EXPECT_TRUE(std::filesystem::is_empty(text_path(path("archiv"))));
+    EXPECT_EQ(nlohmann::json::parse(read("r.json"))["deletion"]["state"], "nothing");
+}
+
+TEST_F(DeletionRun, ArchivesWhatAPersonChoseWithoutAskingTwice) {
+    input = "USD\nUSD\n";
+    std::istringstream in(input);
+    std::ostringstream out, err;
+    const int status =
+        run_program(std::vector<std::string>{"delete", "--db", database(), "--section", "15", "--answers",
+                                             "-", "--yes", "--archive", path("archiv")},
+                    {in, out, err}, section_table());
+    EXPECT_EQ(status, 0) << err.str();
+    output = out.str();
+    EXPECT_EQ(receipt(archive())["understood"], "Von ISO Währungscode: USD bis ISO Währungscode: USD");
+    EXPECT_GT(receipt(archive())["deletion"]["records"], 0);
 }
 
 }  // namespace
