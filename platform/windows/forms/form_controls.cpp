@@ -61,7 +61,7 @@ int id_of(const Form& form, ControlPart part, std::size_t number) {
     if (part == ControlPart::notice) return notice_id;
     if (part == ControlPart::ok) return IDOK;
     if (part == ControlPart::cancel) return IDCANCEL;
-    return first_control_id + static_cast<int>(number) - notices_of(form);
+    return first_control_id + static_cast<int>(number - notices_of(form));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,7 +23,7 @@ inline constexpr int first_control_id = 100;
 inline constexpr int notice_id = 99;  ///< so that all others keep theirs
 
 /// How many controls stand before the first that is counted.
-inline int notices_of(const Form& form) { return form.notice.empty() ? 0 : 1; }
+inline std::size_t notices_of(const Form& form) { return form.notice.empty() ? 0 : 1; }
 
 /// `number`: place of the control in the form's order.
 ControlDescription describe_control(const Form& form, const FormControl& control, std::size_t number);
