@@ -1,5 +1,8 @@
 #include "platform/automation/date_text.h"
 
+#include <cmath>
+#include <cstdint>
+
 #include "platform/automation/ascii.h"
 #include "platform/automation/error.h"
 #include "platform/automation/text_parts.h"
@@ -149,6 +152,17 @@ std::string iso_text(const CivilTime& civil) {
     append_three(text, {civil.year, 4}, {civil.month, 2}, {civil.day, 2}, '-');
     text += ' ';
     append_time(text, civil);
+    return text;
+}
+
+std::string iso_text(Date date) {
+    constexpr std::int64_t second = 1000;
+    const double day = std::trunc(date.serial);
+    const std::int64_t time = std::llround(std::fabs(date.serial - day) * seconds_per_day * second);
+    if (time % second == 0) return iso_text(to_civil(date));
+    const double whole = static_cast<double>(time / second) / seconds_per_day;
+    std::string text = iso_text(to_civil(Date{day < 0 ? day - whole : day + whole})) + '.';
+    append_number(text, {static_cast<int>(time % second), 3});
     return text;
 }
 

@@ -23,6 +23,9 @@ Date to_date(std::string_view text);
 /// yyyy-mm-dd hh:mm:ss
 std::string iso_text(const CivilTime& civil);
 
+/// yyyy-mm-dd hh:mm:ss, and .mmm behind it where `date`, rounded to a millisecond, has a part of a second.
+std::string iso_text(Date date);
+
 /// The date that `text` writes in the form yyyy-mm-dd, yyyy-mm-dd hh:mm:ss or yyyy-mm-dd hh:mm:ss.fraction
 /// (also with T between date and time); nothing for any other text. The fraction counts, as it does in the
 /// server's dates.

@@ -80,6 +80,15 @@ std::string to_text(const Value& value) {
     return std::visit(Text{}, value);
 }
 
+double widened(float number) {
+    if (!std::isfinite(number)) return number;
+    char digits[32];
+    const auto end = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 7).ptr;
+    double result = 0.0;
+    std::from_chars(digits, end, result);
+    return result;
+}
+
 double val(std::string_view text) {
     const std::string number = leading_number(text);
     std::string_view rest(number);

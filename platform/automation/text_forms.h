@@ -16,6 +16,9 @@ std::string to_text(const Value& value);
 std::string to_text(double number);
 std::string to_text(std::int64_t number);
 
+/// CDbl of a Single: the number that its seven digits say.
+double widened(float number);
+
 /// Val: the number at the start of `text`, with a decimal point and an optional exponent (E or D), blanks,
 /// tabs and line feeds ignored wherever they stand; 0 when there is none. Never fails; too large a number is
 /// infinite.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/automation/utf16.h"
 #include "platform/automation/utf8.h"
 #include "platform/windows/text/wide_text.h"
 

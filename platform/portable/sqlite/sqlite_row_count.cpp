@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/automation/text_parts.h"
+#include "platform/portable/tsql/tsql_order.h"
 
 namespace prot {
 
@@ -32,16 +33,6 @@ private:
     sqlite3* handle_;
     Steady::time_point end_ = Steady::now() + longest_counting;
 };
-
-/// The query without its order, which would keep SQLite from counting in an index.
-std::string_view without_order(std::string_view query) {
-    const std::size_t order = query.rfind(" ORDER BY ");
-    if (order == std::string_view::npos) return query;
-    const std::string_view behind = query.substr(order);
-    for (const std::string_view other : {")", "LIMIT"})
-        if (behind.find(other) != std::string_view::npos) return query;
-    return query.substr(0, order);
-}
 
 std::optional<std::int64_t> number(SqliteConnection& connection, const std::string& text,
                                    const std::vector<TsqlParameter>& parameters) {

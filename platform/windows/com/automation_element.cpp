@@ -1,8 +1,5 @@
 #include "platform/windows/com/automation_element.h"
 
-#include <charconv>
-#include <cmath>
-
 #include "platform/automation/error.h"
 
 namespace prot {
@@ -75,15 +72,6 @@ void fail_on_type(VARTYPE type, std::string_view what, std::string_view expected
                                                           .append(", erwartet ist ")
                                                           .append(expected)
                                                           .append("."));
-}
-
-double widened(float number) {
-    if (!std::isfinite(number)) return number;
-    char digits[32];
-    const auto end = std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 7).ptr;
-    double result = 0.0;
-    std::from_chars(digits, end, result);
-    return result;
 }
 
 }  // namespace prot

@@ -11,6 +11,7 @@
 #include <variant>
 
 #include "platform/automation/date.h"
+#include "platform/automation/text_forms.h"
 #include "platform/windows/com/automation_decimal.h"
 
 /// Values where they lie, in a VARIANT or in an array, and what they are called in errors.
@@ -36,9 +37,6 @@ inline bool is_null(const Element& element) { return element.type == VT_EMPTY ||
 
 /// Raises automation error 13: "`what` vom Typ Objekt, erwartet ist `expected`."
 [[noreturn]] void fail_on_type(VARTYPE type, std::string_view what, std::string_view expected);
-
-/// Single keeps the seven digits that its text has.
-double widened(float number);
 
 namespace element {
 

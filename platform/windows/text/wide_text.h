@@ -6,9 +6,6 @@
 /// Text is UTF-8 inside and UTF-16 at the border of the system; it is converted here only.
 namespace prot {
 
-/// Whether the unit is the first half of a character that takes two.
-constexpr bool is_high_surrogate(wchar_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-
 /// UTF-16 of `utf8`. What is not valid UTF-8 becomes U+FFFD.
 std::wstring to_wide(std::string_view utf8);
 
