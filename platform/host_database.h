@@ -25,6 +25,9 @@ class UnknownOutcome : public AutomationError {
 /// in one transaction.
 class HostDatabase : public Database {
 public:
+    /// The name by which people know the server; of an SQLite file its name without folder.
+    virtual std::string server_name() = 0;
+
     virtual StoredRows query_stored(std::string_view sql) = 0;
 
     /// Rows that the last DELETE deleted.

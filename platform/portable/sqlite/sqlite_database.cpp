@@ -19,7 +19,7 @@ namespace {
 class SqliteDatabase : public HostDatabase {
 public:
     SqliteDatabase(const std::string& path, SqliteAccess access, SqliteReading reading)
-        : connection_(path, access), reading_(reading) {}
+        : path_(path), connection_(path, access), reading_(reading) {}
 
     Value query_value(std::string_view sql) override {
         const SqliteTurns::OfRun turn(turns_);
@@ -89,6 +89,8 @@ public:
         connection_.require();
     }
 
+    std::string server_name() override { return path_text(text_path(path_).filename()); }
+
     StoredRows query_stored(std::string_view sql) override {
         const SqliteTurns::OfRun turn(turns_);
         connection_.require();
@@ -156,6 +158,7 @@ private:
         return {connection_, prepared, statement.parameters, statement.source};
     }
 
+    const std::string path_;
     SqliteConnection connection_;
     SqliteTurns turns_;
     TsqlTranslations translations_;
@@ -165,33 +168,11 @@ private:
     const SqliteReading reading_;
 };
 
-class SqliteConnectionInformation : public ConnectionInformation {
-public:
-    explicit SqliteConnectionInformation(const std::string& path) : path_(path) {}
-
-    std::array<std::string, 10> fields(int code) override {
-        std::array<std::string, 10> result;
-        if (code == server_name) result.back() = file_name();
-        return result;
-    }
-
-private:
-    static constexpr int server_name = 1206;
-
-    std::string file_name() const { return path_text(text_path(path_).filename()); }
-
-    std::string path_;
-};
-
 }  // namespace
 
 std::unique_ptr<HostDatabase> open_sqlite_database(const std::string& path, SqliteAccess access,
                                                    SqliteReading reading) {
     return std::make_unique<SqliteDatabase>(path, access, reading);
-}
-
-std::unique_ptr<ConnectionInformation> sqlite_connection_information(const std::string& path) {
-    return std::make_unique<SqliteConnectionInformation>(path);
 }
 
 }  // namespace prot

@@ -3,7 +3,6 @@
 #include <memory>
 #include <string>
 
-#include "platform/connection_information.h"
 #include "platform/host_database.h"
 
 namespace prot {
@@ -21,9 +20,5 @@ enum class SqliteReading { on_demand, ahead };
 /// SQLite's extended result code.
 std::unique_ptr<HostDatabase> open_sqlite_database(const std::string& path, SqliteAccess access,
                                                    SqliteReading reading = SqliteReading::on_demand);
-
-/// The connection information of a SQLite file: ten texts, of which, for code 1206, the tenth is the file
-/// name without its folder and the others are empty.
-std::unique_ptr<ConnectionInformation> sqlite_connection_information(const std::string& path);
 
 }  // namespace prot

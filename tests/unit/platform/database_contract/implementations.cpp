@@ -4,8 +4,9 @@ namespace prot {
 
 namespace {
 constexpr DatabaseImplementation implementations[] = {
-    {"Sqlite", start_sqlite, true},
-    {"SqliteReadingAhead", start_sqlite_that_reads_ahead, true},
+    {"Sqlite", start_sqlite, true, true},
+    {"SqliteReadingAhead", start_sqlite_that_reads_ahead, true, true},
+    {"SqliteThroughOdbc", start_sqlite_through_odbc, true, false},
 };
 }  // namespace
 

@@ -43,7 +43,9 @@ struct DatabaseImplementation {
     /// `folder` is empty and the test's own. Null when this machine has no such server: the tests are
     /// skipped.
     std::unique_ptr<ContractServer> (*start)(const std::filesystem::path& folder);
-    bool lookups_see_one_state;  ///< whether the server can give that, see Database::begin_lookups
+    bool lookups_see_one_state;         ///< whether the server can give that, see Database::begin_lookups
+    bool temporary_columns_keep_types;  ///< whether dates stay dates in a temporary table, and texts compare
+                                        ///< as before
 };
 
 inline void PrintTo(const DatabaseImplementation& implementation, std::ostream* out) {
@@ -55,5 +57,6 @@ std::span<const DatabaseImplementation> database_implementations();
 // The implementations' servers, each in a file of its own.
 std::unique_ptr<ContractServer> start_sqlite(const std::filesystem::path& folder);
 std::unique_ptr<ContractServer> start_sqlite_that_reads_ahead(const std::filesystem::path& folder);
+std::unique_ptr<ContractServer> start_sqlite_through_odbc(const std::filesystem::path& folder);
 
 }  // namespace prot

@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "platform/portable/files/paths.h"
+#include "platform/portable/odbc/odbc_database.h"
 #include "platform/portable/sqlite/sqlite_database.h"
 #include "tests/unit/platform/database_contract/implementations.h"
 
@@ -41,8 +42,10 @@ struct Literal {
 /// A database file in the test's folder.
 class SqliteServer : public ContractServer {
 public:
-    SqliteServer(const std::filesystem::path& folder, SqliteReading reading)
-        : path_(path_text(folder / "contract.db")), reading_(reading) {
+    using Connect = std::unique_ptr<Database> (*)(const std::string& path);
+
+    SqliteServer(const std::filesystem::path& folder, Connect how)
+        : path_(path_text(folder / "contract.db")), connect_(how) {
         EXPECT_EQ(sqlite3_open(path_.c_str(), &handle_), SQLITE_OK);
         run("PRAGMA synchronous=OFF");
     }
@@ -50,9 +53,7 @@ public:
     SqliteServer(const SqliteServer&) = delete;
     SqliteServer& operator=(const SqliteServer&) = delete;
 
-    std::unique_ptr<Database> connect() override {
-        return open_sqlite_database(path_, SqliteAccess::read_write, reading_);
-    }
+    std::unique_ptr<Database> connect() override { return connect_(path_); }
 
     bool run(const std::string& statement) override {
         return sqlite3_exec(handle_, statement.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
@@ -86,18 +87,32 @@ public:
 
 private:
     const std::string path_;
-    const SqliteReading reading_;
+    const Connect connect_;
     sqlite3* handle_ = nullptr;
 };
 
 }  // namespace
 
 std::unique_ptr<ContractServer> start_sqlite(const std::filesystem::path& folder) {
-    return std::make_unique<SqliteServer>(folder, SqliteReading::on_demand);
+    return std::make_unique<SqliteServer>(folder, [](const std::string& path) -> std::unique_ptr<Database> {
+        return open_sqlite_database(path, SqliteAccess::read_write, SqliteReading::on_demand);
+    });
 }
 
 std::unique_ptr<ContractServer> start_sqlite_that_reads_ahead(const std::filesystem::path& folder) {
-    return std::make_unique<SqliteServer>(folder, SqliteReading::ahead);
+    return std::make_unique<SqliteServer>(folder, [](const std::string& path) -> std::unique_ptr<Database> {
+        return open_sqlite_database(path, SqliteAccess::read_write, SqliteReading::ahead);
+    });
+}
+
+std::unique_ptr<ContractServer> start_sqlite_through_odbc(const std::filesystem::path& folder) {
+    return std::make_unique<SqliteServer>(folder, [](const std::string& path) -> std::unique_ptr<Database> {
+        OdbcSource source;
+        source.connection.add("Driver", "SQLite3");
+        source.connection.add("Database", path);
+        source.access = OdbcAccess::read_write;
+        return open_odbc_database(std::move(source));
+    });
 }
 
 }  // namespace prot

@@ -122,6 +122,12 @@ TEST_P(DatabaseContractStatements, FindTheirTemporaryTableAsLongAsTheConnectionL
         << "a copy, whatever happens to the table";
     EXPECT_THAT(rows("SELECT T.id FROM T INNER JOIN #auswahl ON #auswahl.id = T.id"), ElementsAre("2"));
     database().execute("DELETE #auswahl WHERE id = 1");
+    EXPECT_THAT(rows("SELECT id FROM #auswahl"), ElementsAre("2"));
+}
+
+TEST_P(DatabaseContractStatements, KeepTheTypesOfColumnsInATemporaryTable) {
+    if (!GetParam().temporary_columns_keep_types) GTEST_SKIP() << "the driver does not tell them";
+    database().execute("SELECT id, name, made INTO #auswahl FROM T WHERE id = 2");
     EXPECT_THAT(rows("SELECT id FROM #auswahl WHERE name = 'ZWEI'"), ElementsAre("2"))
         << "texts compare as they did";
     EXPECT_EQ(database().query_array("SELECT made FROM #auswahl").at(0, 0).type(), Cell::Type::date);

@@ -174,12 +174,8 @@ TEST_F(SqliteDatabaseTest, AnswersEverythingWithTheErrorOfAFailedConnection) {
     }
 }
 
-TEST(SqliteConnectionInformation, NamesTheFileAsServer) {
-    const auto information = sqlite_connection_information("some/folder/Prüfung.db");
-    std::array<std::string, 10> expected;
-    expected[9] = "Prüfung.db";
-    EXPECT_EQ(information->fields(1206), expected);
-    EXPECT_THAT(information->fields(1207)[9], IsEmpty());
+TEST_F(SqliteDatabaseTest, IsItsOwnServerByTheNameOfItsFile) {
+    EXPECT_EQ(open()->server_name(), path_text(text_path(path()).filename()));
 }
 
 TEST_F(SqliteDatabaseTest, LookupsSeeOneStateAndHoldWritersOff) {
