@@ -6,7 +6,6 @@
 #include "apps/protcsv/options/output_name.h"
 #include "platform/portable/files/paths.h"
 #include "platform/portable/files/same_place.h"
-#include "platform/portable/sqlite/sqlite_database.h"
 #include "platform/portable/xml/document_reader.h"
 
 namespace prot {
@@ -33,12 +32,9 @@ private:
 }  // namespace
 
 Host::Host(const Options& options, Displays& displays, RunAccount& account)
-    : csv_(options.csv),
-      displays_(displays),
-      forms_(displays.forms()),
-      account_(account),
-      connection_information_(sqlite_connection_information(options.database)) {
-    csv_.never_replaced = {text_path(options.database)};
+    : csv_(options.csv), displays_(displays), forms_(displays.forms()), account_(account) {
+    const std::string database = options.database.own_file();
+    if (!database.empty()) csv_.never_replaced = {text_path(database)};
     if (!options.statement_log.empty()) csv_.never_replaced.push_back(text_path(options.statement_log));
     if (options.answers) csv_.never_replaced.push_back(text_path(*options.answers));
     if (!options.report.empty()) csv_.never_replaced.push_back(text_path(options.report));
@@ -47,7 +43,7 @@ Host::Host(const Options& options, Displays& displays, RunAccount& account)
 Environment Host::environment() { return environment(displays_.message_boxes()); }
 
 Environment Host::environment(MessageBoxes& boxes) {
-    return {*this, boxes, forms_, pointer_, *connection_information_, clock_, account_.notices};
+    return {*this, boxes, forms_, pointer_, server_, clock_, account_.notices};
 }
 
 void Host::set_output(const std::string& name, Existing existing) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -21,6 +22,9 @@ public:
 
     /// Above the fields of every filter form.
     void set_form_notice(std::string notice) { forms_.set_notice(std::move(notice)); }
+
+    /// The name of the server for the connection-information service.
+    void set_server(std::string name) { server_.name = std::move(name); }
 
     Environment environment();
     /// With boxes that stand before those of the displays.
@@ -53,6 +57,18 @@ private:
         void set(Pointer /*pointer*/) override {}
     };
 
+    /// Ten texts of which only that of code 1206 is known: the tenth, the server's name.
+    struct Server : ConnectionInformation {
+        std::string name;
+
+        std::array<std::string, 10> fields(int code) override {
+            constexpr int server_name = 1206;
+            std::array<std::string, 10> result;
+            if (code == server_name) result.back() = name;
+            return result;
+        }
+    };
+
     bool may_take(const std::filesystem::path& place);
 
     CsvFileOptions csv_;
@@ -63,7 +79,7 @@ private:
     RunAccount& account_;
     NoPointer pointer_;
     SystemClock clock_;
-    std::unique_ptr<ConnectionInformation> connection_information_;
+    Server server_;
 };
 
 }  // namespace prot

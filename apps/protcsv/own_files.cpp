@@ -40,7 +40,7 @@ void require_earlier(const std::string& option, const std::string& path, std::st
         throw UsageError(option + ": die Datei „" + path + "“ gibt es schon, und sie ist " + what);
 }
 
-OwnFile database_of(const Options& options) { return {options.database, "die Datenbank selbst"}; }
+OwnFile database_of(const Options& options) { return {options.database.own_file(), "die Datenbank selbst"}; }
 OwnFile answers_of(const Options& options) {
     return {place_or_none(options.answers.value_or("")), "die Datei der Antworten"};
 }

@@ -6,6 +6,7 @@
 #include "apps/protcsv/commands.h"
 #include "apps/protcsv/console/interruption.h"
 #include "apps/protcsv/console/process.h"
+#include "apps/protcsv/database/database_address.h"
 #include "apps/protcsv/options/options.h"
 #include "apps/protcsv/options/usage_error.h"
 #include "apps/protcsv/shell/completion.h"
@@ -47,7 +48,7 @@ int run_program(std::span<const std::string> arguments, const Console& console, 
         return exit_usage;
     }
     try {
-        const OptionContext context{sections, to_date(SystemClock().now())};
+        const OptionContext context{sections, to_date(SystemClock().now()), console.database};
         return dispatch(parse_options(arguments, context), console, sections);
     } catch (...) {
         return tell_failure(console);
@@ -56,7 +57,8 @@ int run_program(std::span<const std::string> arguments, const Console& console, 
 
 int run_program(int argument_count, char** arguments) {
     handle_interruptions();
-    const Console console = standard_console();
+    Console console = standard_console();
+    console.database = take_from_environment(std::string(database_variable));
     return run_program(process_arguments(argument_count, arguments), console, section_table());
 }
 

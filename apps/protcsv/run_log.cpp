@@ -10,6 +10,7 @@
 #include "apps/protcsv/checks/understood_text.h"
 #include "apps/protcsv/commands.h"
 #include "apps/protcsv/console/stream_files.h"
+#include "apps/protcsv/database/open_database.h"
 #include "apps/protcsv/deletion/deletion_run.h"
 #include "apps/protcsv/host.h"
 #include "apps/protcsv/options/output_name.h"
@@ -29,7 +30,6 @@
 #include "platform/portable/csv/csv_encoding.h"
 #include "platform/portable/files/atomic_file.h"
 #include "platform/portable/files/unfinished_files.h"
-#include "platform/portable/sqlite/sqlite_database.h"
 
 namespace prot {
 
@@ -195,10 +195,9 @@ private:
 
     /// refused: the run will not take place; then null when the database cannot be opened.
     std::unique_ptr<HostDatabase> open_database(bool refused) try {
-        const bool reads = exports() || options_.dry_run;
-        const auto access = reads ? SqliteAccess::read_only : SqliteAccess::read_write;
-        const auto reading = options_.threads > 1 ? SqliteReading::ahead : SqliteReading::on_demand;
-        return open_sqlite_database(options_.database, access, reading);
+        std::unique_ptr<HostDatabase> database = prot::open_database(options_);
+        host_.set_server(database->server_name());
+        return database;
     } catch (const AutomationError&) {
         if (!refused) throw;
         return nullptr;

@@ -28,6 +28,14 @@ std::vector<std::string> process_arguments(int argument_count, char** arguments)
     return {arguments + (argument_count > 0 ? 1 : 0), arguments + argument_count};
 }
 
+std::optional<std::string> take_from_environment(const std::string& name) {
+    const char* const value = std::getenv(name.c_str());
+    if (value == nullptr) return std::nullopt;
+    std::string text = value;
+    unsetenv(name.c_str());
+    return text;
+}
+
 Console standard_console() {
     const bool in_is_terminal = isatty(STDIN_FILENO) != 0;
     const bool err_is_terminal = isatty(STDERR_FILENO) != 0;

@@ -90,6 +90,15 @@ std::vector<std::string> process_arguments(int /*argument_count*/, char** /*argu
     return texts;
 }
 
+std::optional<std::string> take_from_environment(const std::string& name) {
+    const std::wstring wide = to_wide(name);
+    std::wstring value(GetEnvironmentVariableW(wide.c_str(), nullptr, 0), L'\0');
+    if (value.empty()) return std::nullopt;
+    value.resize(GetEnvironmentVariableW(wide.c_str(), value.data(), static_cast<DWORD>(value.size())));
+    SetEnvironmentVariableW(wide.c_str(), nullptr);
+    return to_utf8(value);
+}
+
 Console standard_console() {
     const bool in_is_console = set_up<ConsoleInput>(std::cin, stdin, STD_INPUT_HANDLE, read_from);
     set_up<ConsoleOutput>(std::cout, stdout, STD_OUTPUT_HANDLE, write_to);

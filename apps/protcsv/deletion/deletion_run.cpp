@@ -45,7 +45,7 @@ std::string DeletionRun::subject() const {
     const auto add = [&text](std::string_view name, std::string_view value) {
         text.append(line_break).append("  ").append(name).append(value);
     };
-    add("Datenbank:   ", options_.database);
+    add("Datenbank:   ", options_.database.shown());
     add("Bereich:     ", std::string(section().title) + " (" + std::to_string(section().number) + ")");
     if (!filter.empty()) add("Auswahl:     ", selection_text(filter));
     add("Zeitraum:    ", period_text(request));

@@ -33,9 +33,9 @@ const std::string& as_text(const std::string& value) {
     return value;
 }
 
-const std::string& as_database(const std::string& value) {
-    if (value.starts_with("odbc:")) throw UsageError("„odbc:“ wird von dieser Fassung nicht unterstützt");
-    return not_empty(value);
+int as_seconds(const std::string& value) {
+    constexpr std::uint64_t a_day = 86400;
+    return static_cast<int>(parse_number(value, 0, a_day));
 }
 
 const std::string& as_output(const std::string& value) {
@@ -103,8 +103,17 @@ constexpr CommandRow command_rows[] = {
 constexpr OptionRow option_rows[] = {
     {"DATEI", "DATEI", sampling, sampling, "Argumente", "Pfad der neuen Beispieldatenbank",
      [](Options& o, const std::string& value, const OptionContext&) { o.sample_file = not_empty(value); }},
-    {"--db", "ZIEL", any_log, any_log, "Datenbank", "Pfad der SQLite-Datei",
-     [](Options& o, const std::string& value, const OptionContext&) { o.database = as_database(value); }},
+    {"--db", "ZIEL", any_log, deleting, "Datenbank",
+     "Pfad der SQLite-Datei, odbc:VERBINDUNG oder @DATEI, in\nderen erster Zeile eins von beiden steht; ein Export\nnimmt sonst die Umgebungsvariable PROTCSV_DB",
+     [](Options& o, const std::string& value, const OptionContext&) { o.database = database_on_command_line(value); }},
+    {"--login-timeout", "SEKUNDEN", any_log, 0, "Datenbank", "so lange darf eine Anmeldung dauern (ODBC, Vorgabe: 15)",
+     [](Options& o, const std::string& value, const OptionContext&) { o.login_seconds = as_seconds(value); }},
+    {"--statement-timeout", "SEKUNDEN", any_log, 0, "Datenbank", "so lange eine Anweisung (ODBC, Vorgabe: 0, ohne Grenze)",
+     [](Options& o, const std::string& value, const OptionContext&) { o.statement_seconds = as_seconds(value); }},
+    {"--lock-timeout", "SEKUNDEN", any_log, 0, "Datenbank", "so lange wartet sie auf andere (SQL Server, Vorgabe: 30)",
+     [](Options& o, const std::string& value, const OptionContext&) { o.lock_seconds = as_seconds(value); }},
+    {"--trust-certificate", "", any_log, 0, "Datenbank", "prüft nicht, ob der SQL Server der ist, der er sein soll",
+     [](Options& o, const std::string&, const OptionContext&) { o.trust_certificate = true; }},
     {"--section", "BEREICHE", exporting, exporting, "Auswahl",
      "Bereich, Nummer oder Name (siehe protcsv sections);\nmehrere durch Komma getrennt, oder all",
      [](Options& o, const std::string& value, const OptionContext& context) {

@@ -210,6 +210,15 @@ void apply(const CommandParser& command, Options& options, const OptionContext& 
     }
 }
 
+/// An export may be told of its database by the environment; a deletion has to name it.
+void require_database(const CommandParser& command, Options& options, const OptionContext& context) {
+    const bool needs_one =
+        std::ranges::any_of(command.options, [](const auto& option) { return option.first->name == "--db"; });
+    if (!needs_one || !options.database.empty()) return;
+    if (!context.database || context.database->empty()) throw UsageError("--db fehlt");
+    options.database = database_of_environment(*context.database);
+}
+
 /// A period that ends before it begins holds nothing, which nobody asks for.
 void require_period(const LogRequest& request) {
     if (!request.to.is_null() && request.from.serial > request.to.serial)
@@ -267,6 +276,7 @@ Options read(std::vector<std::string> arguments, const OptionContext& context) {
     if (chosen == nullptr) throw UsageError("es fehlt ein Befehl; es gibt: " + names_of_commands());
     options.command = chosen->row->command;
     apply(*chosen, options, context);
+    require_database(*chosen, options, context);
     require_period(options.request);
     require_output(options);
     require_files_of_each(options);

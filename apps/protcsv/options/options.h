@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/protcsv/database/database_address.h"
 #include "apps/protcsv/sample/sample_database.h"
 #include "core/section_table.h"
 #include "platform/automation/date.h"
@@ -31,9 +32,13 @@ struct LogRequest {
 
 struct Options {
     Command command = Command::show_text;
-    std::string text;      ///< show_text: the help or version asked for
-    std::string database;  ///< path of an SQLite file
-    LogRequest request;    ///< run reads it from `parameters`
+    std::string text;  ///< show_text: the help or version asked for
+    DatabaseAddress database;
+    int login_seconds = 15;  ///< of ODBC: time limits, 0 for none
+    int statement_seconds = 0;
+    int lock_seconds = 30;
+    bool trust_certificate = false;  ///< of the server, unchecked
+    LogRequest request;              ///< run reads it from `parameters`
     std::vector<std::int32_t>
         sections;            ///< export: of which each is run with `request`, the first one's number
     std::string parameters;  ///< psCommandline, verbatim
@@ -62,7 +67,8 @@ struct Options {
 /// What the values of options are read by.
 struct OptionContext {
     SectionTable sections;
-    Date today;  ///< any time of the present day
+    Date today;                             ///< any time of the present day
+    std::optional<std::string> database{};  ///< of the environment
 };
 
 /// Reads the command line without the program's own name. Raises UsageError.

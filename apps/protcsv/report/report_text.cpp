@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "apps/protcsv/commands.h"
+#include "apps/protcsv/database/open_database.h"
 #include "apps/protcsv/options/option_table.h"
 #include "apps/protcsv/report/json_text.h"
 #include "core/Prot0000UtilitiesBAS.h"
@@ -168,6 +169,17 @@ void add_deletion(Json& report, const RunAccount& account) {
                         {{"count", deletion.not_exported.count}, {"records", deletion.not_exported.first}}}};
 }
 
+/// What a connection string holds besides is nobody's business.
+void add_database(Json& report, const Options& options) {
+    const DatabaseAddress& database = options.database;
+    report["database"] = nullptr;
+    if (!database.file.empty()) report["database"] = absolute(database.file);
+    if (!database.odbc) return;
+    report["database"] = database.shown();
+    const std::string_view encryption = encryption_of(options);
+    report["encryption"] = encryption.empty() ? Json() : Json(encryption);
+}
+
 }  // namespace
 
 std::string report_text(const Options& options, SectionTable sections, RunAccount& account,
@@ -178,7 +190,7 @@ std::string report_text(const Options& options, SectionTable sections, RunAccoun
     report["version"] = PROT_VERSION;
     report["command"] = command_name(options.command);
     add_end(report, account, status);
-    report["database"] = options.database.empty() ? Json() : Json(absolute(options.database));
+    add_database(report, options);
     add_selection(report, options, sections, account);
     add_counts(report, account);
     add_file(report, account);

@@ -15,6 +15,10 @@ std::filesystem::path make_private_folder(const std::filesystem::path& place);
 /// make_private_folder, which hands its rights down.
 void make_private(const std::filesystem::path& file);
 
+/// Whether nobody but its owner (and the system's administrator) can read a file. Windows: always, the rights
+/// there are those of the folder.
+bool is_private(const std::filesystem::path& file);
+
 /// Waits until a file that is written and closed, or the names in a folder, are safe from a loss of power.
 /// Windows flushes names with their files.
 void flush_file(const std::filesystem::path& file);

@@ -45,6 +45,11 @@ void make_private(const fs::path& file) {
     if (::chmod(file.c_str(), S_IRUSR | S_IWUSR) != 0) throw file_error(file, reason_of_failure());
 }
 
+bool is_private(const fs::path& file) {
+    struct stat state {};
+    return ::stat(file.c_str(), &state) == 0 && (state.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
 void flush_file(const fs::path& file) { flush(file, 0); }
 
 void flush_folder(const fs::path& folder) { flush(folder.empty() ? fs::path(".") : folder, O_DIRECTORY); }

@@ -67,6 +67,8 @@ fs::path make_private_folder(const fs::path& place) {
 
 void make_private(const fs::path& /*file*/) {}
 
+bool is_private(const fs::path& /*file*/) { return true; }
+
 void flush_file(const fs::path& file) {
     const HANDLE handle = CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);

@@ -42,7 +42,7 @@ public:
 class HostTest : public testing::Test {
 protected:
     HostTest() {
-        options.database = folder.text("x.db");
+        options.database.file = folder.text("x.db");
         options.csv.folder = text_path(folder.text("Ziel"));
     }
 
@@ -85,8 +85,8 @@ TEST_F(HostTest, AsksBeforeItReplacesAFileAndForAnotherNameWhenItMayNot) {
 
 TEST_F(HostTest, DoesNotAskAboutFilesThatTheRunItselfNeeds) {
     std::filesystem::create_directories(options.csv.folder);
-    options.database = path_text(options.csv.folder / "x.csv");
-    write_file(text_path(options.database), "Datenbank");
+    options.database.file = path_text(options.csv.folder / "x.csv");
+    write_file(text_path(options.database.file), "Datenbank");
     displays.file_name = "x.csv";
     Host host(options, displays, account);
     const auto writer = host.environment().components.create_csv_writer();
@@ -129,7 +129,7 @@ TEST_F(HostTest, WritesNoFileWhenThePersonCancels) {
 }
 
 TEST_F(HostTest, AsksAgainForANameThatNoFileCanHave) {
-    displays.file_name = options.database;
+    displays.file_name = options.database.file;
     displays.name_after_refusal = "Meine.csv";
     Host host(options, displays, account);
     const auto writer = host.environment().components.create_csv_writer();
@@ -142,7 +142,7 @@ TEST_F(HostTest, AsksAgainForANameThatNoFileCanHave) {
 }
 
 TEST_F(HostTest, APersonMayGiveUpAfterANameWasRefused) {
-    displays.file_name = options.database;
+    displays.file_name = options.database.file;
     Host host(options, displays, account);
     std::string name = "Prot.csv";
     EXPECT_FALSE(host.environment().components.create_csv_writer()->open(name, true));
@@ -163,7 +163,7 @@ TEST_F(HostTest, NeverWritesOverTheFilesOfItsOwnRun) {
     options.answers = folder.text("antworten");
     options.report = folder.text("bericht.json");
     for (const std::string& file :
-         {options.database, options.statement_log, *options.answers, options.report}) {
+         {options.database.file, options.statement_log, *options.answers, options.report}) {
         write_file(text_path(file), "alt");
         Host host(options, displays, account);
         std::string name = file;

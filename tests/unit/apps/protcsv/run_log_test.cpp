@@ -381,7 +381,7 @@ TEST_F(RunLog, MakesNoFolderForADeletion) {
     EXPECT_FALSE(std::filesystem::exists(text_path(path("o"))));
     Options options;
     options.command = Command::delete_log;
-    options.database = database();
+    options.database.file = database();
     options.request.section = 6;
     options.yes = true;
     options.csv.folder = text_path(path("o"));
@@ -462,7 +462,7 @@ private:
 TEST_F(RunLog, TellsNothingWhereNothingIsToBeSaid) {
     Options options;
     options.command = Command::export_log;
-    options.database = database();
+    options.database.file = database();
     std::istringstream in;
     std::ostringstream out, err;
     std::vector<std::string> told;
@@ -489,7 +489,7 @@ TEST_F(RunLog, WarnsOfWhatIsLostAndOnlyMentionsMissingCaptions) {
     for (const auto& row : cases) {
         Options options;
         options.command = Command::export_log;
-        options.database = database();
+        options.database.file = database();
         options.request.section = row.section;
         options.strict = row.strict;
         options.parameters = "/autostart";
@@ -522,7 +522,7 @@ TEST_F(RunLog, LetsFormsTakeTheScreenUnlessLinesAreWantedOrAnswersPrepared) {
     write("antworten", "");
     Options options;
     options.command = Command::export_log;
-    options.database = database();
+    options.database.file = database();
     options.request.section = 13;
     std::istringstream in;
     std::ostringstream out, err;

@@ -32,6 +32,7 @@ public:
     }
     std::string date_literal(Date date) override { return behind_.date_literal(date); }
     std::string like_wildcard() override { return behind_.like_wildcard(); }
+    std::string server_name() override { return behind_.server_name(); }
     StoredRows query_stored(std::string_view sql) override { return behind_.query_stored(sql); }
     std::int64_t deleted_rows() override { return behind_.deleted_rows(); }
     void begin_transaction() override {

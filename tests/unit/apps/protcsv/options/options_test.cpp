@@ -37,7 +37,7 @@ TEST(Options, ReadsAnExport) {
                "log",     "--separator", "tab",        "--encoding", "utf-8",          "--raw-cells",
                "--plain", "--answers",   "-",          "--quiet"});
     EXPECT_EQ(options.command, Command::export_log);
-    EXPECT_EQ(options.database, "x.db");
+    EXPECT_EQ(options.database.file, "x.db");
     EXPECT_EQ(options.request.section, 15);
     EXPECT_EQ(options.request.user, "O'Neil");
     EXPECT_EQ(options.request.from, to_date(CivilTime{2026, 1, 1}));

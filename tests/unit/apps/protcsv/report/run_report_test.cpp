@@ -192,7 +192,7 @@ TEST_F(RunReportTest, EndsTheRunBeforeItBeginsWhereItCannotBeWritten) {
 TEST_F(RunReportTest, SaysOfARunThatHasNotEndedThatItHasNot) {
     Options options;
     options.command = Command::run;
-    options.database = database();
+    options.database.file = database();
     RunAccount account;
     const Json running = Json::parse(report_text(options, scripted_sections(), account, std::nullopt));
     EXPECT_EQ(running["status"], nullptr);
