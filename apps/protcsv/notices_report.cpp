@@ -7,10 +7,8 @@ namespace prot {
 
 namespace {
 
-constexpr std::size_t listed = 20;
-
 std::string and_more(std::size_t all) {
-    return all > listed ? " und " + std::to_string(all - listed) + " weitere" : std::string();
+    return all > most_listed ? " und " + std::to_string(all - most_listed) + " weitere" : std::string();
 }
 
 LeftOut reason_of(NoLine why, bool lacks_caption) {
@@ -85,7 +83,7 @@ std::string NoticesReport::fields_text() const {
     for (const CountedField& field : fields) sum += field.count;
     std::string text = sum == 1 ? "1 Feld ohne Beschriftung blieb weg: "
                                 : std::to_string(sum) + " Felder ohne Beschriftung blieben weg: ";
-    for (std::size_t i = 0; i < std::min(fields.size(), listed); ++i) {
+    for (std::size_t i = 0; i < std::min(fields.size(), most_listed); ++i) {
         const CountedField& field = fields[i];
         text.append(i > 0 ? ", " : "").append(field.table).append(".").append(field.column);
         text += " (" + std::to_string(field.count) + ")";
@@ -99,7 +97,7 @@ std::string NoticesReport::documents_text() const {
     std::string text = records.count == 1 ? "1 Protokollsatz mit unlesbarem Änderungsdokument: "
                                           : std::to_string(records.count) +
                                                 " Protokollsätze mit unlesbarem Änderungsdokument: ";
-    for (std::size_t i = 0; i < std::min(records.first.size(), listed); ++i)
+    for (std::size_t i = 0; i < std::min(records.first.size(), most_listed); ++i)
         text += (i > 0 ? ", " : "") + std::to_string(records.first[i]);
     return text + and_more(static_cast<std::size_t>(records.count)) + '\n';
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <map>
 #include <string>
 #include <utility>
@@ -21,6 +22,9 @@ enum class LeftOut : std::uint8_t {
 };
 
 inline constexpr std::size_t left_out_reasons = 6;
+
+/// So many of what is lost are named in a text; the rest is counted.
+inline constexpr std::size_t most_listed = 20;
 
 /// Records of one kind: all counted, the first listed.
 struct CountedRecords {

@@ -12,7 +12,7 @@
 #include "platform/automation/value.h"
 #include "platform/windows/com/bstr.h"
 #include "platform/windows/com/com_ptr.h"
-#include "platform/windows/host/host_database.h"
+#include "platform/windows/host/database_object.h"
 #include "platform/windows/host/host_progress_parent.h"
 
 namespace prot {
@@ -51,8 +51,8 @@ auto named_after(const Owner& owner, Body body) try {
 template <class Target>
 void run_export(Target& target, const Owner& owner, ServerHost& host, const ExportSettings& settings,
                 const ExportCall& call) {
-    const std::unique_ptr<HostDatabase> database =
-        named_after(owner, [&call] { return host_database(call.oDBU); });
+    const std::unique_ptr<DatabaseObject> database =
+        named_after(owner, [&call] { return database_object(call.oDBU); });
     const std::unique_ptr<ProgressParent> progress = host_progress_parent(settings.poParent.borrow());
     struct Ending {
         Target& target;

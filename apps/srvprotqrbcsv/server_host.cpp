@@ -52,7 +52,7 @@ ServerHost::ServerHost()
       save_dialog_(message_boxes_, [this] { refuse_form(); }),
       environment_{*this, message_boxes_, forms_, pointer_, *this, clock_, *this} {}
 
-void ServerHost::begin(HostDatabase& database) {
+void ServerHost::begin(DatabaseObject& database) {
     database_ = &database;
     refusal_.reset();
 }

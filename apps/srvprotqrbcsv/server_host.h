@@ -10,7 +10,7 @@
 #include "platform/portable/csv/csv_file_writer.h"
 #include "platform/portable/time/system_clock.h"
 #include "platform/windows/forms/window_forms.h"
-#include "platform/windows/host/host_database.h"
+#include "platform/windows/host/database_object.h"
 #include "platform/windows/system/save_dialog.h"
 #include "platform/windows/system/system_message_boxes.h"
 #include "platform/windows/system/system_pointer.h"
@@ -30,7 +30,7 @@ public:
     Environment& environment() { return environment_; }
 
     /// Prepares for a run on `database`, which outlives it.
-    void begin(HostDatabase& database);
+    void begin(DatabaseObject& database);
     /// Ends the run; raises what it could not show.
     void end();
     /// Ends a run that failed.
@@ -58,7 +58,7 @@ private:
     void refuse_form();
     void refuse(AutomationError error);
 
-    HostDatabase* database_ = nullptr;  // during a run
+    DatabaseObject* database_ = nullptr;  // during a run
     std::optional<AutomationError> refusal_;
     SystemMessageBoxes message_boxes_;
     WindowForms forms_;

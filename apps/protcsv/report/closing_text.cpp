@@ -7,7 +7,6 @@ namespace prot {
 
 namespace {
 
-constexpr std::size_t listed = 20;
 constexpr std::int64_t most_lines_of_spreadsheets = 1'048'576;
 
 struct Reason {
@@ -72,13 +71,13 @@ std::string replaced_text(const ReplacedCharacters& replaced, const std::string&
                            ? "1 Zeichen, das die Kodierung nicht kennt, steht"
                            : grouped(replaced.count) + " Zeichen, die die Kodierung nicht kennt, stehen";
     text += " als ? in der Datei „" + file + "“: ";
-    for (std::size_t i = 0; i < std::min(replaced.first.size(), listed); ++i) {
+    for (std::size_t i = 0; i < std::min(replaced.first.size(), most_listed); ++i) {
         const ReplacedCharacters::Place& place = replaced.first[i];
         text += (i > 0 ? "; " : "") + place.character + " in Zeile " + std::to_string(place.line) +
                 ", Spalte " + std::to_string(place.column);
     }
-    if (replaced.count > static_cast<std::int64_t>(listed))
-        text += " und " + grouped(replaced.count - static_cast<std::int64_t>(listed)) + " weitere";
+    if (replaced.count > static_cast<std::int64_t>(most_listed))
+        text += " und " + grouped(replaced.count - static_cast<std::int64_t>(most_listed)) + " weitere";
     return text + '\n';
 }
 

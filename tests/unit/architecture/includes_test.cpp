@@ -166,7 +166,7 @@ TEST(Architecture, GeneratedHeadersBelongToTheFolderOfTheirDefinition) {
     EXPECT_EQ(headers.at("srvprotqrbcsv.h"), "apps/srvprotqrbcsv/srvprotqrbcsv.h");
     const auto includes = includes_below(PROT_SOURCE_DIR, "platform");
     EXPECT_TRUE(std::ranges::any_of(includes, [](const Include& include) {
-        return include.file == "platform/windows/host/host_database.cpp" &&
+        return include.file == "platform/windows/host/database_object.cpp" &&
                include.header == "platform/windows/host/prot_database.h" && !include.angled;
     }));
 }
@@ -180,7 +180,7 @@ TEST(Architecture, TheCheckKnowsWhatIsForbidden) {
         {"platform/database.h", "platform/portable/terminal/terminal.h", false},
         {"platform/portable/terminal/terminal.h", "core/run.h", false},
         {"platform/portable/terminal/terminal.h", "platform/windows/forms/form_view.h", false},
-        {"platform/windows/host/host_database.cpp", "apps/srvprotqrbcsv/srvprotqrbcsv.h", false},
+        {"platform/windows/host/database_object.cpp", "apps/srvprotqrbcsv/srvprotqrbcsv.h", false},
         {"sections/exchange_rates/rate_lines.h", "sections/open_items/lines.h", false},
         {"sections/exchange_rates/rate_lines.h", "sections/section_table.h", false},
         {"sections/exchange_rates/rate_lines.h", "apps/protcsv/options/options.h", false},

@@ -14,9 +14,9 @@
 namespace prot {
 
 /// A host's database object.
-class HostDatabase : public Database {
+class DatabaseObject : public Database {
 public:
-    explicit HostDatabase(ComPtr<IDispatch> object) : host_object_(std::move(object)) {}
+    explicit DatabaseObject(ComPtr<IDispatch> object) : host_object_(std::move(object)) {}
 
     /// The object itself.
     const ComPtr<IDispatch>& host_object() const { return host_object_; }
@@ -33,6 +33,6 @@ private:
 /// in the order QueryValue, QueryArray, Execute, DateLiteral, LikeWildcard, ConnectionInfo), by name
 /// otherwise. Null, or an object without the members: automation error 91 or 438, which names what is
 /// missing. Missing members are found before any statement is sent.
-std::unique_ptr<HostDatabase> host_database(IDispatch* object);
+std::unique_ptr<DatabaseObject> database_object(IDispatch* object);
 
 }  // namespace prot

@@ -1,4 +1,4 @@
-#include "platform/windows/host/host_database.h"
+#include "platform/windows/host/database_object.h"
 
 #include <algorithm>
 
@@ -23,10 +23,10 @@ constexpr std::string_view required_members[] = {"QueryValue", "QueryArray", "Ex
                                                  "LikeWildcard"};
 
 /// A host's object that has the interface.
-class DatabaseByInterface : public HostDatabase {
+class DatabaseByInterface : public DatabaseObject {
 public:
     DatabaseByInterface(const ComPtr<IDispatch>& object, ComPtr<IProtDatabase> known)
-        : HostDatabase(object), object_(std::move(known)) {}
+        : DatabaseObject(object), object_(std::move(known)) {}
 
     Value query_value(std::string_view sql) override {
         const Bstr text(sql);
@@ -74,10 +74,10 @@ private:
 };
 
 /// A host's object that has the members, if only by name.
-class DatabaseByName : public HostDatabase {
+class DatabaseByName : public DatabaseObject {
 public:
     explicit DatabaseByName(const ComPtr<IDispatch>& object)
-        : HostDatabase(object), object_(object, "oDBU") {}
+        : DatabaseObject(object), object_(object, "oDBU") {}
 
     std::string missing_members() {
         std::string missing;
@@ -129,7 +129,7 @@ private:
 
 }  // namespace
 
-std::unique_ptr<HostDatabase> host_database(IDispatch* object) {
+std::unique_ptr<DatabaseObject> database_object(IDispatch* object) {
     if (!object)
         throw AutomationError(error_object_missing, std::string(),
                               "Es wurde kein Datenbankobjekt übergeben (oDBU ist Nothing).");

@@ -1,4 +1,4 @@
-#include "platform/windows/host/host_database.h"
+#include "platform/windows/host/database_object.h"
 
 #include <gtest/gtest.h>
 
@@ -69,7 +69,7 @@ void furnish(Object& object, Calls& calls) {
 }
 
 /// What every kind of database object does, whichever way its members are reached.
-void expect_all_members(HostDatabase& database, const Calls& calls) {
+void expect_all_members(DatabaseObject& database, const Calls& calls) {
     EXPECT_EQ(database.query_value("SELECT 'ä'"), Value(std::int64_t{7}));
     const RowSet rows = database.query_array("SELECT 2");
     ASSERT_EQ(rows.columns(), 2U);
@@ -86,48 +86,48 @@ void expect_all_members(HostDatabase& database, const Calls& calls) {
                             "DateLiteral 46000.500000 0", "LikeWildcard 0", "ConnectionInfo 1206"}));
 }
 
-TEST(HostDatabase, ANullObjectIsAnErrorThatNamesIt) {
-    const AutomationError error = error_of([] { host_database(nullptr); });
+TEST(DatabaseObject, ANullObjectIsAnErrorThatNamesIt) {
+    const AutomationError error = error_of([] { database_object(nullptr); });
     EXPECT_EQ(error.number(), static_cast<std::int32_t>(0x800A005B));
     EXPECT_EQ(error.description(), "Es wurde kein Datenbankobjekt übergeben (oDBU ist Nothing).");
 }
 
-TEST(HostDatabase, ReachesMembersByNameInAnyKindOfObject) {
+TEST(DatabaseObject, ReachesMembersByNameInAnyKindOfObject) {
     PlainObject plain;
     ScriptObject script;
     Calls plain_calls, script_calls;
     furnish(plain, plain_calls);
     furnish(script, script_calls);
-    expect_all_members(*host_database(&plain), plain_calls);
-    expect_all_members(*host_database(&script), script_calls);
+    expect_all_members(*database_object(&plain), plain_calls);
+    expect_all_members(*database_object(&script), script_calls);
     EXPECT_EQ(plain.references, 1U);
     EXPECT_EQ(script.references, 1U);
 }
 
-TEST(HostDatabase, ReachesMembersByTheInterfaceWhereThereIsOne) {
+TEST(DatabaseObject, ReachesMembersByTheInterfaceWhereThereIsOne) {
     InterfaceDatabase object;
     const Variant rows = Variant::adopt(table(2, 3)), texts = Variant::adopt(ten_texts());
     object.value = long_variant(7);
     object.rows = rows.borrow();
     object.texts = texts.borrow();
-    expect_all_members(*host_database(&object), object.calls);
+    expect_all_members(*database_object(&object), object.calls);
     EXPECT_EQ(object.references, 1U);
 }
 
-TEST(HostDatabase, MissingMembersAreNamedAtOnceBeforeAnyStatement) {
+TEST(DatabaseObject, MissingMembersAreNamedAtOnceBeforeAnyStatement) {
     PlainObject object;
     Calls calls;
     furnish(object, calls);
     PlainObject partial;
     for (const char* name : {"QueryValue", "Execute", "DateLiteral"}) partial.set(name, object.methods[name]);
-    const AutomationError error = error_of([&] { host_database(&partial); });
+    const AutomationError error = error_of([&] { database_object(&partial); });
     EXPECT_EQ(error.number(), error_member_unknown);
     EXPECT_EQ(error.description(), "Dem Datenbankobjekt fehlt: QueryArray, LikeWildcard.");
     EXPECT_TRUE(calls.empty());
     EXPECT_EQ(partial.references, 1U);
 }
 
-TEST(HostDatabase, WithoutConnectionInformationThereIsNone) {
+TEST(DatabaseObject, WithoutConnectionInformationThereIsNone) {
     Calls calls;
     PlainObject lacking, refusing, raising;
     furnish(refusing, calls);
@@ -137,22 +137,22 @@ TEST(HostDatabase, WithoutConnectionInformationThereIsNone) {
     for (const auto& [name, method] : refusing.methods)
         if (name != "ConnectionInfo") lacking.set(name, method);
     for (PlainObject* const object : {&lacking, &refusing, &raising})
-        EXPECT_EQ(host_database(object)->connection_info(1206), std::nullopt);
+        EXPECT_EQ(database_object(object)->connection_info(1206), std::nullopt);
     InterfaceDatabase typed;
     typed.connection_info_result = E_NOTIMPL;
-    EXPECT_EQ(host_database(&typed)->connection_info(1206), std::nullopt);
+    EXPECT_EQ(database_object(&typed)->connection_info(1206), std::nullopt);
 }
 
-TEST(HostDatabase, AConnectionInformationThatFailsIsAnError) {
+TEST(DatabaseObject, AConnectionInformationThatFailsIsAnError) {
     PlainObject object;
     Calls calls;
     furnish(object, calls);
     object.set("ConnectionInfo", raises(server_number, "Host", "keine Verbindung"));
-    EXPECT_EQ(error_of([&] { host_database(&object)->connection_info(1206); }).description(),
+    EXPECT_EQ(error_of([&] { database_object(&object)->connection_info(1206); }).description(),
               "keine Verbindung");
     InterfaceDatabase typed;
     typed.failure = AutomationError(server_number, "Host", "keine Verbindung");
-    EXPECT_EQ(error_of([&] { host_database(&typed)->connection_info(1206); }).description(),
+    EXPECT_EQ(error_of([&] { database_object(&typed)->connection_info(1206); }).description(),
               "keine Verbindung");
 }
 
@@ -175,14 +175,14 @@ void expect_hosts_error(Database& database) {
     EXPECT_NO_THROW(database.require_connection()) << "a failed statement is no lost connection";
 }
 
-TEST(HostDatabase, PassesTheHostsErrorsUnchanged) {
+TEST(DatabaseObject, PassesTheHostsErrorsUnchanged) {
     PlainObject object;
     for (const char* name : {"QueryValue", "QueryArray", "Execute", "DateLiteral", "LikeWildcard"})
         object.set(name, raises(server_number, "Host.Db\r\nTreiber", "Tabelle „x“ fehlt"));
-    expect_hosts_error(*host_database(&object));
+    expect_hosts_error(*database_object(&object));
     InterfaceDatabase typed;
     typed.failure = AutomationError(server_number, "Host.Db\r\nTreiber", "Tabelle „x“ fehlt");
-    expect_hosts_error(*host_database(&typed));
+    expect_hosts_error(*database_object(&typed));
 }
 
 void expect_lost(Database& database, const std::function<std::size_t()>& questions) {
@@ -194,18 +194,18 @@ void expect_lost(Database& database, const std::function<std::size_t()>& questio
     EXPECT_EQ(questions(), asked) << "an object that is gone is asked no more";
 }
 
-TEST(HostDatabase, AHostThatIsGoneAnswersEveryFurtherStatementWithThatError) {
+TEST(DatabaseObject, AHostThatIsGoneAnswersEveryFurtherStatementWithThatError) {
     PlainObject object;
     Calls calls;
     furnish(object, calls);
     object.set("Execute", fails(RPC_E_DISCONNECTED));
-    expect_lost(*host_database(&object), [&] { return object.flags_seen.size(); });
+    expect_lost(*database_object(&object), [&] { return object.flags_seen.size(); });
     InterfaceDatabase typed;
     typed.bare_failure = RPC_E_DISCONNECTED;
-    expect_lost(*host_database(&typed), [&] { return typed.calls.size(); });
+    expect_lost(*database_object(&typed), [&] { return typed.calls.size(); });
 }
 
-TEST(HostDatabase, AnAnswerOfTheWrongKindNamesTheMember) {
+TEST(DatabaseObject, AnAnswerOfTheWrongKindNamesTheMember) {
     PlainObject object;
     Calls calls;
     furnish(object, calls);
@@ -215,7 +215,7 @@ TEST(HostDatabase, AnAnswerOfTheWrongKindNamesTheMember) {
     null.vt = VT_NULL;
     object.set("DateLiteral", answers(null));
     object.set("LikeWildcard", answers(null));
-    const auto database = host_database(&object);
+    const auto database = database_object(&object);
     const char* const descriptions[] = {
         "QueryValue lieferte einen Wert vom Typ Feld, erwartet ist ein einzelner Wert.",
         "QueryArray lieferte einen Wert vom Typ Zahl, erwartet ist ein Feld (Spalte, Zeile).",
@@ -232,20 +232,20 @@ TEST(HostDatabase, AnAnswerOfTheWrongKindNamesTheMember) {
     }
 }
 
-TEST(HostDatabase, WithoutARowThereIsNullAndNoRows) {
+TEST(DatabaseObject, WithoutARowThereIsNullAndNoRows) {
     InterfaceDatabase object;  // leaves what it answers Empty
-    const auto database = host_database(&object);
+    const auto database = database_object(&object);
     EXPECT_TRUE(is_null(database->query_value("SELECT 1")));
     EXPECT_TRUE(database->query_array("SELECT 2").empty());
 }
 
-TEST(HostDatabase, KeepsTheObjectForAsLongAsItLives) {
+TEST(DatabaseObject, KeepsTheObjectForAsLongAsItLives) {
     PlainObject object;
     Calls calls;
     furnish(object, calls);
     InterfaceDatabase typed;
-    auto by_name = host_database(&object);
-    auto by_interface = host_database(&typed);
+    auto by_name = database_object(&object);
+    auto by_interface = database_object(&typed);
     EXPECT_GT(object.references, 1U);
     EXPECT_GT(typed.references, 1U);
     EXPECT_EQ(by_name->host_object().borrow(), &object);
