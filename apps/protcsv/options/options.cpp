@@ -194,11 +194,20 @@ std::string names_of_commands() {
     throw UsageError("überzähliges Argument „" + extra + "“");
 }
 
+/// An export may be told of its database by the environment; a deletion has to name it.
+bool is_in_environment(const OptionRow& row, Command command, const OptionContext& context) {
+    return row.name == "--db" && command != Command::delete_log && context.database &&
+           !context.database->empty();
+}
+
 void apply(const CommandParser& command, Options& options, const OptionContext& context) {
     for (const auto& [row, option] : command.options) {
         const std::string name = text_of(row->name);
         if (option->count() == 0) {
-            if (row->required & set_of(command.row->command)) throw UsageError(name + " fehlt");
+            if (is_in_environment(*row, command.row->command, context))
+                options.database = database_of_environment(*context.database);
+            else if (row->required & set_of(command.row->command))
+                throw UsageError(name + " fehlt");
             continue;
         }
         if (option->count() > 1) throw UsageError(name + " ist mehrfach angegeben");
@@ -208,15 +217,6 @@ void apply(const CommandParser& command, Options& options, const OptionContext& 
             throw UsageError(name + ": " + error.what());
         }
     }
-}
-
-/// An export may be told of its database by the environment; a deletion has to name it.
-void require_database(const CommandParser& command, Options& options, const OptionContext& context) {
-    const bool needs_one =
-        std::ranges::any_of(command.options, [](const auto& option) { return option.first->name == "--db"; });
-    if (!needs_one || !options.database.empty()) return;
-    if (!context.database || context.database->empty()) throw UsageError("--db fehlt");
-    options.database = database_of_environment(*context.database);
 }
 
 /// A period that ends before it begins holds nothing, which nobody asks for.
@@ -276,7 +276,6 @@ Options read(std::vector<std::string> arguments, const OptionContext& context) {
     if (chosen == nullptr) throw UsageError("es fehlt ein Befehl; es gibt: " + names_of_commands());
     options.command = chosen->row->command;
     apply(*chosen, options, context);
-    require_database(*chosen, options, context);
     require_period(options.request);
     require_output(options);
     require_files_of_each(options);

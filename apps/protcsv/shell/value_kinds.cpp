@@ -36,6 +36,7 @@ constexpr ValueRow value_rows[] = {
     {"NAME",          ValueKind::text,   nullptr},
     {"NR|NAME",       ValueKind::word,   section_words},
     {"ORDNER",        ValueKind::folder, nullptr},
+    {"SEKUNDEN",      ValueKind::text,   nullptr},
     {"TEXT",          ValueKind::text,   nullptr},
     {"ZAHL",          ValueKind::text,   nullptr},
     {"ZEICHEN",       ValueKind::word,   [](SectionTable) { return Words{"tab"}; }},

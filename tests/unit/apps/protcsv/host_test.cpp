@@ -173,9 +173,13 @@ TEST_F(HostTest, NeverWritesOverTheFilesOfItsOwnRun) {
     }
 }
 
-TEST_F(HostTest, KnowsTheNameOfItsDatabase) {
+TEST_F(HostTest, TellsTheNameOfTheServerAlone) {
     Host host(options, displays, account);
-    EXPECT_EQ(host.environment().connection_information.fields(1206)[9], "x.db");
+    host.set_server("SQL01");
+    std::array<std::string, 10> expected;
+    expected[9] = "SQL01";
+    EXPECT_EQ(host.environment().connection_information.fields(1206), expected);
+    EXPECT_EQ(host.environment().connection_information.fields(1207), (std::array<std::string, 10>()));
 }
 
 TEST_F(HostTest, ReadsChangeDocuments) {

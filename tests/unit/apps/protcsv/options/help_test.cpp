@@ -48,7 +48,16 @@ Rückgabewert:
 Aufruf: protcsv export --db ZIEL --section BEREICHE [Optionen]
 
 Datenbank:
-  --db ZIEL             Pfad der SQLite-Datei
+  --db ZIEL             Pfad der SQLite-Datei, odbc:VERBINDUNG oder @DATEI, in
+                        deren erster Zeile eins von beiden steht; sonst gilt,
+                        was in der Umgebungsvariablen PROTCSV_DB steht
+  --login-timeout SEKUNDEN
+                        wie lange eine Anmeldung dauern darf (ODBC, Vorgabe: 15)
+  --statement-timeout SEKUNDEN
+                        wie lange eine Anweisung (ODBC, Vorgabe: 0, ohne Grenze)
+  --lock-timeout SEKUNDEN
+                        wie lange sie auf Sperren wartet (ODBC, Vorgabe: 30)
+  --trust-certificate   prüft nicht, ob der SQL Server der ist, der er sein soll
 
 Auswahl:
   --section BEREICHE    Bereich, Nummer oder Name (siehe protcsv sections);
@@ -101,7 +110,15 @@ Beispiele:
 Aufruf: protcsv delete --db ZIEL --section NR|NAME [Optionen]
 
 Datenbank:
-  --db ZIEL             Pfad der SQLite-Datei
+  --db ZIEL             Pfad der SQLite-Datei, odbc:VERBINDUNG oder @DATEI, in
+                        deren erster Zeile eins von beiden steht
+  --login-timeout SEKUNDEN
+                        wie lange eine Anmeldung dauern darf (ODBC, Vorgabe: 15)
+  --statement-timeout SEKUNDEN
+                        wie lange eine Anweisung (ODBC, Vorgabe: 0, ohne Grenze)
+  --lock-timeout SEKUNDEN
+                        wie lange sie auf Sperren wartet (ODBC, Vorgabe: 30)
+  --trust-certificate   prüft nicht, ob der SQL Server der ist, der er sein soll
 
 Auswahl:
   --section NR|NAME     Bereich, Nummer oder Name (siehe protcsv sections)
@@ -141,7 +158,16 @@ Beispiel:
 Aufruf: protcsv run --db ZIEL --params TEXT [Optionen]
 
 Datenbank:
-  --db ZIEL             Pfad der SQLite-Datei
+  --db ZIEL             Pfad der SQLite-Datei, odbc:VERBINDUNG oder @DATEI, in
+                        deren erster Zeile eins von beiden steht; sonst gilt,
+                        was in der Umgebungsvariablen PROTCSV_DB steht
+  --login-timeout SEKUNDEN
+                        wie lange eine Anmeldung dauern darf (ODBC, Vorgabe: 15)
+  --statement-timeout SEKUNDEN
+                        wie lange eine Anweisung (ODBC, Vorgabe: 0, ohne Grenze)
+  --lock-timeout SEKUNDEN
+                        wie lange sie auf Sperren wartet (ODBC, Vorgabe: 30)
+  --trust-certificate   prüft nicht, ob der SQL Server der ist, der er sein soll
 
 Auswahl:
   --params TEXT         Parametertext, etwa "/autostart/vondevi:EUR"; ohne

@@ -234,9 +234,10 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
         {{"export", "--db", "", "--section", "15"},
          "--db: der Wert darf nicht leer sein (Hilfe: protcsv export --help)",
          "empty path"},
-        {{"export", "--db", "odbc:DSN=x", "--section", "15"},
-         "--db: „odbc:“ wird von dieser Fassung nicht unterstützt (Hilfe: protcsv export --help)",
-         "no ODBC yet"},
+        {{"export", "--db", "odbc:DSN=x;PWD=y", "--section", "15"},
+         "--db: ein Kennwort auf der Befehlszeile können andere lesen; es gehört in eine Datei (--db @DATEI) "
+         "oder in die Umgebungsvariable PROTCSV_DB (Hilfe: protcsv export --help)",
+         "others see a command line"},
         {{"export", "--db", "x", "--section", "7"},
          "--section: „7“ ist kein Bereich; es gibt: 15 exchange-rates (Hilfe: protcsv export --help)",
          "unknown section"},
@@ -305,8 +306,37 @@ TEST(Options, AnswersAWrongUseWithOneGermanLine) {
     for (const auto& row : rows) EXPECT_EQ(refusal(row.arguments), row.line) << row.why;
 }
 
+TEST(Options, TakeTheDatabaseOfTheEnvironmentForAnExportAlone) {
+    OptionContext context{sections, {}, "odbc:DSN=Firma;PWD=geheim"};
+    const auto parsed = [&](Arguments arguments) { return parse_options(arguments, context); };
+    EXPECT_EQ(parsed({"export", "--section", "15"}).database.odbc->text(), "DSN=Firma;PWD=geheim;");
+    EXPECT_EQ(parsed({"run", "--params", "x"}).database.odbc->text(), "DSN=Firma;PWD=geheim;");
+    EXPECT_EQ(parsed({"export", "--db", "x.db", "--section", "15"}).database.file, "x.db");
+    EXPECT_TRUE(parsed({"sections"}).database.empty());
+    EXPECT_THROW(parsed({"delete", "--section", "15"}), UsageError);
+    context.database = "";
+    EXPECT_THROW(parsed({"export", "--section", "15"}), UsageError) << "empty is not set";
+}
+
+TEST(Options, HaveTimeLimitsOfTheirOwnForAServer) {
+    const Options usual = parse({"export", "--db", "odbc:DSN=x", "--section", "15"});
+    EXPECT_EQ(usual.login_seconds, 15);
+    EXPECT_EQ(usual.statement_seconds, 0);
+    EXPECT_EQ(usual.lock_seconds, 30);
+    EXPECT_FALSE(usual.trust_certificate);
+    const Options options =
+        parse({"delete", "--db", "odbc:DSN=x", "--section", "15", "--login-timeout", "1",
+               "--statement-timeout", "86400", "--lock-timeout", "0", "--trust-certificate"});
+    EXPECT_EQ(options.login_seconds, 1);
+    EXPECT_EQ(options.statement_seconds, 86400);
+    EXPECT_EQ(options.lock_seconds, 0);
+    EXPECT_TRUE(options.trust_certificate);
+}
+
 TEST(Options, EachCommandTakesItsOptionsAndNoOther) {
-    const std::string log = "--db --params --answers --plain --sql-log --quiet ";
+    const std::string log =
+        "--db --login-timeout --statement-timeout --lock-timeout --trust-certificate --params --answers "
+        "--plain --sql-log --quiet ";
     const std::string file =
         "--out --output --no-clobber --separator --encoding --raw-cells --threads --report --strict "
         "--fail-on-empty ";
