@@ -4,6 +4,7 @@
 
 #include "platform/automation/letter_case.h"
 #include "platform/portable/files/paths.h"
+#include "platform/portable/sqlite/sqlite_problem.h"
 
 namespace prot {
 
@@ -12,6 +13,16 @@ namespace {
 // SQLite's result codes behind which no answer can be trusted, as in sqlite_connection.cpp; its driver hands
 // them over as native numbers. Source: SQLite, result codes.
 constexpr std::int32_t sqlite_failures[] = {7, 10, 11, 13, 14, 26};
+
+/// "[SQLite]no such table: x (1)" without what the driver puts around it.
+std::string_view sqlite_message(const OdbcDiagnostic& record) {
+    constexpr std::string_view maker = "[SQLite]";
+    std::string_view message = record.message;
+    if (message.starts_with(maker)) message.remove_prefix(maker.size());
+    const std::string number = " (" + std::to_string(record.number) + ')';
+    if (message.ends_with(number)) message.remove_suffix(number.size());
+    return message;
+}
 
 std::string give_way(int lock_seconds) {
     const std::string milliseconds = lock_seconds > 0 ? std::to_string(lock_seconds) + "000" : "-1";
@@ -97,11 +108,20 @@ bool OdbcConnection::is_lost(const std::vector<OdbcDiagnostic>& diagnostics) con
            dead == SQL_CD_TRUE;
 }
 
+/// SQLite's driver hands over SQLite's number and message, for which there are words.
+AutomationError OdbcConnection::error_of(const std::vector<OdbcDiagnostic>& diagnostics) const {
+    if (server_ != OdbcServer::sqlite || diagnostics.empty() || diagnostics.front().number <= 0)
+        return odbc_error(diagnostics,
+                          masked(describe_odbc_problem(diagnostics, OdbcTask::statement), secrets_));
+    const OdbcDiagnostic& record = diagnostics.front();
+    return sqlite_error(record.number, describe_sqlite_problem(record.number, sqlite_message(record)));
+}
+
 OdbcConnection::Problem OdbcConnection::problem_of(SQLSMALLINT type, SQLHANDLE handle, std::string_view sql) {
     const auto diagnostics = diagnostics_of(type, handle);
-    std::string description = masked(describe_odbc_problem(diagnostics, OdbcTask::statement), secrets_);
-    if (!sql.empty()) description.append(". Anweisung: ").append(sql);
-    Problem problem{odbc_error(diagnostics, std::move(description)), is_answer(diagnostics)};
+    AutomationError error = error_of(diagnostics);
+    if (!sql.empty()) error.append_to_description(". Anweisung: " + std::string(sql));
+    Problem problem{std::move(error), is_answer(diagnostics)};
     if (is_lost(diagnostics)) {
         problem.is_answer = false;
         failure_.set(problem.error);

@@ -71,6 +71,7 @@ private:
         bool is_answer;  ///< the server's; else nobody knows what it did
     };
 
+    AutomationError error_of(const std::vector<OdbcDiagnostic>& diagnostics) const;
     Problem problem_of(SQLSMALLINT type, SQLHANDLE handle, std::string_view sql);
     void connect();
     void ask_about_server();
