@@ -35,7 +35,7 @@ protected:
     static std::string faults_of(const Example& example, const std::string& text) {
         const TemporaryFolder folder;
         fs::create_directory(folder / "work");
-        const std::regex absolute("(^|[ \"=])/srv/");
+        const std::regex absolute("(^|[ \"=@])/srv/");
         const std::string run =
             std::regex_replace(example.in_its_place.empty() ? text : std::string(example.in_its_place),
                                absolute, "$1" + folder.text("srv") + "/");

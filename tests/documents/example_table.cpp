@@ -42,6 +42,11 @@ aged_rates_are_archived() {
     named 'archiv/Archiv_Devisenkurse_[0-9]{8}_[0-9]{6}'
     grep -Eq '"state": ?"deleted"' "$(file)/beleg.json" && [ -s "$(file)/archiv.db" ] && ls "$(file)"/Prot_*.csv
 }
+connection_in() {
+    mkdir -p "$(dirname "$1")"
+    echo "odbc:Driver=SQLite3;Database=$PWD/firma.db;PWD=geheim" >"$1"
+    chmod 600 "$1"
+}
 change_rate_yesterday() {
     sql "UPDATE tProtokoll SET ddDatum = datetime('now', 'localtime', 'start of day', '-12 hours')
          WHERE $rates AND idProtokoll = (SELECT max(idProtokoll) FROM tProtokoll WHERE $rates)"
@@ -97,7 +102,7 @@ constexpr Example examples[] = {
     {"MAILTO=buchhaltung@example.org", 0,
      R"sh([ ! -s ../out ] && [ ! -s ../err ]; grep -q "$yesterday" "$SRV"/firma/protokolle/*.csv
         form $'MAILTO=[^\n]+\n15 2 \\* \\* \\*  protcsv [^\n%]*')sh",
-     R"sh(change_rate_yesterday; mkdir -p "$SRV/firma"; cp firma.db "$SRV/firma")sh", "",
+     R"sh(change_rate_yesterday; mkdir -p "$SRV/firma"; cp firma.db "$SRV/firma"; connection_in "$SRV/protcsv/firma")sh", "",
      R"sh(eval "$(sed -n 's/^15 2 \* \* \*  //p' ../text)")sh"},
     {"[Unit]", 0,
      R"sh(grep -q "$yesterday" "$(file)"
@@ -127,6 +132,20 @@ constexpr Example examples[] = {
     {"protcsv sample beispiel.db", 0, "[ -s beispiel.db ]"},
     {"/autostart/vonkonto:1/biskonto:999999999", 0, R"sh(has 'von Konto: 1 bis Konto: 999999999'; rows_have '^([0-9]+|nicht vorhanden);'; has '^nicht vorhanden;')sh", "", "",
      R"sh(protcsv run --db firma.db --params "$text/sektion:6")sh"},
+
+    // SQL Server, played by a database of SQLite behind ODBC as far as the run goes
+    {"odbc:Driver={ODBC Driver 18 for SQL Server};Server=sql01.firma.example;Database=Suite;Trusted_Connection=Yes", 2,
+     "told '--section fehlt'", "", "", R"sh(protcsv export --db "$(cat ../text)")sh"},
+    {"protcsv export --db @/srv/protcsv/firma --section 15 --from gestern --params /autostart --sql-log anweisungen.json", 0,
+     R"sh(rows_have ";$yesterday "; grep -q '"sql":"SELECT dcLogTable' anweisungen.json; ! grep -q geheim anweisungen.json)sh",
+     R"sh(change_rate_yesterday; connection_in "$SRV/protcsv/firma")sh"},
+    {"protcsv delete --db @/srv/protcsv/loeschen --section 15 --from 2015-03 --to 2015-03 --params /autostart --archive archiv --yes", 0,
+     R"sh(aged_rates_are_archived; [ "$(sql "SELECT count(*) FROM tProtokoll WHERE $rates AND ddDatum LIKE '2015-03%'")" = 0 ])sh",
+     R"sh(sql "UPDATE tProtokoll SET ddDatum = '2015-03-31 23:59:00' WHERE $rates AND idProtokoll % 3 = 0"; connection_in "$SRV/protcsv/loeschen")sh"},
+    {"CREATE LOGIN protcsv WITH PASSWORD = '…';", 0, R"sh(form $'(CREATE|USE|GRANT) [^;]+;(\n(CREATE|USE|GRANT) [^;]+;)*')sh", "", "", ":"},
+    {"GRANT SELECT TO protcsv_loeschen;", 0, R"sh(form $'(GRANT (SELECT|DELETE ON tProtokoll|DELETE ON tProtokollMemo) TO protcsv_loeschen;\n?)+')sh", "", "", ":"},
+    {"CREATE INDEX iProtokollDatum ON tProtokoll (ddDatum);", 0, R"sh([ "$(sql "SELECT count(*) FROM sqlite_master WHERE type = 'index' AND tbl_name LIKE 'tProtokoll%'")" = 5 ])sh", "", "",
+     R"sh(sed 's/CREATE INDEX \([^ ]*\)/DROP INDEX \1; &/' ../text | while read -r line; do IFS=';' read -r drop create <<<"$line"; sql "$drop"; sql "$create"; done)sh"},
 
     // Help
     {"protcsv export --db firma.db --section exchange-rates --from 01.01.2026", 0, R"sh(rows_have ';[0-9.]+2026 [0-9:]+;')sh", "", R"sh(\n\n\n)sh"},

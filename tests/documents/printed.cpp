@@ -90,7 +90,7 @@ std::vector<Printed> printed_between(const std::string& document, const std::str
 
 std::vector<Printed> all_printed() {
     std::vector<Printed> all;
-    for (const char* const document : {"README.md", "docs/handbuch.md"}) {
+    for (const char* const document : {"README.md", "docs/handbuch.md", "docs/sql-server.md"}) {
         append(all, printed_blocks(document, file_of(document), 4));
         append(all, printed_between(document, file_of(document)));
     }
