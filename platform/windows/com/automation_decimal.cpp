@@ -38,7 +38,7 @@ Decimal without_trailing_zeros(Decimal decimal) {
     return decimal;
 }
 
-std::string to_text(Decimal decimal) {
+std::string digits_of(Decimal decimal) {
     std::string digits;  // from the last one on
     for (int place = decimal.places; place >= 0 || !decimal.is_zero(); --place) {
         if (place == 0 && decimal.places > 0) digits += ',';
@@ -68,11 +68,11 @@ std::optional<double> to_double(const Decimal& decimal) {
     return decimal.negative ? -number : number;
 }
 
-Value to_value(const Decimal& given) {
+Value number_of(const Decimal& given) {
     const Decimal decimal = without_trailing_zeros(given);
     if (const auto integer = to_integer(decimal)) return *integer;
     if (const auto number = to_double(decimal)) return *number;
-    return to_text(decimal);
+    return digits_of(decimal);
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ Value to_value(CY currency) {
     const bool negative = currency.int64 < 0;
     const auto bits = static_cast<std::uint64_t>(currency.int64);
     const std::uint64_t magnitude = negative ? 0 - bits : bits;
-    return to_value(
+    return number_of(
         Decimal{{static_cast<std::uint32_t>(magnitude), static_cast<std::uint32_t>(magnitude >> 32), 0},
                 4,
                 negative});
@@ -89,7 +89,7 @@ Value to_value(CY currency) {
 
 std::optional<Value> to_value(const DECIMAL& decimal) {
     if (decimal.scale > most_places) return std::nullopt;
-    return to_value(
+    return number_of(
         Decimal{{static_cast<std::uint32_t>(decimal.Lo32), static_cast<std::uint32_t>(decimal.Mid32),
                  static_cast<std::uint32_t>(decimal.Hi32)},
                 decimal.scale,
