@@ -6,17 +6,22 @@
 /// that of an export of the same selection before.
 namespace {
 
-class Receipt : public testing::TestWithParam<std::string> {};
-
-TEST_P(Receipt, AgreesWithTheArchiveAndWithWhatIsGone) {
-    EXPECT_EQ(
-        prot::test::problems_of_script(
-            "umask 000; PROGRAM sample log.db >/dev/null; cp log.db before.db; PROGRAM export --db log.db " +
-            GetParam() + " --quiet --output before.csv >/dev/null; PROGRAM delete --db log.db " + GetParam() +
+class Receipt : public testing::TestWithParam<std::string> {
+protected:
+    /// way: what stands before the database's name.
+    static std::string problems(const std::string& way) {
+        const std::string selection = " --db '" + way + "log.db' " + GetParam();
+        return prot::test::problems_of_script(
+            "umask 000; PROGRAM sample log.db >/dev/null; cp log.db before.db; PROGRAM export" + selection +
+            " --quiet --output before.csv >/dev/null; PROGRAM delete" + selection +
             " --yes --quiet --archive archive >folder; python3 'SOURCE/tests/golden/check_receipt.py'"
-            " \"$(cat folder)\" before.db log.db; cmp before.csv archive/*/*.csv"),
-        "");
-}
+            " \"$(cat folder)\" before.db log.db; cmp before.csv archive/*/*.csv");
+    }
+};
+
+TEST_P(Receipt, AgreesWithTheArchiveAndWithWhatIsGone) { EXPECT_EQ(problems(""), ""); }
+
+TEST_P(Receipt, AgreesWithThemThroughOdbc) { EXPECT_EQ(problems("odbc:Driver=SQLite3;Database="), ""); }
 
 INSTANTIATE_TEST_SUITE_P(Sections, Receipt,
                          testing::Values("--section 15 --to 2026-12-31 --events changed --params /autostart",

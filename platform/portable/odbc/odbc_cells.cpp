@@ -5,8 +5,10 @@
 #include <cstring>
 #include <optional>
 
+#include "platform/automation/ascii.h"
 #include "platform/automation/date_text.h"
 #include "platform/automation/text_forms.h"
+#include "platform/automation/text_parts.h"
 
 namespace prot {
 
@@ -22,6 +24,8 @@ struct TypeRow {
     std::size_t width;  ///< bytes of a value; 0: as long as the column is
 };
 using enum OdbcColumnKind;
+constexpr std::size_t decimal_width =
+    48 * sizeof(SQLWCHAR);  // 38 digits, sign, point and what else a driver writes
 // clang-format off
 constexpr TypeRow type_rows[] = {
     {SQL_BIT,            boolean, SQL_C_BIT,            sizeof(SQLCHAR)},
@@ -32,8 +36,8 @@ constexpr TypeRow type_rows[] = {
     {SQL_REAL,           single,  SQL_C_FLOAT,          sizeof(SQLREAL)},
     {SQL_FLOAT,          real,    SQL_C_DOUBLE,         sizeof(SQLDOUBLE)},
     {SQL_DOUBLE,         real,    SQL_C_DOUBLE,         sizeof(SQLDOUBLE)},
-    {SQL_DECIMAL,        real,    SQL_C_DOUBLE,         sizeof(SQLDOUBLE)},
-    {SQL_NUMERIC,        real,    SQL_C_DOUBLE,         sizeof(SQLDOUBLE)},
+    {SQL_DECIMAL,        decimal, SQL_C_WCHAR,          decimal_width},
+    {SQL_NUMERIC,        decimal, SQL_C_WCHAR,          decimal_width},
     {SQL_TYPE_TIMESTAMP, date,    SQL_C_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT)},
     {SQL_TYPE_DATE,      date,    SQL_C_TYPE_TIMESTAMP, sizeof(SQL_TIMESTAMP_STRUCT)},
     {SQL_BINARY,         bytes,   SQL_C_BINARY,         0},
@@ -49,18 +53,14 @@ const TypeRow& row_of(SQLSMALLINT type) {
     return found == std::end(type_rows) ? text_row : *found;
 }
 
-constexpr SQLULEN longest_bound = 8000;   // characters or bytes
-constexpr SQLSMALLINT whole_digits = 18;  // of a decimal number that 64 bits hold for certain
-
-bool is_decimal(SQLSMALLINT type) { return type == SQL_DECIMAL || type == SQL_NUMERIC; }
-
+constexpr SQLULEN longest_bound = 8000;  // characters or bytes
 std::size_t bound_width(const TypeRow& row, SQLULEN size) {
     if (row.width != 0) return row.width;
     return row.c_type == SQL_C_WCHAR ? (size + 1) * sizeof(SQLWCHAR) : size;
 }
 
 template <class Number>
-std::optional<Number> whole_number(std::string_view text) {
+std::optional<Number> number_in(std::string_view text) {
     Number number{};
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size() || text.empty()) return std::nullopt;
@@ -89,13 +89,28 @@ std::string text_of(const SQL_TIMESTAMP_STRUCT& time) {
     return iso_text({time.year, time.month, time.day, time.hour, time.minute, time.second});
 }
 
+/// A decimal number as SQL writes it, "-.5000".
+void put_decimal(RowSet& rows, std::size_t number, std::string_view value) {
+    std::string_view text = value;
+    if (text.find('.') != std::string_view::npos) {
+        text = text.substr(0, text.find_last_not_of('0') + 1);
+        if (text.ends_with('.')) text.remove_suffix(1);
+    }
+    if (const auto whole = number_in<std::int64_t>(text)) return rows.set(number, *whole);
+    constexpr std::ptrdiff_t told_by_a_real = 15;
+    const auto digits = std::ranges::count_if(text, is_ascii_digit);
+    const auto real_number = number_in<double>(text);
+    if (real_number && digits <= told_by_a_real) return rows.set(number, *real_number);
+    rows.set(number, std::string_view(replaced(std::string(text), ".", ",")));
+}
+
 /// SQLite's columns hold values of any type, which its driver hands over as texts.
 void put_of_sqlite(RowSet& rows, std::size_t number, OdbcColumnKind kind, std::string_view value) {
     if (kind == integer) {
-        if (const auto whole = whole_number<std::int64_t>(value)) return rows.set(number, *whole);
+        if (const auto whole = number_in<std::int64_t>(value)) return rows.set(number, *whole);
     }
-    if (kind == integer || kind == real || kind == single) {
-        if (const auto any = whole_number<double>(value)) return rows.set(number, *any);
+    if (kind == integer || kind == real || kind == single || kind == decimal) {
+        if (const auto any = number_in<double>(value)) return rows.set(number, *any);
     }
     if (kind == date) {
         if (const auto day = read_iso_date(value)) return rows.set(number, *day);
@@ -125,7 +140,6 @@ std::vector<OdbcColumn> columns_of(OdbcStatement& statement, OdbcDates dates) {
             std::clamp<std::size_t>(static_cast<std::size_t>(name_size), 0, std::size(name) - 1);
         column.name = from_odbc(name, read);
         TypeRow row = row_of(type);
-        if (is_decimal(type) && digits == 0 && size <= whole_digits) row = row_of(SQL_BIGINT);
         const bool stays_text = row.kind == date && dates == OdbcDates::as_stored;
         const bool is_sqlite = statement.connection().server() == OdbcServer::sqlite && row.kind != bytes;
         column.kind = stays_text ? text : row.kind;
@@ -168,6 +182,7 @@ void OdbcCells::put(RowSet& rows, std::size_t number, const OdbcColumn& column, 
             break;
     }
     if (server_ == OdbcServer::sqlite) return put_of_sqlite(rows, number, column.kind, utf8(value, size));
+    if (column.kind == decimal) return put_decimal(rows, number, utf8(value, size));
     rows.set(number, utf8(value, size));
 }
 

@@ -15,7 +15,9 @@ enum class OdbcColumnKind : std::uint8_t {
     integer,
     boolean,  ///< -1 or 0, as the host's arrays have it
     real,
-    single,  ///< a real of 32 bits
+    single,   ///< a real of 32 bits
+    decimal,  ///< as the host's object delivers it: an integer, a real where 15 digits tell all of it, else a
+              ///< text
     date,
     text,
     bytes,
