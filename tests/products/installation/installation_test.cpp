@@ -43,6 +43,7 @@ protected:
 std::vector<std::string> expected_files() {
     std::vector<std::string> names{"bin/protcsv",
                                    "share/doc/protcsv/handbuch.md",
+                                   "share/doc/protcsv/sql-server.md",
                                    "share/doc/protcsv/CHANGELOG.md",
                                    "share/man/de/man1/protcsv.1",
                                    "share/bash-completion/completions/protcsv",
