@@ -8,9 +8,11 @@
 #include "apps/protcsv/displays/progress_bar.h"
 #include "apps/protcsv/options/usage_error.h"
 #include "apps/protcsv/sample/sample_database.h"
+#include "apps/protcsv/sample/sample_script.h"
 #include "platform/automation/error.h"
 #include "platform/portable/files/folder_access.h"
 #include "platform/portable/files/paths.h"
+#include "platform/portable/files/private_folder.h"
 #include "platform/portable/files/temporary_name.h"
 
 namespace prot {
@@ -37,13 +39,36 @@ private:
     std::string path_;
 };
 
+/// A database that is needed for a while, in a folder of its own; both go with it.
+class PassingDatabase {
+public:
+    explicit PassingDatabase(fs::path folder) : folder_(std::move(folder)) {
+        const std::string files[] = {name, std::string(name) + "-journal"};
+        set_unfinished_folder(path_text(folder_), files);
+    }
+    PassingDatabase(const PassingDatabase&) = delete;
+    PassingDatabase& operator=(const PassingDatabase&) = delete;
+    ~PassingDatabase() {
+        std::error_code ignored;
+        fs::remove_all(folder_, ignored);
+        set_unfinished_folder({}, {});
+    }
+
+    std::string path() const { return path_text(folder_ / name); }
+
+private:
+    static constexpr const char* name = "beispiel.db";
+
+    const fs::path folder_;
+};
+
 [[noreturn]] void fail(const std::string& description) {
     throw AutomationError(ErrorNumber::file, description);
 }
 
 /// A sample replaces an empty file and an earlier sample, in which nobody's work is lost; anything else when
 /// asked.
-void require_free_place(const fs::path& path, bool overwrite) {
+void require_free_place(const fs::path& path, bool overwrite, bool is_sample(const std::string& path)) {
     std::error_code ignored;
     const fs::path folder = path.parent_path();
     const fs::file_status kind = folder.empty() ? fs::status(".", ignored) : fs::status(folder, ignored);
@@ -55,7 +80,7 @@ void require_free_place(const fs::path& path, bool overwrite) {
     const fs::file_status status = fs::status(path, ignored);
     if (!fs::exists(status)) return;
     if (!fs::is_regular_file(status)) fail("„" + path_text(path) + "“ ist keine gewöhnliche Datei.");
-    if (!overwrite && fs::file_size(path, ignored) > 0 && !is_sample_database(path_text(path)))
+    if (!overwrite && fs::file_size(path, ignored) > 0 && !is_sample(path_text(path)))
         fail("Die Datei „" + path_text(path) + "“ gibt es schon; --overwrite ersetzt sie.");
 }
 
@@ -120,13 +145,24 @@ int print_sections(const Console& console, SectionTable sections) {
 
 int write_sample(const Options& options, const Console& console) {
     const fs::path place = text_path(options.sample_file);
-    require_free_place(place, options.overwrite);
-    const UnfinishedFile unfinished(path_text(temporary_name(place)));
-    write_with_progress(unfinished.path(), options.sample, console);
-    std::error_code error;
-    fs::rename(text_path(unfinished.path()), place, error);
-    if (error) fail("Die Datei „" + options.sample_file + "“ lässt sich nicht anlegen.");
-    return print(console, options.sample_file + '\n');
+    require_free_place(place, options.overwrite,
+                       options.sample_as_script ? is_sample_script : is_sample_database);
+    const auto finish = [&](const UnfinishedFile& file) {
+        std::error_code error;
+        fs::rename(text_path(file.path()), place, error);
+        if (error) fail("Die Datei „" + options.sample_file + "“ lässt sich nicht anlegen.");
+        return print(console, options.sample_file + '\n');
+    };
+    if (options.sample_as_script) {
+        const PassingDatabase database(make_private_folder(temporary_name(place)));
+        write_with_progress(database.path(), options.sample, console);
+        const UnfinishedFile script(path_text(temporary_name(place)));
+        write_sample_script(database.path(), script.path());
+        return finish(script);
+    }
+    const UnfinishedFile database(path_text(temporary_name(place)));
+    write_with_progress(database.path(), options.sample, console);
+    return finish(database);
 }
 
 }  // namespace prot

@@ -203,6 +203,8 @@ constexpr OptionRow option_rows[] = {
      [](Options& o, const std::string& value, const OptionContext& context) {
          o.sample.section = find_section(value, context.sections).number;
      }},
+    {"--sql", "", sampling, 0, "Ablauf", "schreibt ein T-SQL-Skript, das ein SQL Server laden kann",
+     [](Options& o, const std::string&, const OptionContext&) { o.sample_as_script = true; }},
     {"--overwrite", "", sampling, 0, "Ablauf", "ersetzt auch eine Datei, die keine Beispieldatenbank ist",
      [](Options& o, const std::string&, const OptionContext&) { o.overwrite = true; }},
     {"SHELL", "bash|zsh|fish", completing, completing, "Argumente", "bash, zsh oder fish",

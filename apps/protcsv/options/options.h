@@ -59,6 +59,7 @@ struct Options {
     bool as_is = false;    ///< run: the parameter text is not checked
     std::string sample_file;
     SampleOptions sample;
+    bool sample_as_script = false;  ///< T-SQL instead of an SQLite file
     bool overwrite = false;
     Shell shell = Shell::bash;          ///< completion: for which
     std::vector<std::string> warnings;  ///< about what was taken otherwise than it was written; German lines

@@ -219,6 +219,7 @@ Ablauf:
   --seed ZAHL           gleiche Zahl, gleicher Inhalt (Vorgabe: 1)
   --rows ZAHL           Protokollsätze (Vorgabe: ein kleines Protokoll)
   --section NR|NAME     nur Protokollsätze dieses Bereichs (Vorgabe: aller)
+  --sql                 schreibt ein T-SQL-Skript, das ein SQL Server laden kann
   --overwrite           ersetzt auch eine Datei, die keine Beispieldatenbank ist
 
 Allgemein:

@@ -347,7 +347,7 @@ TEST(Options, EachCommandTakesItsOptionsAndNoOther) {
         {"export", log + file + "--section --user --from --to --events"},
         {"delete", log + "--report --section --user --from --to --events --archive --dry-run --yes --out"},
         {"run", log + file + "--as-is"},
-        {"sample", "--seed --rows --section --overwrite"},
+        {"sample", "--seed --rows --section --sql --overwrite"},
         {"sections", ""},
     };
     for (const auto& row : rows)
