@@ -142,6 +142,7 @@ constexpr Example examples[] = {
     {"protcsv delete --db @/srv/protcsv/loeschen --section 15 --from 2015-03 --to 2015-03 --params /autostart --archive archiv --yes", 0,
      R"sh(aged_rates_are_archived; [ "$(sql "SELECT count(*) FROM tProtokoll WHERE $rates AND ddDatum LIKE '2015-03%'")" = 0 ])sh",
      R"sh(sql "UPDATE tProtokoll SET ddDatum = '2015-03-31 23:59:00' WHERE $rates AND idProtokoll % 3 = 0"; connection_in "$SRV/protcsv/loeschen")sh"},
+    {"protcsv sample beispiel.sql --sql", 0, "grep -q '^CREATE TABLE .tProtokoll. (' beispiel.sql && grep -q '^INSERT INTO .tProtokoll. VALUES' beispiel.sql"},
     {"CREATE LOGIN protcsv WITH PASSWORD = '…';", 0, R"sh(form $'(CREATE|USE|GRANT) [^;]+;(\n(CREATE|USE|GRANT) [^;]+;)*')sh", "", "", ":"},
     {"GRANT SELECT TO protcsv_loeschen;", 0, R"sh(form $'(GRANT (SELECT|DELETE ON tProtokoll|DELETE ON tProtokollMemo) TO protcsv_loeschen;\n?)+')sh", "", "", ":"},
     {"CREATE INDEX iProtokollDatum ON tProtokoll (ddDatum);", 0, R"sh([ "$(sql "SELECT count(*) FROM sqlite_master WHERE type = 'index' AND tbl_name LIKE 'tProtokoll%'")" = 5 ])sh", "", "",
