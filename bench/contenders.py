@@ -18,12 +18,14 @@ DEFAULT_BUSY = "protcsv (busy)"
 ONE_THREAD_BUSY = "protcsv --threads 1 (busy)"
 SCRIPT = "good script"
 UNINDEXED = "protcsv (no date index)"
+ODBC = "protcsv (ODBC)"
 NARROW = "protcsv (narrow)"
 NARROW_BEFORE = "before (narrow)"
 
 # The most log rows that a contender takes part with.
 SCRIPT_ROWS = 100_000
 UNINDEXED_ROWS = 1_000_000
+ODBC_ROWS = 1_000_000
 
 
 @dataclass
@@ -56,6 +58,8 @@ def contenders(section, rows, before):
         yield Contender(SCRIPT, script, lambda task: task.folder / "script.csv")
     if section.is_whole_log() and rows <= UNINDEXED_ROWS:
         yield Contender(UNINDEXED, export_unindexed, exported)
+    if rows <= ODBC_ROWS:
+        yield Contender(ODBC, export_through_odbc, exported)
     if section.narrow:
         yield narrow(NARROW, section)
         if before:
@@ -83,6 +87,10 @@ def exporting(*options, program=None, parameters=None, busy=False):
 
 def export_unindexed(task):
     return export(task, copy_without_date_index(task.database, task.folder), task.program, task.section.parameters)
+
+
+def export_through_odbc(task):
+    return export(task, f"odbc:Driver=SQLite3;Database={task.database}", task.program, task.section.parameters)
 
 
 def export(task, database, program, parameters, options=(), busy=False):
