@@ -43,7 +43,8 @@ private:
 AutomationError connecting_to(int port) {
     return error_of([port] {
         OdbcSource source;
-        source.connection = ConnectionString("Driver=FreeTDS;Server=127.0.0.1;UID=u;PWD=geheim;TDS_Version=7.4");
+        source.connection =
+            ConnectionString("Driver=FreeTDS;Server=127.0.0.1;UID=u;PWD=geheim;TDS_Version=7.4");
         source.connection.add("Port", std::to_string(port));
         source.login_seconds = 1;
         open_odbc_database(std::move(source));
