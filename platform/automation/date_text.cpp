@@ -160,7 +160,8 @@ std::string iso_text(Date date) {
     const double day = std::trunc(date.serial);
     const std::int64_t time = std::llround(std::fabs(date.serial - day) * seconds_per_day * second);
     if (time % second == 0) return iso_text(to_civil(date));
-    const double whole = static_cast<double>(time / second) / seconds_per_day;
+    const std::int64_t seconds = time / second;
+    const double whole = static_cast<double>(seconds) / seconds_per_day;
     std::string text = iso_text(to_civil(Date{day < 0 ? day - whole : day + whole})) + '.';
     append_number(text, {static_cast<int>(time % second), 3});
     return text;
