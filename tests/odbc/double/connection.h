@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -45,6 +46,7 @@ public:
 private:
     /// What a driver is asked beside texts: a line of the journal, which may have a rule.
     void tell(const std::string& event, const std::function<void()>& action);
+    void pass_time();
     void require_no_results() const;
     void begin_transaction();
     bool control(const char* statement) const;
@@ -54,6 +56,7 @@ private:
     std::shared_ptr<Script> script_;
     std::optional<Journal> journal_;
     std::unique_ptr<SqliteConnection> sqlite_;
+    std::chrono::nanoseconds time_left_{0};  // of the delays that the script asks for
     Line line_;
     const void* active_ = nullptr;  // the statement whose results are open
     bool has_autocommit_ = true;

@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <cstring>
 #include <memory>
 
 #include "tests/odbc/double/statement.h"
+#include "tests/odbc/double/transfer.h"
 
 // What a driver manager looks for in a driver: environment, connection and diagnostics. Sources: ODBC, each
 // function's page.
@@ -27,27 +27,6 @@ Handle* handle_of(SQLSMALLINT type, SQLHANDLE handle) {
 }
 
 Connection& connection_of(SQLHDBC handle) { return *static_cast<Connection*>(handle); }
-
-std::string text_of(const SQLWCHAR* units, SQLINTEGER size) {
-    std::size_t count = 0;
-    if (size >= 0)
-        count = static_cast<std::size_t>(size);
-    else
-        while (units[count] != 0) ++count;
-    return from_odbc(units, count);
-}
-
-/// Copies a text, with a zero behind it, into `room` units; its size in units goes to `size`, which may be
-/// null. False: it was shortened.
-bool put_text(std::string_view text, SQLWCHAR* target, SQLSMALLINT room, SQLSMALLINT* size) {
-    const OdbcText units = to_odbc(text);
-    if (size != nullptr) *size = static_cast<SQLSMALLINT>(units.size());
-    if (target == nullptr || room <= 0) return true;
-    const std::size_t taken = std::min(units.size(), static_cast<std::size_t>(room) - 1);
-    std::copy_n(units.data(), taken, target);
-    target[taken] = 0;
-    return taken == units.size();
-}
 
 std::string text_information(const Connection& connection, SQLUSMALLINT type) {
     switch (type) {

@@ -45,7 +45,7 @@ struct Rule {
 ///     own      3                        the rows of the statement itself, three at most
 ///     count    7                        no rows: so many were changed
 ///     fail     40001    1205    …       one record or several, behind the rows that stand above
-///     lost                              the connection, likewise
+///     lost                              the connection, likewise; 08S01, or what `fail` says
 ///     next                              begins the next result of the batch
 ///
 /// The first rule that fits counts. A rule whose text begins with a bracket is for what a driver is asked

@@ -21,8 +21,9 @@ public:
             ++handed_over_;
             return row;
         }
-        if (script_.is_lost) line_.lose();
+        line_.is_lost = line_.is_lost || script_.is_lost;
         if (!script_.failure.empty()) throw Failure(script_.failure);
+        line_.require();
         return std::nullopt;
     }
 

@@ -24,11 +24,6 @@ struct Line {
 
     /// Raises the Failure of a lost connection where it is one.
     void require() const;
-    [[noreturn]] void lose() {
-        is_lost = true;
-        require();
-        std::terminate();
-    }
 };
 
 /// What a rule says, and then what is left of the statement's own batch.

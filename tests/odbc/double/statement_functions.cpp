@@ -1,6 +1,5 @@
-#include <algorithm>
-
 #include "tests/odbc/double/statement.h"
+#include "tests/odbc/double/transfer.h"
 
 // What a driver manager looks for in a driver: statements. Sources: ODBC, each function's page.
 
@@ -15,8 +14,7 @@ Statement& statement_of(SQLHSTMT handle) { return *static_cast<Statement*>(handl
 extern "C" {
 
 SQLRETURN SQL_API SQLExecDirectW(SQLHSTMT handle, SQLWCHAR* text, SQLINTEGER size) {
-    return statement_of(handle).answer(
-        [&] { return statement_of(handle).execute(from_odbc(text, static_cast<std::size_t>(size))); });
+    return statement_of(handle).answer([&] { return statement_of(handle).execute(text_of(text, size)); });
 }
 
 SQLRETURN SQL_API SQLMoreResults(SQLHSTMT handle) {
@@ -54,11 +52,7 @@ SQLRETURN SQL_API SQLDescribeColW(SQLHSTMT handle, SQLUSMALLINT number, SQLWCHAR
                                   SQLSMALLINT* digits, SQLSMALLINT* nullable) {
     return statement_of(handle).answer([&] {
         const Column& column = statement_of(handle).column(number);
-        const OdbcText units = to_odbc(column.name);
-        const std::size_t taken = std::min(units.size(), static_cast<std::size_t>(room) - 1);
-        std::copy_n(units.data(), taken, name);
-        name[taken] = 0;
-        *name_size = static_cast<SQLSMALLINT>(units.size());
+        put_text(column.name, name, room, name_size);
         *type = column.type;
         *size = column.size;
         *digits = column.digits;

@@ -1,5 +1,6 @@
 #include "tests/odbc/double/transfer.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 
@@ -64,5 +65,20 @@ std::string bytes_of(std::string_view text, SQLSMALLINT c_type) {
 }
 
 std::size_t ending_of(SQLSMALLINT c_type) { return c_type == SQL_C_WCHAR ? sizeof(SQLWCHAR) : 0; }
+
+std::string text_of(const SQLWCHAR* units, SQLINTEGER size) {
+    return size == SQL_NTS ? from_odbc(units, std::char_traits<SQLWCHAR>::length(units))
+                           : from_odbc(units, static_cast<std::size_t>(size));
+}
+
+bool put_text(std::string_view text, SQLWCHAR* target, SQLSMALLINT room, SQLSMALLINT* size) {
+    const OdbcText units = to_odbc(text);
+    if (size != nullptr) *size = static_cast<SQLSMALLINT>(units.size());
+    if (target == nullptr || room <= 0) return true;
+    const std::size_t taken = std::min(units.size(), static_cast<std::size_t>(room) - 1);
+    std::copy_n(units.data(), taken, target);
+    target[taken] = 0;
+    return taken == units.size();
+}
 
 }  // namespace prot::odbc_double

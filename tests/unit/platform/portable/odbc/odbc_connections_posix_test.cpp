@@ -22,6 +22,11 @@ TEST_F(OdbcConnectionsOnDouble, BeginWithGivingWayToOthers) {
                     "2: [connect]", "2: SET DEADLOCK_PRIORITY LOW; SET LOCK_TIMEOUT -1", "2: [disconnect]"));
 }
 
+TEST_F(OdbcConnectionsOnDouble, ComeAboutThoughTheServerGreetsWithWarnings) {
+    script("when\t[connect]\nwarn\t01000\t5701\tChanged database context.\t01000\t5703\tChanged language.\n");
+    EXPECT_EQ(connect()->query_value("SELECT name FROM T WHERE id = 1"), Value("Name 1"));
+}
+
 TEST_F(OdbcConnectionsOnDouble, NameTheServerAsItCallsItself) {
     EXPECT_EQ(connect()->server_name(), "doppel\\suite");
 }

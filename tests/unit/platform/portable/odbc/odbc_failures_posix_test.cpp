@@ -143,6 +143,16 @@ TEST_F(OdbcFailures, OfTheConnectionInTheMiddleOfRowsEndTheRun) {
     EXPECT_EQ(error_of([&] { database->query_value(query); }).description(), first.description());
 }
 
+TEST_F(OdbcFailures, OfTheConnectionAreKnownThoughTheirRecordSaysSomethingElse) {
+    const auto database = connect();
+    script("when\tWHERE id = 1\nfail\tHY000\t233\tNo process is on the other end of the pipe.\nlost\n");
+    const AutomationError first = error_of([&] { database->query_value(query); });
+    EXPECT_THAT(first.description(), HasSubstr("HY000, 233"));
+    EXPECT_EQ(error_of([&] { database->require_connection(); }).description(), first.description());
+    EXPECT_EQ(error_of([&] { database->query_value("SELECT id FROM T"); }).description(),
+              first.description());
+}
+
 TEST_F(OdbcFailures, OfALookupsConnectionEndTheRunToo) {
     const auto database = connect();
     const auto stream = database->query_rows("SELECT id FROM T ORDER BY id");
