@@ -7,6 +7,9 @@ constexpr DatabaseImplementation implementations[] = {
     {"Sqlite", start_sqlite, true, true},
     {"SqliteReadingAhead", start_sqlite_that_reads_ahead, true, true},
     {"SqliteThroughOdbc", start_sqlite_through_odbc, true, false},
+#ifndef _WIN32
+    {"SqlServerDouble", start_sql_server_double, false, true},
+#endif
 };
 }  // namespace
 

@@ -58,5 +58,7 @@ std::span<const DatabaseImplementation> database_implementations();
 std::unique_ptr<ContractServer> start_sqlite(const std::filesystem::path& folder);
 std::unique_ptr<ContractServer> start_sqlite_that_reads_ahead(const std::filesystem::path& folder);
 std::unique_ptr<ContractServer> start_sqlite_through_odbc(const std::filesystem::path& folder);
+/// A driver of the tests' own, on Linux only.
+std::unique_ptr<ContractServer> start_sql_server_double(const std::filesystem::path& folder);
 
 }  // namespace prot

@@ -1,5 +1,6 @@
+#include "tests/unit/platform/database_contract/sqlite_server.h"
+
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <cstdio>
 #include <fstream>
@@ -8,7 +9,6 @@
 #include "platform/portable/files/paths.h"
 #include "platform/portable/odbc/odbc_database.h"
 #include "platform/portable/sqlite/sqlite_database.h"
-#include "tests/unit/platform/database_contract/implementations.h"
 
 namespace prot {
 
@@ -39,80 +39,69 @@ struct Literal {
     }
 };
 
-/// A database file in the test's folder.
-class SqliteServer : public ContractServer {
-public:
-    using Connect = std::unique_ptr<Database> (*)(const std::string& path);
-
-    SqliteServer(const std::filesystem::path& folder, Connect how)
-        : path_(path_text(folder / "contract.db")), connect_(how) {
-        EXPECT_EQ(sqlite3_open(path_.c_str(), &handle_), SQLITE_OK);
-        run("PRAGMA synchronous=OFF");
-    }
-    ~SqliteServer() override { sqlite3_close(handle_); }
-    SqliteServer(const SqliteServer&) = delete;
-    SqliteServer& operator=(const SqliteServer&) = delete;
-
-    std::unique_ptr<Database> connect() override { return connect_(path_); }
-
-    bool run(const std::string& statement) override {
-        return sqlite3_exec(handle_, statement.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
-    }
-
-    std::string type_of(ColumnKind kind) override {
-        switch (kind) {
-            case ColumnKind::integer:
-                return "INTEGER";
-            case ColumnKind::real:
-                return "REAL";
-            case ColumnKind::date:
-                return "DATETIME";
-            case ColumnKind::text:
-                break;
-        }
-        return "TEXT COLLATE NOCASE";
-    }
-
-    std::string literal(const Value& value) override { return std::visit(Literal{}, value); }
-
-    // Damages every page but the first, which holds the schema, and counts the file as changed, so that
-    // nobody trusts the pages that he has. Source: SQLite file format, offset 24.
-    void break_connections() override {
-        const auto size = static_cast<std::size_t>(std::filesystem::file_size(text_path(path_)));
-        constexpr std::size_t page = 4096;
-        std::fstream file(text_path(path_), std::ios::in | std::ios::out | std::ios::binary);
-        file.seekp(24).write("\x7F\x7F\x7F\x7F", 4);
-        file.seekp(page) << std::string(size - page, '\xFF');
-    }
-
-private:
-    const std::string path_;
-    const Connect connect_;
-    sqlite3* handle_ = nullptr;
-};
-
 }  // namespace
 
+SqliteServer::SqliteServer(const std::filesystem::path& folder, Connect how)
+    : path_(folder / "contract.db"), connect_(how) {
+    EXPECT_EQ(sqlite3_open(path_text(path_).c_str(), &handle_), SQLITE_OK);
+    run("PRAGMA synchronous=OFF");
+}
+
+SqliteServer::~SqliteServer() { sqlite3_close(handle_); }
+
+bool SqliteServer::run(const std::string& statement) {
+    return sqlite3_exec(handle_, statement.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+std::string SqliteServer::type_of(ColumnKind kind) {
+    switch (kind) {
+        case ColumnKind::integer:
+            return "INTEGER";
+        case ColumnKind::real:
+            return "REAL";
+        case ColumnKind::date:
+            return "DATETIME";
+        case ColumnKind::text:
+            break;
+    }
+    return "TEXT COLLATE NOCASE";
+}
+
+std::string SqliteServer::literal(const Value& value) { return std::visit(Literal{}, value); }
+
+// Damages every page but the first, which holds the schema, and counts the file as changed, so that nobody
+// trusts the pages that he has. Source: SQLite file format, offset 24.
+void SqliteServer::break_connections() {
+    const auto size = static_cast<std::size_t>(std::filesystem::file_size(path_));
+    constexpr std::size_t page = 4096;
+    std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(24).write("\x7F\x7F\x7F\x7F", 4);
+    file.seekp(page) << std::string(size - page, '\xFF');
+}
+
 std::unique_ptr<ContractServer> start_sqlite(const std::filesystem::path& folder) {
-    return std::make_unique<SqliteServer>(folder, [](const std::string& path) -> std::unique_ptr<Database> {
-        return open_sqlite_database(path, SqliteAccess::read_write, SqliteReading::on_demand);
-    });
+    return std::make_unique<SqliteServer>(
+        folder, [](const std::filesystem::path& path) -> std::unique_ptr<Database> {
+            return open_sqlite_database(path_text(path), SqliteAccess::read_write, SqliteReading::on_demand);
+        });
 }
 
 std::unique_ptr<ContractServer> start_sqlite_that_reads_ahead(const std::filesystem::path& folder) {
-    return std::make_unique<SqliteServer>(folder, [](const std::string& path) -> std::unique_ptr<Database> {
-        return open_sqlite_database(path, SqliteAccess::read_write, SqliteReading::ahead);
-    });
+    return std::make_unique<SqliteServer>(
+        folder, [](const std::filesystem::path& path) -> std::unique_ptr<Database> {
+            return open_sqlite_database(path_text(path), SqliteAccess::read_write, SqliteReading::ahead);
+        });
 }
 
 std::unique_ptr<ContractServer> start_sqlite_through_odbc(const std::filesystem::path& folder) {
-    return std::make_unique<SqliteServer>(folder, [](const std::string& path) -> std::unique_ptr<Database> {
-        OdbcSource source;
-        source.connection.add("Driver", "SQLite3");
-        source.connection.add("Database", path);
-        source.access = OdbcAccess::read_write;
-        return open_odbc_database(std::move(source));
-    });
+    return std::make_unique<SqliteServer>(folder,
+                                          [](const std::filesystem::path& path) -> std::unique_ptr<Database> {
+                                              OdbcSource source;
+                                              source.connection.add("Driver", "SQLite3");
+                                              source.connection.add("Database", path_text(path));
+                                              source.access = OdbcAccess::read_write;
+                                              return open_odbc_database(std::move(source));
+                                          });
 }
 
 }  // namespace prot
