@@ -113,7 +113,7 @@ constexpr Example examples[] = {
      R"sh(eval "$(sed -n 's|^ExecStart=/usr/local/bin/||p' ../text)")sh"},
     {"@echo off", 0,
      R"sh(grep -q "$yesterday" "$(file)"; [ ! -s "$SRV/firma/nacht.log" ]; form $'@echo off\n"C:[^\n]+ 2>>D:[^\n]+\nexit /b %errorlevel%')sh",
-     R"sh(change_rate_yesterday; mkdir -p "$SRV/firma"; cp firma.db "$SRV/firma")sh", "",
+     R"sh(change_rate_yesterday; mkdir -p "$SRV/firma"; cp firma.db "$SRV/firma"; connection_in "$SRV/firma/ziel.txt")sh", "",
      R"sh(eval "$(sed -n '2s|^"C:\\Program Files\\protcsv\\protcsv.exe"|protcsv|; 2s|D:\\firma\\|'"$SRV"'/firma/|gp' ../text)")sh"},
     {"schtasks /Create /TN \"Protokollausgabe\" /SC DAILY /ST 02:15 /RU SYSTEM /TR \"D:\\firma\\nacht.cmd\"", 0,
      R"sh(form $'schtasks /Create /TN "[^"]+" /SC DAILY /ST [0-9]{2}:[0-9]{2} /RU SYSTEM /TR "D:.firma.nacht.cmd"')sh", "", "", ":"},
@@ -132,6 +132,13 @@ constexpr Example examples[] = {
     {"protcsv sample beispiel.db", 0, "[ -s beispiel.db ]"},
     {"/autostart/vonkonto:1/biskonto:999999999", 0, R"sh(has 'von Konto: 1 bis Konto: 999999999'; rows_have '^([0-9]+|nicht vorhanden);'; has '^nicht vorhanden;')sh", "", "",
      R"sh(protcsv run --db firma.db --params "$text/sektion:6")sh"},
+
+    {"schtasks /Create /TN \"Protokollausgabe\" /SC DAILY /ST 02:15 /RU FIRMA\\protokoll /RP * /TR \"D:\\firma\\nacht.cmd\"", 0,
+     R"sh(form $'schtasks /Create /TN "[^"]+" /SC DAILY /ST [0-9]{2}:[0-9]{2} /RU FIRMA.protokoll /RP . /TR "D:.firma.nacht.cmd"')sh", "", "", ":"},
+    {"[Service]", 0,
+     R"sh(grep -q "$yesterday" "$(file)"; ! grep -Ev '^\[Service\]$|^[A-Z][A-Za-z]+=.' ../text)sh",
+     R"sh(change_rate_yesterday; mkdir -p "$SRV/firma"; connection_in "$SRV/protcsv/firma")sh", "",
+     R"sh(eval "$(sed -n 's|^ExecStart=/usr/local/bin/||p' ../text)")sh"},
 
     // SQL Server, played by a database of SQLite behind ODBC as far as the run goes
     {"odbc:Driver={ODBC Driver 18 for SQL Server};Server=sql01.firma.example;Database=Suite;Trusted_Connection=Yes", 2,
