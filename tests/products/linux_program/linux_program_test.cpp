@@ -88,6 +88,10 @@ TEST(LinuxProgram, EveryFileOfItHasTheLengthsOfItsBuffersChecked) {
     for (const char* folder : {"apps", "core", "platform", "sections"})
         std::ranges::copy(lines_with(std::string(" -c " PROT_SOURCE_DIR "/") + folder + "/", commands),
                           std::back_inserter(product));
+    // The driver that plays a SQL Server compiles some of them for itself.
+    std::erase_if(product, [](const std::string& command) {
+        return command.find("/protodbcdouble.dir/") != std::string::npos;
+    });
     EXPECT_GT(product.size(), 100u);
     EXPECT_THAT(product, Each(HasSubstr("-D_FORTIFY_SOURCE=3")));
     const std::string symbols = readelf("--dyn-syms", program);
