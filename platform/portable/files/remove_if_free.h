@@ -4,8 +4,7 @@
 
 namespace prot {
 
-/// Removes a file of this user that no running program is writing as a PendingFile; else it stays. Windows:
-/// it always stays.
+/// Removes a file of this user that no running program is writing as a PendingFile; else it stays.
 void remove_if_free(const std::filesystem::path& file);
 
 }  // namespace prot

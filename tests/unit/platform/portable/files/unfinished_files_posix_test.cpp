@@ -13,6 +13,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
+TEST(UnfinishedFilesPosix, AreFilesAndNothingElse) {
+    const TemporaryFolder folder;
+    const fs::path other = folder.path() / temporary_name("ordner");
+    fs::create_directory(other);
+    fs::last_write_time(other, fs::file_time_type::clock::now() - std::chrono::hours(25));
+    remove_unfinished_files(folder.path());
+    EXPECT_TRUE(fs::exists(other));
+}
+
 TEST(UnfinishedFilesPosix, OfOtherUsersAndBehindLinksStay) {
     const TemporaryFolder folder;
     const fs::path target = folder.path() / "wichtig", link = folder.path() / temporary_name("a");
