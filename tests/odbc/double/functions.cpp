@@ -84,7 +84,7 @@ SQLRETURN SQL_API SQLAllocHandle(SQLSMALLINT type, SQLHANDLE parent, SQLHANDLE* 
         else if (type == SQL_HANDLE_STMT)
             *handle = new Statement(connection_of(parent));
         else
-            throw Failure("HYC00", 0, "Optional feature not implemented");
+            throw Failure("HYC00", 0, "This driver has no such handle");
     });
 }
 

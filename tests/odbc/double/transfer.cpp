@@ -9,7 +9,7 @@ namespace prot::odbc_double {
 namespace {
 
 Failure no_value(std::string_view text) {
-    return {"22018", 0, "Invalid character value for cast specification: " + std::string(text)};
+    return {"22018", 0, "Invalid character value: " + std::string(text)};
 }
 
 template <class Value>
@@ -60,7 +60,7 @@ std::string bytes_of(std::string_view text, SQLSMALLINT c_type) {
             return {reinterpret_cast<const char*>(units.data()), units.size() * sizeof(SQLWCHAR)};
         }
         default:
-            throw Failure("HYC00", 0, "Optional feature not implemented");
+            throw Failure("HYC00", 0, "This driver delivers no such type of C");
     }
 }
 
