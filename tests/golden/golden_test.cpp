@@ -35,16 +35,10 @@ namespace {
 
 namespace fs = std::filesystem;
 using prot::test::program_command;
+using prot::test::read;
 using prot::test::with_own_paths;
 
 const fs::path cases_folder = fs::path(PROT_SOURCE_DIR) / "tests" / "golden";
-
-std::string read(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 void write(const fs::path& path, const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
 

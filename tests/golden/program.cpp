@@ -10,18 +10,14 @@
 
 namespace prot::test {
 
-namespace {
-
 namespace fs = std::filesystem;
 
-std::string content_of(const fs::path& path) {
+std::string read(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();
 }
-
-}  // namespace
 
 std::string problems_of_script(std::string script) {
     const fs::path work = fs::temp_directory_path() / ("script-" + std::to_string(getpid()));
@@ -32,7 +28,7 @@ std::string problems_of_script(std::string script) {
     const int status =
         std::system(("bash '" + (work / "script").string() + "' >'" + output + "' 2>&1").c_str());
     const std::string problems =
-        status == 0 ? std::string() : "status " + std::to_string(status) + "\n" + content_of(output);
+        status == 0 ? std::string() : "status " + std::to_string(status) + "\n" + read(output);
     fs::remove_all(work);
     return problems;
 }

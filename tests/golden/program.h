@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 namespace prot::test {
@@ -11,6 +12,9 @@ inline std::string program_command() {
     const char* const command = std::getenv("PROT_PROGRAM_COMMAND");
     return command == nullptr ? PROT_PROGRAM : command;
 }
+
+/// The whole of a file; empty when there is none.
+std::string read(const std::filesystem::path& path);
 
 /// `text` with the paths of the files in `folder`, which the program names, as this system writes them.
 inline std::string with_own_paths(std::string text, const std::string& folder) {

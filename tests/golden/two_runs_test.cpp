@@ -15,12 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string read(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+using prot::test::read;
 
 TEST(TwoRuns, WriteTheSameFileOneAfterTheOtherAndLeaveItWhole) {
     const fs::path work = fs::temp_directory_path() / ("two-runs-" + std::to_string(getpid()));
